@@ -1,0 +1,98 @@
+#include "component/clsCatalogador.h"
+
+#include "form/frmCatalogador.h"
+#include "modules/modErrores.h"
+#include "modules/modIds.h"
+#include "modules/modLenguaje.h"
+#include "modules/modlocal.h"
+#include "runtime/text.h"
+
+namespace catalogador {
+
+namespace {
+constexpr std::int32_t activationErrorMessage = 901;
+constexpr std::int32_t addNewErrorMessage = 902;
+constexpr std::uint8_t resultKnownOrNoCode = 0;
+constexpr std::uint8_t resultAdded = 1;
+constexpr std::uint8_t resultMissingArgument = 9;
+}  // namespace
+
+clsCatalogador::clsCatalogador(Host& host) : host_(host) {
+    if (CargarLenguaje(host, "VEM04", "VEM04", "Catalogador") == 0)
+        throw RuntimeError(error_number::languageMissing, "Falta componente de lenguaje.",
+                           "ObjetoLenguaje");
+}
+
+void clsCatalogador::report(std::int32_t message, const RuntimeError& error) {
+    host_.messages.MostrarError(ObtenerMensaje(message), applicationName_,
+                                errorText(error.number(), error.description()));
+}
+
+bool clsCatalogador::ActivarABM(std::int16_t ABM, std::int32_t IDValor, const std::string& Valor) {
+    if (ABM < 1 || connection_ == nullptr) return false;
+    try {
+        if (!ValidarAccesoForm(host_, *connection_, ABM, company_, appKey_, user_)) return false;
+        showForm(ABM, IDValor, Valor);
+        return true;
+    } catch (const RuntimeError& error) {
+        report(activationErrorMessage, error);
+        return false;
+    }
+}
+
+void clsCatalogador::showForm(std::int16_t view, std::int32_t code, const std::string& text) {
+    frmCatalogador form(host_);
+    form.mrdoCBase = connection_;
+    form.mintEmpresa = company_;
+    form.mstrAppKey = appKey_;
+    form.mintIdioma = language_;
+    form.mlngUsuario = user_;
+    form.mlngIdVista = view;
+    form.mlngIdDato = code;
+    form.mstrValorTexto1 = text;
+    form.showModal();
+    lastModified_ = form.mlngIdUltimo;
+}
+
+std::uint8_t clsCatalogador::AddNew(std::int16_t IDVista, const std::string& NombreVista,
+                                    const std::string& Valor) {
+    if (appKey_.empty() || connection_ == nullptr || IDVista <= 0 || NombreVista.empty() ||
+        Valor.empty())
+        return resultMissingArgument;
+    try {
+        return insertText(IDVista, NombreVista, Valor);
+    } catch (const RuntimeError& error) {
+        report(addNewErrorMessage, error);
+        // The result as it stood when the error came.
+        return resultMissingArgument;
+    }
+}
+
+std::uint8_t clsCatalogador::insertText(std::int16_t view, const std::string& sequence,
+                                        const std::string& text) {
+    const PointerDuring hourglass(host_.surface);
+    const std::string sql =
+        "Select * From genCodigoTexto Where CTeIDTipoVista = " + decimalText(view) +
+        " And  CTeTextoCorto = '" + replaceText(text, "'", "''", Compare::binary) + "'";
+    const auto rows = connection_->OpenResultset(sql);
+    if (!rows->atEnd()) {
+        rows->Close();
+        return resultKnownOrNoCode;
+    }
+    const std::int32_t code = host_.utilities.ProximoCodigo(*connection_, sequence);
+    if (code == -1) {
+        rows->Close();
+        return resultKnownOrNoCode;
+    }
+    rows->AddNew();
+    rows->setValue("CTeIDTipoVista", view);
+    rows->setValue("CTeCodigo", code);
+    rows->setValue("CTeTextoCorto", text);
+    rows->setValue("Modificado", host_.utilities.FechaServidor(*connection_));
+    rows->Update();
+    rows->Close();
+    lastModified_ = code;
+    return resultAdded;
+}
+
+}  // namespace catalogador

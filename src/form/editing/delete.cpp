@@ -1,0 +1,62 @@
+#include "form/frmCatalogador.h"
+#include "modules/modEliminar.h"
+#include "modules/modIds.h"
+#include "modules/modLenguaje.h"
+#include "runtime/text.h"
+
+namespace catalogador {
+
+namespace {
+constexpr std::int32_t confirmDeleteMessage = 102;
+constexpr std::int32_t recordGoneMessage = 113;
+}  // namespace
+
+void frmCatalogador::AccionEliminar() {
+    trap("AccionEliminar", [&] {
+        const int row = grdGrilla.row();
+        if (!hasDataRows() || row < RecordGrid::fixedRows) return;
+        showRowToDelete(row);
+        if (host_.messages.MostrarMensaje(ObtenerMensaje(confirmDeleteMessage),
+                                          styleQuestionDefaultNo, mstrAppName) != answerYes)
+            return;
+        mlngIdDato = codeOfRow(row);
+        if (mlngIdDato <= 0 || !PermitirEliminar(host_, gstrNombreVista, mlngIdDato, *mrdoCBase,
+                                                 mstrAppName, mlngUsuario))
+            return;
+        deleteRecord();
+    });
+}
+
+void frmCatalogador::showRowToDelete(int row) {
+    // Nobody should delete what the filter keeps out of sight.
+    if (!grdGrilla.rowHidden(row)) return;
+    grdGrilla.setRowHidden(row, false);
+    if (!grdGrilla.rowIsShown(row)) grdGrilla.setTopRow(row);
+}
+
+void frmCatalogador::deleteRecord() {
+    const PointerDuring hourglass(surface());
+    mstrSQL = "Select * From genCodigoTexto  Where CTeIDTipoVista = " + decimalText(mlngIdVista) +
+              " And  CTeCodigo =" + decimalText(mlngIdDato);
+    openRecords();
+    if (mrdoRegistro->atEnd()) {
+        mrdoRegistro->Close();
+        return;
+    }
+    // Reading the stamp fails on a row that vanished in between, which is then reported.
+    static_cast<void>(stampOfRecord());
+    if (!mrdoRegistro->atEnd()) {
+        mrdoRegistro->Delete();
+        mrdoRegistro->Close();
+        mlngIdUltimo = mlngIdDato;
+    } else {
+        mrdoRegistro->Close();
+        surface().pointerChanged(pointerDefault);
+        showNotice(recordGoneMessage);
+    }
+    mlngIdDato = 0;
+    CargarGrilla();
+    grdGrilla.refresh();
+}
+
+}  // namespace catalogador

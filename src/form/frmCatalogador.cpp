@@ -1,0 +1,128 @@
+#include "form/frmCatalogador.h"
+
+#include "modules/modIds.h"
+#include "runtime/convert.h"
+#include "runtime/text.h"
+
+namespace catalogador {
+
+namespace {
+
+constexpr Rect designPlace{0, 0, 6500, 6000};
+constexpr Rect designPanel{0, 0, 6400, 5000};
+constexpr int labelLeft = 120;
+constexpr int labelHeight = 255;
+constexpr int fieldLeft = 1200;
+constexpr int fieldHeight = 315;
+constexpr int firstFieldTop = 95;
+constexpr int designStep = 390;
+/// A label stands lower than its field so that both texts are on one line.
+constexpr int labelDrop = 25;
+constexpr int textWidth = 4000;
+constexpr int valueWidth = 1800;
+constexpr int comboWidth = 4000;
+
+}  // namespace
+
+frmCatalogador::frmCatalogador(Host& host)
+    : Window(host.surface),
+      host_(host),
+      textFields_{{{"TextoCorto", lblTexto1, txtTexto1, "CTeTextoCorto", 0},
+                   {"TextoLargo", lblTexto2, txtTexto2, "CTeTextoLargo", 1}}},
+      valueFields_{{{"Valor1", lblValor1, txtValor1, cmbValor1, chkValor1, "CTeValor1", 2},
+                    {"Valor2", lblValor2, txtValor2, cmbValor2, chkValor2, "CTeValor2", 3},
+                    {"Valor3", lblValor3, txtValor3, cmbValor3, chkValor3, "CTeValor3", 4}}} {
+    add(picBackColor);
+    for (TextField& field : textFields_) {
+        add(field.label);
+        add(field.text);
+    }
+    for (ValueField& field : valueFields_) {
+        add(field.label);
+        add(field.text);
+        add(field.combo);
+        add(field.check);
+    }
+    add(lblValorSiNo);
+    add(chkValorSiNo);
+    add(grdGrilla);
+    placeDesign();
+    wireEvents();
+}
+
+void frmCatalogador::placeDesign() {
+    setCaption("Mantenimiento Genérico");
+    move(designPlace);
+    picBackColor.move(designPanel);
+    picBackColor.setTabStop(false);
+    int top = firstFieldTop;
+    const auto placeLabel = [&](Label& label) {
+        label.move({labelLeft, top + labelDrop, label.width(), labelHeight});
+        label.setVisible(false);
+    };
+    for (TextField& field : textFields_) {
+        placeLabel(field.label);
+        field.text.move({fieldLeft, top, textWidth, fieldHeight});
+        field.text.setVisible(false);
+        top += designStep;
+    }
+    for (ValueField& field : valueFields_) {
+        placeLabel(field.label);
+        field.text.move({fieldLeft, top, valueWidth, fieldHeight});
+        field.combo.move({fieldLeft, top, comboWidth, fieldHeight});
+        field.check.move({labelLeft, top, comboWidth, fieldHeight});
+        for (Control* control :
+             {static_cast<Control*>(&field.text), static_cast<Control*>(&field.combo),
+              static_cast<Control*>(&field.check)})
+            control->setVisible(false);
+        top += designStep;
+    }
+    placeLabel(lblValorSiNo);
+    chkValorSiNo.move({labelLeft, top, comboWidth, fieldHeight});
+    chkValorSiNo.setVisible(false);
+    grdGrilla.move({60, top + designStep, 6000, 3000});
+}
+
+void frmCatalogador::wireEvents() {
+    onResize = [this] { Form_Resize(); };
+    onQueryUnload = [this] { Form_QueryUnload(); };
+    onUnload = [this] { Form_Unload(); };
+    commandBars.onExecute = [this](int id) { cmdBars_Execute(id); };
+    commandBars.onResize = [this] { cmdBars_Resize(); };
+    onEscape = [this] { leaveInput(); };
+    wireGrid();
+    wireFields();
+}
+
+void frmCatalogador::showModal() {
+    if (host_.listener != nullptr) host_.listener->formOpening(*this);
+    surface().open(*this);
+    setOpen(true);
+    Form_Load();
+    if (focus() == nullptr) moveFocus(true);
+    surface().showModal(*this);
+    requestClose();
+    setOpen(false);
+    surface().close(*this);
+    if (host_.listener != nullptr) host_.listener->formClosed(*this);
+}
+
+int frmCatalogador::kindOf(const std::string& tag) {
+    return static_cast<int>(leadingNumber(tag));
+}
+
+std::string frmCatalogador::textOrEmpty(const char* column) const {
+    return toTextOrEmpty(mrdoRegistro->value(column), host_.regional);
+}
+
+std::int32_t frmCatalogador::codeOfRow(int row) const {
+    return toLong(Variant(grdGrilla.code(row)), host_.regional);
+}
+
+void frmCatalogador::openRecords() {
+    if (mrdoCBase == nullptr)
+        throw RuntimeError(error_number::objectNotSet, "Object variable not set");
+    mrdoRegistro = mrdoCBase->OpenResultset(mstrSQL, openDynamic, lockOptimisticByValues);
+}
+
+}  // namespace catalogador

@@ -1,0 +1,277 @@
+#pragma once
+#include <array>
+#include <cstdint>
+#include <memory>
+#include <string>
+#include <vector>
+
+#include "modules/modErrores.h"
+#include "platform/controls/fields.h"
+#include "platform/controls/record_grid.h"
+#include "platform/controls/window.h"
+#include "platform/host.h"
+#include "platform/rdo.h"
+
+namespace catalogador {
+
+/// The one maintenance screen. The public class fills the members below, then load() runs the
+/// start-up sequence and the surface shows the form until it is closed.
+class frmCatalogador : public Window {
+  public:
+    explicit frmCatalogador(Host& host);
+
+    rdoConnection* mrdoCBase = nullptr;
+    std::int16_t mintEmpresa = 0;
+    std::string mstrAppKey;
+    std::int16_t mintIdioma = 0;
+    /// Title of every message box: the view's title.
+    std::string mstrAppName;
+    std::int32_t mlngUsuario = -1;
+    std::int16_t mlngIdVista = 0;
+    /// Text that a new record starts with when the form opens on code -1.
+    std::string mstrValorTexto1;
+    std::string gstrNombreVista;
+    /// Record being edited: 0 for none or a new one. At start: >= 1 opens that record, -1 starts a
+    /// new one.
+    std::int32_t mlngIdDato = 0;
+    /// Code of the last record saved or deleted.
+    std::int32_t mlngIdUltimo = 0;
+
+    Panel picBackColor{"picBackColor"};
+    Label lblTexto1{"lblTexto1"}, lblTexto2{"lblTexto2"};
+    Label lblValor1{"lblValor1"}, lblValor2{"lblValor2"}, lblValor3{"lblValor3"};
+    /// Companion of chkValorSiNo, which carries its own caption; never shown.
+    Label lblValorSiNo{"lblValorSiNo"};
+    TextBox txtTexto1{"txtTexto1"}, txtTexto2{"txtTexto2"};
+    TextBox txtValor1{"txtValor1"}, txtValor2{"txtValor2"}, txtValor3{"txtValor3"};
+    ComboBox cmbValor1{"cmbValor1"}, cmbValor2{"cmbValor2"}, cmbValor3{"cmbValor3"};
+    CheckBox chkValor1{"chkValor1"}, chkValor2{"chkValor2"}, chkValor3{"chkValor3"};
+    CheckBox chkValorSiNo{"chkValorSiNo"};
+    RecordGrid grdGrilla{"grdGrilla"};
+
+    /// A text field (TextoCorto, TextoLargo) and its place in the rule flags.
+    struct TextField {
+        const char* key;
+        Label& label;
+        TextBox& text;
+        const char* column;
+        std::size_t index;
+    };
+    /// A value field and the three controls it can be shown as.
+    struct ValueField {
+        const char* key;
+        Label& label;
+        TextBox& text;
+        ComboBox& combo;
+        CheckBox& check;
+        const char* column;
+        std::size_t index;
+    };
+    [[nodiscard]] std::array<TextField, 2>& textFields() { return textFields_; }
+    [[nodiscard]] std::array<ValueField, 3>& valueFields() { return valueFields_; }
+
+    /// "0" browse, "1" new record, "2" modify.
+    [[nodiscard]] const std::string& modo() const { return mstrModo; }
+    [[nodiscard]] const std::string& decimalSeparator() const { return mstrSeparadorDecimal; }
+    [[nodiscard]] const std::string& thousandsSeparator() const { return mstrSeparadorMiles; }
+    [[nodiscard]] bool filterInputOpen() const { return mblnFiltroAbierto; }
+
+    /// Loads the form, shows it and returns when the user has closed it.
+    void showModal();
+    /// Start-up, in the order in which every step relies on the one before.
+    void Form_Load();
+    void Form_QueryUnload();
+    void Form_Unload();
+    void Form_Resize();
+    void InicializarForm();
+    void InicializarControles();
+    void MostrarControles();
+    void UbicoControles();
+    void picBackColor_Resize();
+    /// Fills a combo from a statement (code, text) and selects the entry whose text is `valor`.
+    /// `sql` receives the statement with the company in place.
+    void CargoComboXSQL(std::string& sql, ComboBox& combo, const std::string& valor);
+    /// Adds the entries of a list "code,text;code,text".
+    void CargoComboXArray(const std::string& lista, ComboBox& combo);
+
+    /// Sets the grid up from the view's row, the current row of the form's resultset.
+    void InicializarGrilla();
+    /// Widens the form to its visible columns: their sum + 500 twips, 5700 at least.
+    void AjustarAnchoForm();
+    void CargarGrilla();
+    std::string BuscarTextoLista(std::int16_t lista, std::int32_t clave);
+    void FiltrarGrilla(std::string& texto);
+    void SimularFiltrar();
+    void PosicionarseGrilla();
+    void GuardarAnchoColumnas();
+    void grdGrilla_KeyDown(int& keyCode);
+    void grdGrilla_MouseUp(MouseButton button, int row, int column);
+    void grdGrilla_Sort(int column, int order);
+    void grdGrilla_AfterUserResize();
+
+    /// True puts the screen into browse state, false into edit state.
+    void SetButtonState(bool browse);
+    void AccionNuevo();
+    void AccionModificar();
+    void AccionCancelar();
+    bool CargoDatos(std::int32_t codigo);
+    void LimpiarControles();
+
+    bool ValidoCamposObligatorios();
+    bool ValidarDatosNumericos();
+    bool ValidarSQLDuplicados(const std::string& sql, std::int32_t codigo);
+    bool VerificarValDuplicados();
+    bool ValorDuplicado(const std::string& campo, const std::string& valor, bool numerico);
+    bool ValidarClasificacion(std::int32_t codigo, const std::string& nombre);
+    void LimpiarCaption(std::string& caption) const;
+
+    void AccionGrabar();
+    bool GrabarDatos();
+    void GrabarLista(std::int32_t& clave, std::int16_t& lista, const std::string& texto);
+    void GrabarListaGrilla();
+    std::string TextoError() const;
+    bool ChequearUltFechaModificado();
+    void AccionEliminar();
+
+    void CrearAcciones();
+    void CrearRibbon();
+    void CrearContextMenues();
+    void CrearAceleradores();
+    void AdjuntarIconos();
+    void OpcionesRibbon();
+    void cmdBars_Execute(int id);
+    void cmdBars_Resize();
+    void AccionFiltrar();
+    /// Moves the focus to the first field in use after field `desde` (1 to 6), or saves.
+    void SiguienteCampo(int desde);
+    /// Opens view `accion` on the record `dato`; what was saved there becomes the combo's entry.
+    void AccionF2(std::int16_t accion, ComboBox* combo, std::int32_t dato);
+    void MostrarAyuda();
+    void AccionExportarDatosGrilla();
+    void AccionImprimirDatosGrilla();
+
+  private:
+    void placeDesign();
+    void wireEvents();
+    void wireGrid();
+    void wireFields();
+    void wireText(TextBox& box);
+    void wireTextField(TextField& field, int number);
+    void wireValueField(ValueField& field);
+    void exchangeSeparator(char32_t& character) const;
+    /// Enter in a numeric box: what is not a number is erased, then the focus moves on.
+    void numericStep(ValueField& field, int number);
+    void runF2(const std::string& action, ComboBox* combo);
+    void showContextMenu();
+    /// Escape: closes the filter box, or cancels the edit.
+    void leaveInput();
+    void readViewRow();
+    void centreOnScreen();
+    void openAtStart();
+
+    void configureField(int& widest);
+    void configureTextField(TextField& field, int& widest);
+    void configureValueField(ValueField& field, int& widest);
+    void configureKind(ValueField& field);
+    void fillCombo(ComboBox& combo, const std::string& source);
+    void configureYesNo();
+    void readFlags(std::size_t index);
+    [[nodiscard]] int maxLengthOfField() const;
+    void readF2Action(std::string& tag);
+    void showTextField(TextField& field, int column);
+    void showValueField(ValueField& field, int column);
+    void placeCheck(CheckBox& check, const std::string& caption);
+
+    void hideColumnsOfOtherKeys();
+    void setGridWidths();
+    void setGridAlignments(const std::string& alignments);
+    void setGridAppearance();
+    std::string listingStatement();
+    void appendRows();
+    void appendRow();
+    void setGridCell(int row, int column, const Variant& value);
+    void setGridCheck(int row, int column, const Variant& value);
+    void sortAsLoaded();
+    void sortAsRemembered();
+
+    void enableValueField(ValueField& field, bool editing, Color color);
+    void loadFields(std::int32_t codigo);
+    void loadValueField(ValueField& field);
+    void loadYesNo(std::int32_t codigo);
+    [[nodiscard]] Date stampOfRecord() const;
+
+    [[nodiscard]] bool required(std::size_t index) const { return mbytReglasCampo[2 * index] == 1; }
+    [[nodiscard]] bool unique(std::size_t index) const {
+        return mbytReglasCampo[2 * index + 1] == 1;
+    }
+    Control* missingRequiredField();
+    bool duplicateReported(const std::string& campo, const std::string& valor, bool numerico,
+                           const Label& label, Control& control);
+    bool duplicateValueReported(ValueField& field);
+    void replaceValueToken(std::string& sql, ValueField& field);
+    std::string withFieldValues(std::string sql, std::int32_t codigo);
+    [[nodiscard]] std::string numberForDatabase(const std::string& typed) const;
+
+    bool savable();
+    bool drawNewCode();
+    bool startRow();
+    bool startNewRow();
+    bool recordUnchanged();
+    void writeColumns();
+    void writeValueField(ValueField& field);
+    void writeUserLists();
+    std::string gridCodes() const;
+    std::string uncheckedCodes() const;
+    void showNotice(std::int32_t message);
+    void showRowToDelete(int row);
+    void deleteRecord();
+
+    [[nodiscard]] bool hasDataRows() const { return grdGrilla.rows() > RecordGrid::fixedRows; }
+    [[nodiscard]] bool browsing() const { return mstrModo == "0"; }
+    /// The kind kept in a tag, 0 when the field is not in use.
+    [[nodiscard]] static int kindOf(const std::string& tag);
+    /// The text of a column of the form's resultset; Null gives the empty text.
+    [[nodiscard]] std::string textOrEmpty(const char* column) const;
+    [[nodiscard]] std::int32_t codeOfRow(int row) const;
+    /// Opens mstrSQL as the form's resultset.
+    void openRecords();
+
+    template <class Result, class Body>
+    Result trap(const char* procedure, Result failure, Body&& body) {
+        return trapped(host_, procedure, mstrAppName, failure, std::forward<Body>(body));
+    }
+    template <class Body>
+    void trap(const char* procedure, Body&& body) {
+        trapped(host_, procedure, mstrAppName, std::forward<Body>(body));
+    }
+
+    Host& host_;
+    std::array<TextField, 2> textFields_;
+    std::array<ValueField, 3> valueFields_;
+
+    std::string mstrSeparadorDecimal = ".";
+    std::string mstrSeparadorMiles = ",";
+    /// Statement and rows of the procedure at work; procedures reuse them one after another.
+    std::string mstrSQL;
+    std::unique_ptr<rdoResultset> mrdoRegistro;
+    std::string mstrSQLDuplicados;
+    std::int16_t mintIdAyuda = 0;
+    bool mblnAnchoCambiado = false;
+    std::string mstrModo = "0";
+
+    /// Required flag (2k) and duplicate flag (2k + 1) of field k.
+    std::array<std::uint8_t, 12> mbytReglasCampo{};
+    bool mblnSiNoDatosCombo = false;
+
+    std::string mstrAnchoColumnas;
+    bool mblnPorEmpresa = false;
+    std::string mstrListaNoMarcados;
+    std::int16_t mintColOrden = 0;
+    std::int16_t mintOrden = 0;
+    bool mblnSinFiltro = true;
+    bool mblnFiltroAbierto = false;
+
+    Date mdatModificado{1900, 1, 1};
+};
+
+}  // namespace catalogador

@@ -1,0 +1,86 @@
+#include "modules/modLenguaje.h"
+
+#include "modules/modErrores.h"
+#include "runtime/convert.h"
+#include "runtime/text.h"
+
+namespace catalogador {
+
+std::unique_ptr<clsResources> gobjLenguaje;
+std::uint8_t gbytCargasLenguaje = 0;
+
+namespace {
+
+/// Message n is stored under resource id n + 1000.
+constexpr std::int32_t resourceOffset = 1000;
+std::string gstrLibreria;
+
+std::uint8_t primaryLanguage(Host& host, const std::string& key) {
+    std::uint8_t number = 0;
+    ignoringErrors([&] {
+        const Variant setting = host.utilities.LeerConfiguracion(key, "Idioma");
+        number = toByte(leadingNumber(toTextOrEmpty(setting, host.regional)), host.regional);
+    });
+    return number;
+}
+
+std::uint8_t secondaryLanguage(Host& host, const std::string& key) {
+    std::uint8_t number = 0;
+    ignoringErrors(
+        [&] { number = toByte(host.utilities.LeerConfiguracion(key, "Idioma2"), host.regional); });
+    return number;
+}
+
+void reportMissingLibrary(Host& host, const std::string& library, const RuntimeError& error) {
+    host.messages.MostrarError("Falta el componente de idioma: " + library + ".dll\r\n" +
+                                   "Se finalizará la ejecución de la aplicación.",
+                               host.title, errorText(error.number(), error.description()),
+                               "Configuración de Idioma");
+}
+
+}  // namespace
+
+std::string languageLibraryName(const std::string& product, std::uint8_t language) {
+    const char* prefix = upperCase(product) == "VEM04" ? "LNG_QTX_" : "LNG_QPL_";
+    return prefix + zeroPadded(language, 3);
+}
+
+const std::string& currentLanguageLibrary() {
+    return gstrLibreria;
+}
+
+std::uint8_t CargarLenguaje(Host& host, const std::string& claveConfiguracion,
+                            const std::string& claveProducto, const std::string& nombreAplicacion) {
+    std::uint8_t language = primaryLanguage(host, claveConfiguracion);
+    const std::uint8_t secondary = secondaryLanguage(host, claveConfiguracion);
+    if (language == 0) language = 1;
+    ignoringErrors([&] { host.messages.Idioma(language); });
+    currentError().clear();
+
+    gobjLenguaje.reset();
+    gstrLibreria = languageLibraryName(claveProducto, language);
+    try {
+        gobjLenguaje = host.languages.create(gstrLibreria + ".clsResources");
+    } catch (const RuntimeError& error) {
+        reportMissingLibrary(host, gstrLibreria, error);
+        currentError().clear();
+        return 0;
+    }
+    ignoringErrors([&] { gobjLenguaje->IDAppName(nombreAplicacion); });
+    ignoringErrors([&] { gobjLenguaje->IDSLng(secondary); });
+    // The counter is a byte that never wraps: its overflow is one more ignored error.
+    if (gbytCargasLenguaje < UINT8_MAX) ++gbytCargasLenguaje;
+    return 1;
+}
+
+std::string ObtenerMensaje(std::int32_t numero) {
+    try {
+        if (gobjLenguaje != nullptr && numero <= INT32_MAX - resourceOffset)
+            return gobjLenguaje->resLoad(numero + resourceOffset);
+    } catch (const RuntimeError&) {
+        // The stand-in text below tells the user which message is missing.
+    }
+    return "RNF " + decimalText(numero);
+}
+
+}  // namespace catalogador

@@ -1,0 +1,100 @@
+#include "platform/controls/command_bars.h"
+
+#include <algorithm>
+
+#include "platform/controls/keys.h"
+#include "platform/controls/window.h"
+#include "runtime/error.h"
+
+namespace catalogador {
+
+void CommandBars::addAction(int id, std::string caption, std::string tooltip,
+                            std::string description, std::string category) {
+    Action action;
+    action.id = action.icon = id;
+    action.caption = std::move(caption);
+    action.tooltip = std::move(tooltip);
+    action.description = std::move(description);
+    action.category = std::move(category);
+    actions_.push_back(std::move(action));
+    changed();
+}
+
+const Action* CommandBars::find(int id) const {
+    const auto found = std::find_if(actions_.begin(), actions_.end(),
+                                    [&](const Action& action) { return action.id == id; });
+    return found == actions_.end() ? nullptr : &*found;
+}
+
+Action& CommandBars::require(int id) {
+    for (Action& action : actions_)
+        if (action.id == id) return action;
+    throw RuntimeError(error_number::invalidProcedureCall, "Invalid procedure call or argument");
+}
+
+void CommandBars::setEnabled(int id, bool enabled) {
+    Action& action = require(id);
+    if (action.enabled == enabled) return;
+    action.enabled = enabled;
+    if (id == filterBoxAction) filterBox.setEnabled(enabled);
+    changed();
+}
+
+void CommandBars::setChecked(int id, bool checked) {
+    require(id).checked = checked;
+    changed();
+}
+
+void CommandBars::setIcon(int id, int icon) {
+    require(id).icon = icon;
+    changed();
+}
+
+void CommandBars::setCaption(int id, std::string caption) {
+    require(id).caption = std::move(caption);
+    changed();
+}
+
+bool CommandBars::execute(int id) {
+    const Action* action = find(id);
+    if (action == nullptr || !action->enabled) return false;
+    if (onExecute) onExecute(id);
+    return true;
+}
+
+const Menu* CommandBars::contextMenu(int id) const {
+    const auto found = std::find_if(contextMenus.begin(), contextMenus.end(),
+                                    [&](const Menu& menu) { return menu.id == id; });
+    return found == contextMenus.end() ? nullptr : &*found;
+}
+
+int CommandBars::boundAction(int keyCode, int modifiers) const {
+    const int pressed = (modifiers & modifier::control) != 0 ? bindingControl : 0;
+    if ((modifiers & (modifier::alt | modifier::shift)) != 0) return 0;
+    for (const KeyBinding& binding : bindings)
+        if (binding.modifiers == pressed && binding.keyCode == keyCode) return binding.actionId;
+    return 0;
+}
+
+Color CommandBars::paintColor(int entry) const {
+    switch (entry) {
+        case 36:
+            return {0x00EFE7E1};
+        case 45:
+            return {0x00502D1E};
+        default:
+            throw RuntimeError(error_number::invalidProcedureCall,
+                               "The theme has no such colour entry");
+    }
+}
+
+void CommandBars::recalcLayout() {
+    changed();
+    if (onResize) onResize();
+}
+
+void CommandBars::changed() {
+    if (window_ != nullptr) window_->commandBarsChanged();
+}
+
+}  // namespace catalogador

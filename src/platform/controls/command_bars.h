@@ -1,0 +1,112 @@
+#pragma once
+#include <functional>
+#include <string>
+#include <vector>
+
+#include "platform/controls/fields.h"
+
+namespace catalogador {
+
+/// A command of the screen, shared by every place that shows it.
+struct Action {
+    int id = 0;
+    std::string caption;
+    std::string tooltip;
+    std::string description;
+    std::string category;
+    bool enabled = true;
+    bool checked = false;
+    /// Number of the picture; the action's own id unless set otherwise.
+    int icon = 0;
+};
+
+/// A place that shows an action: a menu entry or a toolbar button.
+struct ActionPlace {
+    int actionId = 0;
+    /// A separator stands before it.
+    bool beginGroup = false;
+    /// Icon and caption instead of the icon alone (toolbar only).
+    bool showCaption = false;
+};
+
+/// A popup menu; `actionId` is the action whose caption is its title (0: none).
+struct Menu {
+    int id = 0;
+    std::string title;
+    int actionId = 0;
+    std::vector<ActionPlace> items;
+};
+
+struct KeyBinding {
+    /// 0 or bindingControl.
+    int modifiers = 0;
+    int keyCode = 0;
+    int actionId = 0;
+};
+
+/// The actions of a window and all places that show them: the menus, the "Standar" toolbar with
+/// its edit box, the quick-access buttons, context menus and key bindings.
+class CommandBars {
+  public:
+    static constexpr int filterBoxAction = 11;
+
+    /// Adds an enabled action with the icon of its id.
+    void addAction(int id, std::string caption, std::string tooltip, std::string description,
+                   std::string category);
+    [[nodiscard]] const std::vector<Action>& actions() const { return actions_; }
+    /// nullptr when there is no such action.
+    [[nodiscard]] const Action* find(int id) const;
+    /// These raise invalidProcedureCall for an action that does not exist.
+    void setEnabled(int id, bool enabled);
+    void setChecked(int id, bool checked);
+    void setIcon(int id, int icon);
+    void setCaption(int id, std::string caption);
+
+    /// Runs an action as a click would: false when it is disabled or does not exist.
+    bool execute(int id);
+    std::function<void(int id)> onExecute;
+    /// The free client area changed.
+    std::function<void()> onResize;
+
+    /// The menus of the menu bar, from left to right.
+    std::vector<Menu> menus;
+    std::string toolbarName;
+    std::vector<ActionPlace> toolbar;
+    /// Buttons beside the toolbar (export and print).
+    std::vector<ActionPlace> quickAccess;
+    std::vector<Menu> contextMenus;
+    std::vector<KeyBinding> bindings;
+    /// Captions of the bar itself.
+    std::string title;
+    std::string groupCaption;
+    /// Picture of the application button, 0 none.
+    int systemIcon = 0;
+    /// File of the theme that the bars were asked to use.
+    std::string themeFile;
+
+    /// nullptr when there is no such menu.
+    [[nodiscard]] const Menu* contextMenu(int id) const;
+    /// The action bound to a key, 0 when none is. Letters are compared as capitals.
+    [[nodiscard]] int boundAction(int keyCode, int modifiers) const;
+
+    /// The edit box of the toolbar; a control of the window by the name "filter".
+    TextBox filterBox{"filter"};
+    /// Width of the edit box in pixels at 96 dpi.
+    int filterBoxWidth = 92;
+
+    /// Entries of the theme's colour table: 36 background and 45 text of fixed grid cells.
+    [[nodiscard]] Color paintColor(int entry) const;
+
+    /// Has the surface lay the bars out anew; onResize follows.
+    void recalcLayout();
+
+  private:
+    friend class Window;
+    Action& require(int id);
+    void changed();
+
+    std::vector<Action> actions_;
+    Window* window_ = nullptr;
+};
+
+}  // namespace catalogador

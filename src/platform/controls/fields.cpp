@@ -1,0 +1,226 @@
+#include "platform/controls/fields.h"
+
+#include <algorithm>
+
+#include "platform/controls/keys.h"
+#include "platform/controls/window.h"
+#include "runtime/error.h"
+#include "runtime/text.h"
+#include "runtime/utf8.h"
+
+namespace catalogador {
+
+namespace {
+
+/// The caption as it is drawn: a single "&" marks the next letter, two of them are one.
+std::string drawnCaption(const std::string& caption) {
+    std::string drawn;
+    for (std::size_t i = 0; i < caption.size(); ++i) {
+        if (caption[i] == '&' && i + 1 < caption.size()) ++i;
+        drawn += caption[i];
+    }
+    return drawn;
+}
+
+std::string utf8(char32_t character) {
+    std::string text;
+    appendCharacter(text, character);
+    return text;
+}
+
+}  // namespace
+
+void Label::setCaption(std::string caption) {
+    caption_ = std::move(caption);
+    if (window() != nullptr) setWidth(window()->surface().textWidth(drawnCaption(caption_)));
+    changed();
+}
+
+int Panel::textWidth(std::string_view text) const {
+    if (window() == nullptr) throw RuntimeError(error_number::objectNotSet, "Panel has no window");
+    return window()->surface().textWidth(text);
+}
+
+void TextBox::setText(std::string text) {
+    text_ = std::move(text);
+    selStart_ = selLength_ = 0;
+    changed();
+}
+
+void TextBox::setMaxLength(int maxLength) {
+    maxLength_ = std::max(0, maxLength);
+    changed();
+}
+
+void TextBox::select(std::size_t start, std::size_t length) {
+    const std::size_t size = lengthInCharacters(text_);
+    selStart_ = std::min(start, size);
+    selLength_ = std::min(length, size - selStart_);
+    caretAtStart_ = false;
+    changed();
+}
+
+void TextBox::userEdited(std::string text, std::size_t selStart, std::size_t selLength) {
+    text_ = std::move(text);
+    const std::size_t size = lengthInCharacters(text_);
+    selStart_ = std::min(selStart, size);
+    selLength_ = std::min(selLength, size - selStart_);
+}
+
+void TextBox::replaceSelection(std::string_view with) {
+    const std::size_t from = characterOffset(text_, selStart_);
+    const std::size_t to = characterOffset(text_, selStart_ + selLength_);
+    text_.replace(from, to - from, with);
+    selStart_ += lengthInCharacters(with);
+    selLength_ = 0;
+    changed();
+}
+
+void TextBox::moveCaret(std::size_t to, bool extend) {
+    const std::size_t anchor = caretAtStart_ ? selStart_ + selLength_ : selStart_;
+    if (!extend) {
+        select(to, 0);
+        return;
+    }
+    select(std::min(anchor, to), anchor < to ? to - anchor : anchor - to);
+    caretAtStart_ = to < anchor;
+}
+
+bool TextBox::defaultKey(int keyCode, int modifiers) {
+    const std::size_t size = lengthInCharacters(text_);
+    const std::size_t caret = caretAtStart_ ? selStart_ : selStart_ + selLength_;
+    const bool extend = (modifiers & modifier::shift) != 0;
+    switch (keyCode) {
+        case key::left:
+            moveCaret(selLength_ > 0 && !extend ? selStart_ : caret - (caret > 0 ? 1 : 0), extend);
+            return true;
+        case key::right:
+            moveCaret(
+                selLength_ > 0 && !extend ? selStart_ + selLength_ : std::min(caret + 1, size),
+                extend);
+            return true;
+        case key::home:
+            moveCaret(0, extend);
+            return true;
+        case key::end:
+            moveCaret(size, extend);
+            return true;
+        case key::deleteKey:
+            if (selLength_ == 0 && selStart_ < size) selLength_ = 1;
+            replaceSelection({});
+            return true;
+        case key::backspace:
+            if (selLength_ == 0 && selStart_ > 0) select(selStart_ - 1, 1);
+            replaceSelection({});
+            return true;
+        case 'A':
+            if ((modifiers & modifier::control) == 0) return false;
+            select(0, size);
+            return true;
+        default:
+            return false;
+    }
+}
+
+void TextBox::defaultCharacter(char32_t character) {
+    if (character < U' ' || character == 127) return;
+    const std::size_t kept = lengthInCharacters(text_) - selLength_;
+    if (maxLength_ > 0 && kept >= static_cast<std::size_t>(maxLength_)) return;
+    replaceSelection(utf8(character));
+}
+
+void ComboBox::clear() {
+    items_.clear();
+    listIndex_ = -1;
+    changed();
+}
+
+void ComboBox::addItem(std::string text, std::int32_t data) {
+    items_.push_back({std::move(text), data});
+    changed();
+}
+
+void ComboBox::setListIndex(int index) {
+    if (index < -1 || index >= listCount())
+        throw RuntimeError(error_number::invalidProcedureCall, "Invalid property value");
+    if (listIndex_ == index) return;
+    listIndex_ = index;
+    changed();
+}
+
+std::int32_t ComboBox::itemData(int index) const {
+    if (index < 0 || index >= listCount())
+        throw RuntimeError(error_number::invalidProcedureCall, "Invalid property array index");
+    return items_[static_cast<std::size_t>(index)].data;
+}
+
+int ComboBox::findItemData(std::int32_t data) const {
+    const auto found = std::find_if(items_.begin(), items_.end(),
+                                    [&](const Item& item) { return item.data == data; });
+    return found == items_.end() ? -1 : static_cast<int>(found - items_.begin());
+}
+
+bool ComboBox::defaultKey(int keyCode, int /*modifiers*/) {
+    constexpr int page = 8;
+    int index = listIndex_;
+    switch (keyCode) {
+        case key::up:
+            index -= 1;
+            break;
+        case key::down:
+            index += 1;
+            break;
+        case key::pageUp:
+            index -= page;
+            break;
+        case key::pageDown:
+            index += page;
+            break;
+        case key::home:
+            index = 0;
+            break;
+        case key::end:
+            index = listCount() - 1;
+            break;
+        default:
+            return false;
+    }
+    if (listCount() > 0) setListIndex(std::clamp(index, 0, listCount() - 1));
+    return true;
+}
+
+void ComboBox::defaultCharacter(char32_t character) {
+    const std::string typed = foldCase(utf8(character));
+    for (int step = 1; step <= listCount(); ++step) {
+        const int index = (listIndex_ + step) % listCount();
+        const std::string& text = items_[static_cast<std::size_t>(index)].text;
+        if (foldCase(leftCharacters(text, 1)) == typed) {
+            setListIndex(index);
+            return;
+        }
+    }
+}
+
+void CheckBox::setCaption(std::string caption) {
+    caption_ = std::move(caption);
+    changed();
+}
+
+void CheckBox::setValue(int value) {
+    if (value < 0 || value > 2)
+        throw RuntimeError(error_number::invalidProcedureCall, "Invalid property value");
+    if (value_ == value) return;
+    value_ = value;
+    changed();
+}
+
+void CheckBox::setAlignment(int alignment) {
+    alignment_ = alignment;
+    changed();
+}
+
+void CheckBox::defaultCharacter(char32_t character) {
+    if (character == U' ') toggle();
+}
+
+}  // namespace catalogador

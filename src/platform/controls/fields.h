@@ -1,0 +1,125 @@
+#pragma once
+#include <cstddef>
+#include <cstdint>
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include "platform/controls/control.h"
+
+namespace catalogador {
+
+/// A caption. Its width always fits its text; a "&" marks the letter that reaches the field.
+class Label : public Control {
+  public:
+    using Control::Control;
+    [[nodiscard]] const std::string& caption() const { return caption_; }
+    void setCaption(std::string caption);
+
+  private:
+    std::string caption_;
+};
+
+/// The container of the fields and the grid (picBackColor).
+class Panel : public Control {
+  public:
+    using Control::Control;
+    [[nodiscard]] bool focusable() const override { return true; }
+    /// Width of a text in the panel's font, in twips.
+    [[nodiscard]] int textWidth(std::string_view text) const;
+};
+
+/// A single-line text. Lengths and positions count characters.
+class TextBox : public Control {
+  public:
+    using Control::Control;
+    [[nodiscard]] bool focusable() const override { return true; }
+
+    [[nodiscard]] const std::string& text() const { return text_; }
+    /// Puts the caret at the start. A text longer than maxLength is kept whole.
+    void setText(std::string text);
+    /// 0 means no limit; it holds for what is typed.
+    [[nodiscard]] int maxLength() const { return maxLength_; }
+    void setMaxLength(int maxLength);
+
+    [[nodiscard]] std::size_t selStart() const { return selStart_; }
+    [[nodiscard]] std::size_t selLength() const { return selLength_; }
+    /// Both are cut to what the text has.
+    void select(std::size_t start, std::size_t length);
+
+    /// A native editor changed the text or the selection. Does not echo back to the surface.
+    void userEdited(std::string text, std::size_t selStart, std::size_t selLength);
+
+    bool defaultKey(int keyCode, int modifiers) override;
+    void defaultCharacter(char32_t character) override;
+
+  private:
+    void replaceSelection(std::string_view with);
+    void moveCaret(std::size_t to, bool extend);
+
+    std::string text_;
+    int maxLength_ = 0;
+    std::size_t selStart_ = 0;
+    std::size_t selLength_ = 0;
+    /// True when the caret stands at the start of the selection.
+    bool caretAtStart_ = false;
+};
+
+/// A drop-down list of texts, each with a 32-bit code.
+class ComboBox : public Control {
+  public:
+    struct Item {
+        std::string text;
+        std::int32_t data = 0;
+    };
+
+    using Control::Control;
+    [[nodiscard]] bool focusable() const override { return true; }
+
+    void clear();
+    void addItem(std::string text, std::int32_t data);
+    [[nodiscard]] const std::vector<Item>& items() const { return items_; }
+    [[nodiscard]] int listCount() const { return static_cast<int>(items_.size()); }
+    /// Index of the selected entry, -1 when none is.
+    [[nodiscard]] int listIndex() const { return listIndex_; }
+    /// Raises invalidProcedureCall for an index that no entry has (-1 is allowed).
+    void setListIndex(int index);
+    /// Raises invalidProcedureCall for an index that no entry has.
+    [[nodiscard]] std::int32_t itemData(int index) const;
+    /// Index of the first entry with that code, -1 when no entry carries it.
+    [[nodiscard]] int findItemData(std::int32_t data) const;
+
+    bool defaultKey(int keyCode, int modifiers) override;
+    /// Goes to the next entry that begins with the character.
+    void defaultCharacter(char32_t character) override;
+
+  private:
+    std::vector<Item> items_;
+    int listIndex_ = -1;
+};
+
+/// A box with a caption. Alignment 0: box left of the caption; 1: caption left, box at the right.
+class CheckBox : public Control {
+  public:
+    using Control::Control;
+    [[nodiscard]] bool focusable() const override { return true; }
+
+    [[nodiscard]] const std::string& caption() const { return caption_; }
+    void setCaption(std::string caption);
+    /// 0 unchecked, 1 checked, 2 greyed. Other values raise invalidProcedureCall.
+    [[nodiscard]] int value() const { return value_; }
+    void setValue(int value);
+    [[nodiscard]] int alignment() const { return alignment_; }
+    void setAlignment(int alignment);
+    /// What a click does: checked becomes unchecked, everything else checked.
+    void toggle() { setValue(value_ == 1 ? 0 : 1); }
+
+    void defaultCharacter(char32_t character) override;
+
+  private:
+    std::string caption_;
+    int value_ = 0;
+    int alignment_ = 0;
+};
+
+}  // namespace catalogador

@@ -1,0 +1,202 @@
+#pragma once
+#include <cstddef>
+#include <cstdint>
+#include <functional>
+#include <optional>
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include "platform/controls/control.h"
+#include "runtime/like.h"
+
+namespace catalogador {
+
+enum class MouseButton { left = 1, right = 2 };
+
+/// Check state of a cell.
+enum class CheckState : std::uint8_t { none = 0, checked = 1, unchecked = 2 };
+
+namespace sort_order {
+constexpr int none = 0;
+constexpr int ascending = 1;
+constexpr int descending = 2;
+}  // namespace sort_order
+
+struct GridAppearance {
+    int gridLines = 1;
+    bool wordWrap = true;
+    Color backColorBkg = systemButtonShadowColor;
+    Color backColorFixed = systemButtonFaceColor;
+    Color foreColorFixed{0x80000012};
+    Color backColorSel = systemHighlightColor;
+    Color foreColorSel{0x8000000E};
+    Color backColorAlternate{0};
+    Color gridColor = systemButtonFaceColor;
+    int borderStyle = 1;
+    /// Heights in twips.
+    int headerHeight = 240;
+    int rowHeightMin = 0;
+    int highlight = 1;
+    int focusRect = 1;
+    bool extendLastColumn = true;
+};
+
+/// The grid of records. Row 0 is the header; data rows follow in the order of the sort, hidden
+/// ones included, so that a row number changes with the sort. A cell has a text, and, in a
+/// check-box column, a check state; column 0 carries the record's code as the row's data.
+///
+/// Cells are packed in one buffer a column, so that a million rows need little more than their
+/// texts.
+class RecordGrid : public Control {
+  public:
+    using Control::Control;
+    [[nodiscard]] bool focusable() const override { return true; }
+
+    static constexpr int fixedRows = 1;
+    static constexpr int defaultColumnWidth = 960;
+    static constexpr int booleanType = 11;
+
+    /// Number of rows, the header included.
+    [[nodiscard]] int rows() const { return fixedRows + static_cast<int>(order_.size()); }
+    /// Removes all data rows.
+    void clearRows();
+    [[nodiscard]] int columns() const { return static_cast<int>(columns_.size()); }
+    /// New columns have no header, the default width and no alignment code.
+    void setColumns(int count);
+    /// Headers separated by "|"; their number becomes the number of columns. An empty text changes
+    /// nothing.
+    void setFormatString(std::string_view headers);
+
+    [[nodiscard]] const std::string& header(int column) const;
+    /// Data value of a header cell: the column's alignment code, or what a header click left.
+    [[nodiscard]] std::optional<double> headerData(int column) const;
+    void setHeaderData(int column, double value);
+    [[nodiscard]] int columnWidth(int column) const;
+    void setColumnWidth(int column, int twips);
+    [[nodiscard]] bool columnHidden(int column) const;
+    void setColumnHidden(int column, bool hidden);
+    [[nodiscard]] bool columnIsBoolean(int column) const;
+    void setColumnBoolean(int column, bool boolean);
+
+    /// Appends an empty row and gives its number. Appended rows come last whatever the sort.
+    int addRow();
+    /// Row numbers from 1. All cell members raise subscriptOutOfRange outside of the grid.
+    [[nodiscard]] std::string_view text(int row, int column) const;
+    void setText(int row, int column, std::string_view text);
+    /// The row's code as text.
+    [[nodiscard]] std::string_view code(int row) const;
+    void setCode(int row, std::string_view code);
+    [[nodiscard]] CheckState check(int row, int column) const;
+    void setCheck(int row, int column, CheckState state);
+    [[nodiscard]] int alignment(int row, int column) const;
+    void setAlignment(int row, int column, int alignment);
+
+    [[nodiscard]] bool rowHidden(int row) const;
+    void setRowHidden(int row, bool hidden);
+    void showAllRows();
+    /// Hides every data row none of whose cells, in upper case, matches the pattern.
+    void filter(const LikePattern& pattern);
+    /// Number of data rows that are not hidden.
+    [[nodiscard]] int visibleRows() const;
+    /// The row number of the n-th visible data row (from 0), in constant time.
+    [[nodiscard]] int visibleRow(int n) const;
+    /// Which visible data row a row is (from 0), -1 when it is hidden or the header.
+    [[nodiscard]] int visibleIndex(int row) const;
+    /// The first row whose code is that number, 0 when there is none.
+    [[nodiscard]] int findCode(std::int32_t code) const;
+
+    /// Sorts by a column: numbers by value, everything else as text without regard to case; equal
+    /// rows keep their order. The selected cell keeps its row number, not its record.
+    void sort(int column, int order);
+    [[nodiscard]] int sortColumn() const { return sortColumn_; }
+    [[nodiscard]] int sortOrder() const { return sortOrder_; }
+    /// 0 none, 5 sort arrow shown, 1 sorting without arrow.
+    [[nodiscard]] int sortIndicator() const { return sortIndicator_; }
+    void setSortIndicator(int mode);
+
+    /// The selected cell; row 0 stands for the header, as after the start of a new record.
+    [[nodiscard]] int row() const { return row_; }
+    [[nodiscard]] int column() const { return column_; }
+    void select(int row, int column);
+    /// The first row shown under the header.
+    [[nodiscard]] int topRow() const { return topRow_; }
+    void setTopRow(int row);
+    /// Whether the row is hidden by no filter and inside the part that is shown.
+    [[nodiscard]] bool rowIsShown(int row) const;
+    /// How many data rows fit; the surface may tell a better figure than the heights give.
+    [[nodiscard]] int rowsThatFit() const;
+    void setRowsThatFit(int count) { rowsThatFit_ = count; }
+
+    [[nodiscard]] bool redraw() const { return redraw_; }
+    /// Off: nothing is told to the surface until it is on again.
+    void setRedraw(bool redraw);
+    void refresh() { changed(); }
+
+    [[nodiscard]] const GridAppearance& appearance() const { return appearance_; }
+    void setAppearance(const GridAppearance& appearance);
+
+    /// Events. Row and column of the mouse are grid rows and columns.
+    std::function<void(int row, int column)> onDoubleClick;
+    std::function<void(MouseButton button, int row, int column)> onMouseUp;
+    std::function<void(int row, int column)> onAfterUserResize;
+    std::function<void(int column, int order)> onSort;
+    std::function<void()> onEnter;
+
+    /// Input from a surface: a click selects the cell (data rows only) and raises onMouseUp.
+    void userClicked(MouseButton button, int row, int column);
+    void userDoubleClicked(int row, int column);
+    void userResized(int column, int twips);
+    bool defaultKey(int keyCode, int modifiers) override;
+
+  private:
+    /// The texts of one column in one buffer; `ends[i]` is where the text of stored row i ends.
+    struct PackedTexts {
+        std::string bytes;
+        std::vector<std::uint32_t> ends;
+
+        [[nodiscard]] std::string_view at(std::size_t row) const;
+        void append(std::size_t row, std::string_view text);
+        void replace(std::size_t row, std::string_view text);
+        void put(std::size_t row, std::string_view text);
+    };
+    struct Column {
+        std::string header;
+        std::optional<double> headerData;
+        int width = defaultColumnWidth;
+        bool hidden = false;
+        bool boolean = false;
+        PackedTexts texts;
+        std::vector<CheckState> checks;
+        std::vector<std::uint8_t> alignments;
+    };
+
+    [[nodiscard]] std::size_t stored(int row) const;
+    [[nodiscard]] const Column& columnAt(int column) const;
+    Column& columnAt(int column);
+    void rowsChanged();
+    void buildVisible() const;
+    void changedWhenDrawn();
+
+    std::vector<Column> columns_;
+    PackedTexts codes_;
+    /// Stored row of each data row in the order of the sort.
+    std::vector<std::uint32_t> order_;
+    /// By stored row.
+    std::vector<bool> hidden_;
+    /// Row numbers of the visible rows and the inverse, built when first asked for.
+    mutable std::vector<std::uint32_t> visible_;
+    mutable std::vector<std::uint32_t> visibleIndex_;
+    mutable bool visibleKnown_ = false;
+    int row_ = 0;
+    int column_ = 0;
+    int topRow_ = fixedRows;
+    int rowsThatFit_ = 0;
+    int sortColumn_ = -1;
+    int sortOrder_ = sort_order::none;
+    int sortIndicator_ = 0;
+    bool redraw_ = true;
+    GridAppearance appearance_;
+};
+
+}  // namespace catalogador

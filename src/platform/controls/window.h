@@ -1,0 +1,103 @@
+#pragma once
+#include <functional>
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include "platform/controls/command_bars.h"
+#include "platform/controls/control.h"
+#include "platform/surface.h"
+
+namespace catalogador {
+
+enum class WindowState { normal = 0, minimized = 1, maximized = 2 };
+
+/// A top-level window of the model: its controls in tab order, the focus, the command bars, and
+/// the input members that a surface calls.
+class Window {
+  public:
+    explicit Window(Surface& surface);
+    virtual ~Window() = default;
+    Window(const Window&) = delete;
+    Window& operator=(const Window&) = delete;
+
+    [[nodiscard]] Surface& surface() const { return surface_; }
+
+    [[nodiscard]] const std::string& caption() const { return caption_; }
+    void setCaption(std::string caption);
+    /// Outer place on the screen in twips.
+    [[nodiscard]] const Rect& place() const { return place_; }
+    /// As the program sets it; the resize events follow when the size changed.
+    void move(const Rect& place);
+    void setWidth(int width) { move({place_.left, place_.top, width, place_.height}); }
+    [[nodiscard]] WindowState state() const { return state_; }
+
+    CommandBars commandBars;
+
+    /// Tab order; the panel and labels are among them.
+    [[nodiscard]] const std::vector<Control*>& controls() const { return controls_; }
+    /// nullptr when there is none of that name ("filter" is the edit box of the toolbar).
+    [[nodiscard]] Control* find(std::string_view name) const;
+
+    [[nodiscard]] Control* focus() const { return focus_; }
+    /// Moves the focus. Raises invalidProcedureCall when the control cannot take it.
+    void setFocus(Control& control);
+    /// To the next (or previous) control that the Tab key stops at.
+    void moveFocus(bool forward);
+    /// What the loss of a control that had the focus leads to: called when it is hidden, disabled.
+    void focusLostIfUnable(Control& control);
+
+    /// Input from a surface.
+    /// A key pressed and released in the control with the focus: key bindings, the control's
+    /// key-down event, Tab, the key-press event of keys that have a character (Enter, Escape,
+    /// Backspace, Space), and last what the control itself does with the key.
+    void pressKey(int keyCode, int modifiers = 0);
+    /// A character typed into the control with the focus.
+    void typeCharacter(char32_t character);
+    /// Only the bindings, events and Tab; true when the key is used up, so that a native control
+    /// must not act on it. For surfaces whose native controls edit by themselves.
+    bool dispatchKey(int keyCode, int modifiers);
+    /// Only the key-press event; gives the character to enter, 0 when it was swallowed.
+    char32_t dispatchCharacter(char32_t character);
+    /// The native focus moved (mouse click or the desktop's doing). Controls that cannot take the
+    /// focus are ignored.
+    void userFocused(Control& control);
+    /// The user resized, moved, minimised or restored the window; place in twips, outer.
+    void userPlaced(const Rect& place, WindowState state);
+    /// The user or the program closes the window: query-unload, unload, closed.
+    void requestClose();
+    [[nodiscard]] bool isClosed() const { return closed_; }
+
+    /// Escape that no control used.
+    std::function<void()> onEscape;
+    std::function<void()> onResize;
+    std::function<void()> onQueryUnload;
+    std::function<void()> onUnload;
+
+    /// Called by controls and command bars.
+    void controlChanged(Control& control);
+    void commandBarsChanged();
+    /// From here on (and until it closes) changes are told to the surface.
+    void setOpen(bool open) { open_ = open; }
+    [[nodiscard]] bool isOpen() const { return open_; }
+
+  protected:
+    /// Adds a control at the end of the tab order.
+    void add(Control& control);
+
+  private:
+    void resized();
+    [[nodiscard]] bool inTabOrder(const Control& control) const;
+
+    Surface& surface_;
+    std::string caption_;
+    Rect place_;
+    WindowState state_ = WindowState::normal;
+    std::vector<Control*> controls_;
+    Control* focus_ = nullptr;
+    bool open_ = false;
+    bool closed_ = false;
+    bool resizing_ = false;
+};
+
+}  // namespace catalogador

@@ -1,0 +1,35 @@
+#pragma once
+#include <string>
+
+#include "platform/language.h"
+#include "platform/services.h"
+#include "platform/surface.h"
+#include "runtime/regional.h"
+
+namespace catalogador {
+
+class frmCatalogador;
+
+/// Told when a maintenance screen is about to load and when it has closed.
+class FormListener {
+  public:
+    virtual ~FormListener() = default;
+    virtual void formOpening(frmCatalogador& form) = 0;
+    virtual void formClosed(frmCatalogador& form) = 0;
+};
+
+/// Everything the component needs from the program that loads it. All references must outlive the
+/// objects of the component.
+struct Host {
+    Surface& surface;
+    clsUtilidades& utilities;
+    clsMensajes& messages;
+    AccessLibrary& access;
+    LanguageLibraries& languages;
+    Regional regional;
+    /// Title of the host application.
+    std::string title = "Catalogador";
+    FormListener* listener = nullptr;
+};
+
+}  // namespace catalogador

@@ -1,0 +1,89 @@
+#pragma once
+#include <memory>
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include "runtime/variant.h"
+
+namespace catalogador {
+
+/// Cursor and lock kinds of OpenResultset, by the numbers that hosts and traces use.
+constexpr int openDynamic = 2;
+constexpr int lockOptimisticByValues = 4;
+
+/// Type code of a bit column; other codes are those of the data-access standard (SQL_…).
+constexpr int bitColumnType = -7;
+
+struct ColumnDescription {
+    std::string name;
+    int type = 0;
+};
+
+/// Told of everything that goes through a connection, as it happens. Used by traces.
+class StatementListener {
+  public:
+    virtual ~StatementListener() = default;
+    /// A text was handed over to be opened as a resultset.
+    virtual void opened(const std::string& sql, int type, int lock) = 0;
+    /// A text was handed over to be executed.
+    virtual void executed(const std::string& sql) = 0;
+    /// A row is being written through a resultset; `kind` is "insert", "update" or "delete".
+    virtual void written(std::string_view kind, const std::string& table,
+                         const std::vector<std::pair<std::string, Variant>>& columns) = 0;
+};
+
+/// The rows a statement returned, read forward, and the means to write to their table.
+///
+/// Rows are written optimistically by values: UPDATE and DELETE name every value that was read
+/// (Null included), so a row that another user changed or removed is not touched and rowChanged is
+/// raised. Every member raises RuntimeError; the description carries the driver's text.
+class rdoResultset {
+  public:
+    virtual ~rdoResultset() = default;
+
+    /// True when there is no current row: the resultset is empty or was read past its last row.
+    [[nodiscard]] virtual bool atEnd() const = 0;
+    /// Raises noCurrentRow at the end.
+    virtual void MoveNext() = 0;
+
+    [[nodiscard]] virtual int columnCount() const = 0;
+    /// Columns count from 0. Raises columnNotFound.
+    [[nodiscard]] virtual const ColumnDescription& column(int index) const = 0;
+
+    /// The value of the current row. Between Edit or AddNew and Update the value as set.
+    /// Raises columnNotFound or noCurrentRow.
+    [[nodiscard]] virtual Variant value(int index) const = 0;
+    /// By name without regard to case; of several columns of that name the first.
+    [[nodiscard]] virtual Variant value(std::string_view name) const = 0;
+
+    virtual void AddNew() = 0;
+    virtual void Edit() = 0;
+    /// Sets a column of the row in AddNew or Edit. Raises columnNotFound, or invalidProcedureCall
+    /// outside of these.
+    virtual void setValue(std::string_view name, Variant value) = 0;
+    /// Writes the row begun with AddNew or Edit: one INSERT or UPDATE of the columns set.
+    virtual void Update() = 0;
+    /// Deletes the current row; MoveNext then goes to the one after it.
+    virtual void Delete() = 0;
+    /// May be called more than once.
+    virtual void Close() = 0;
+};
+
+/// An open database connection of the host.
+class rdoConnection {
+  public:
+    virtual ~rdoConnection() = default;
+
+    /// Runs one statement that returns rows. A text that carries a second statement is refused.
+    virtual std::unique_ptr<rdoResultset> OpenResultset(const std::string& sql,
+                                                        int type = openDynamic,
+                                                        int lock = lockOptimisticByValues) = 0;
+    /// Runs one statement; gives the number of rows it touched (-1 when the driver does not tell).
+    virtual std::int64_t Execute(const std::string& sql) = 0;
+
+    /// `listener` may be null and must outlive its use.
+    virtual void setListener(StatementListener* listener) = 0;
+};
+
+}  // namespace catalogador

@@ -1,0 +1,76 @@
+#pragma once
+#include <cstdint>
+#include <memory>
+#include <string>
+
+#include "platform/rdo.h"
+#include "runtime/variant.h"
+
+namespace catalogador {
+
+class Window;
+
+/// Styles of message boxes, by the numbers that are shown in traces.
+constexpr int styleExclamation = 48;
+constexpr int styleQuestion = 36;
+constexpr int styleQuestionDefaultNo = 292;
+constexpr int answerYes = 6;
+constexpr int answerNo = 7;
+
+/// The utility object of the host's service library.
+class clsUtilidades {
+  public:
+    virtual ~clsUtilidades() = default;
+    /// The next code of a named sequence, unique among all clients; -1 when none can be given (no
+    /// such sequence, or it is used up). A database error also gives -1 and is left in
+    /// currentError().
+    virtual std::int32_t ProximoCodigo(rdoConnection& connection, const std::string& name) = 0;
+    /// Date and time of the database server, to the second. Raises RuntimeError.
+    virtual Date FechaServidor(rdoConnection& connection) = 0;
+    /// A setting by key and name; Null when it is not set.
+    virtual Variant LeerConfiguracion(const std::string& key, const std::string& name) = 0;
+    /// The value's text; Null gives the empty text.
+    [[nodiscard]] virtual std::string TextoDe(const Variant& value) const = 0;
+    /// The folder of the program, without a trailing separator.
+    [[nodiscard]] virtual std::string CarpetaAplicacion() const = 0;
+    /// The path of the application with that key.
+    [[nodiscard]] virtual std::string RutaAplicacion(const std::string& appKey) const = 0;
+    /// Opens a file with the program that the desktop associates with it.
+    virtual void AbrirArchivo(const std::string& path) = 0;
+    /// Shows help: command 3 contents, command 15 the page of the id in `data`.
+    virtual void MostrarAyuda(Window& window, int command, std::int32_t data) = 0;
+};
+
+/// The message object of the host's service library.
+class clsMensajes {
+  public:
+    virtual ~clsMensajes() = default;
+    /// Shows a text with a style number; gives 1 (OK), 6 (Yes) or 7 (No).
+    virtual int MostrarMensaje(const std::string& text, int style, const std::string& title) = 0;
+    /// Shows an error with its detail ("number - description") and, where given, its context.
+    virtual void MostrarError(const std::string& text, const std::string& title,
+                              const std::string& detail, const std::string& context = {}) = 0;
+    /// Language of the object's own dialogs.
+    virtual void Idioma(std::uint8_t number) = 0;
+};
+
+/// The access component: users, options and rights per company.
+class clsAccesos {
+  public:
+    virtual ~clsAccesos() = default;
+    /// The rights of the current user for an option in a company, as a text of letters.
+    virtual std::string PermisosOpcion(rdoConnection& connection, const std::string& appKey,
+                                       const std::string& option, std::int16_t company) = 0;
+    /// Fills in the id of the current user, -1 when that person is not known.
+    virtual void UsuarioActual(rdoConnection& connection, const std::string& appKey,
+                               std::int32_t& user) = 0;
+};
+
+/// Creates the access component, as the host's library does for each question.
+class AccessLibrary {
+  public:
+    virtual ~AccessLibrary() = default;
+    virtual std::unique_ptr<clsAccesos> create() = 0;
+};
+
+}  // namespace catalogador

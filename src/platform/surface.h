@@ -1,0 +1,73 @@
+#pragma once
+#include <optional>
+#include <string>
+#include <string_view>
+
+#include "platform/geometry.h"
+
+namespace catalogador {
+
+class Control;
+class Window;
+struct Menu;
+
+/// A save dialog to be shown. `filter` is a list "caption|pattern|caption|pattern".
+struct SaveDialog {
+    std::string title;
+    std::string folder;
+    std::string file;
+    std::string filter;
+    int flags = 0;
+};
+
+struct SaveChoice {
+    std::string path;
+    /// Which entry of the filter list was chosen, counted from 1.
+    int filterIndex = 1;
+};
+
+/// Shows the screen model to a user and feeds the user's input back into it. It holds no rule of
+/// the system: it draws what the model says and calls the model's input members.
+///
+/// The order of a window's life is open (a native window that is not shown yet), the form's load
+/// sequence, showModal, close.
+class Surface {
+  public:
+    virtual ~Surface() = default;
+
+    virtual void open(Window& window) = 0;
+    /// Shows the window and returns when window.isClosed().
+    virtual void showModal(Window& window) = 0;
+    virtual void close(Window& window) = 0;
+
+    /// Something of the model changed and has to be drawn anew. Called for windows that are open.
+    virtual void windowChanged(Window& window) = 0;
+    virtual void controlChanged(Window& window, Control& control) = 0;
+    /// Actions, menus, toolbar or the filter box changed.
+    virtual void commandBarsChanged(Window& window) = 0;
+    virtual void focusChanged(Window& window) = 0;
+    /// Mouse pointer of the whole screen: 0 default, 11 hourglass.
+    virtual void pointerChanged(int pointer) = 0;
+
+    /// Shows a message box; style numbers as in clsMensajes. Gives 1, 6 or 7.
+    virtual int messageBox(const std::string& text, int style, const std::string& title) = 0;
+    virtual void errorBox(const std::string& text, const std::string& title,
+                          const std::string& detail, const std::string& context) = 0;
+    /// nullopt when the user cancels.
+    virtual std::optional<SaveChoice> saveDialog(const SaveDialog& dialog) = 0;
+    /// Pops a menu up. The choice comes back through CommandBars::execute.
+    virtual void showMenu(Window& window, const Menu& menu) = 0;
+
+    /// Width in twips of a text in the font of the panel.
+    [[nodiscard]] virtual int textWidth(std::string_view text) const = 0;
+    /// The work area of the screen, in twips.
+    [[nodiscard]] virtual Size screenSize() const = 0;
+    /// The part of the window that the command bars leave free, relative to its own corner
+    /// (so left and top are usually 0).
+    [[nodiscard]] virtual Rect clientRect(const Window& window) const = 0;
+
+    /// Lets the desktop handle what is pending, such as painting.
+    virtual void processEvents() = 0;
+};
+
+}  // namespace catalogador

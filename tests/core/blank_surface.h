@@ -1,0 +1,39 @@
+#pragma once
+#include <utility>
+#include <vector>
+
+#include "platform/controls/window.h"
+#include "platform/surface.h"
+
+namespace catalogador {
+
+/// A surface that shows nothing and counts what it is told.
+class BlankSurface : public Surface {
+  public:
+    int focusChanges = 0;
+    int controlChanges = 0;
+
+    void open(Window&) override {}
+    void showModal(Window&) override {}
+    void close(Window&) override {}
+    void windowChanged(Window&) override {}
+    void controlChanged(Window&, Control&) override { ++controlChanges; }
+    void commandBarsChanged(Window&) override {}
+    void focusChanged(Window&) override { ++focusChanges; }
+    void pointerChanged(int) override {}
+    int messageBox(const std::string&, int, const std::string&) override { return 1; }
+    void errorBox(const std::string&, const std::string&, const std::string&,
+                  const std::string&) override {}
+    std::optional<SaveChoice> saveDialog(const SaveDialog&) override { return std::nullopt; }
+    void showMenu(Window&, const Menu&) override {}
+    [[nodiscard]] int textWidth(std::string_view text) const override {
+        return static_cast<int>(text.size()) * 100;
+    }
+    [[nodiscard]] Size screenSize() const override { return {15360, 11520}; }
+    [[nodiscard]] Rect clientRect(const Window& window) const override {
+        return {0, 0, window.place().width - 100, window.place().height - 1000};
+    }
+    void processEvents() override {}
+};
+
+}  // namespace catalogador
