@@ -1,0 +1,33 @@
+# Sourced by run.sh and test.sh: installs the Debian packages that are missing, by name.
+# shellcheck shell=bash disable=SC2034  # the lists are used where this is sourced
+
+build_packages=(g++ cmake ninja-build ccache pkg-config unixodbc-dev libsqliteodbc
+    libwxgtk3.2-dev nlohmann-json3-dev libcli11-dev libgtest-dev libgmock-dev iso-codes)
+screen_packages=(xvfb xauth openbox xdotool imagemagick fonts-dejavu-core adwaita-icon-theme
+    librsvg2-common)
+check_packages=(clang-format gettext)
+lint_packages=(clang-tidy)
+
+is_installed() {
+    [ "$(dpkg-query -W -f='${db:Status-Status}' "$1" 2>/dev/null)" = installed ]
+}
+
+# install_missing PACKAGE...
+install_missing() {
+    local package missing=() as_root=()
+    for package in "$@"; do
+        is_installed "$package" || missing+=("$package")
+    done
+    [ "${#missing[@]}" -eq 0 ] && return 0
+    if [ "$(id -u)" -ne 0 ]; then
+        if ! command -v sudo >/dev/null; then
+            echo "These packages are missing and only root can install them: ${missing[*]}" >&2
+            return 1
+        fi
+        as_root=(sudo)
+    fi
+    echo "== installing: ${missing[*]}"
+    "${as_root[@]}" env DEBIAN_FRONTEND=noninteractive apt-get update -q
+    "${as_root[@]}" env DEBIAN_FRONTEND=noninteractive \
+        apt-get install -y -q --no-install-recommends "${missing[@]}"
+}

@@ -1,0 +1,12 @@
+#pragma once
+#include <map>
+#include <string>
+
+namespace catalogador {
+
+/// The texts of a gettext catalogue by their context (msgctxt). Entries without context, fuzzy and
+/// obsolete ones are left out. Raises RuntimeError with file and line for a file that cannot be
+/// read or is malformed.
+std::map<std::string, std::string> readPoFile(const std::string& path);
+
+}  // namespace catalogador

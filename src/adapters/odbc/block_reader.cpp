@@ -1,0 +1,128 @@
+#include "adapters/odbc/block_reader.h"
+
+#include <algorithm>
+
+#include "runtime/error.h"
+
+namespace catalogador {
+
+namespace {
+
+constexpr std::size_t rowsPerBlock = 256;
+/// All the buffers of a block together; wider rows come in smaller blocks.
+constexpr std::size_t blockBytes = std::size_t{4} << 20;
+/// What the text of a number has besides the digits that its length counts.
+constexpr std::size_t signPointAndEnd = 3;
+constexpr std::size_t narrowestText = 32;
+constexpr std::size_t widestTextAtFirst = 256;
+
+std::size_t firstWidth(SQLSMALLINT type, const ColumnInfo& column) {
+    if (type == SQL_C_UTINYINT) return 1;
+    if (type == SQL_C_DOUBLE) return sizeof(double);
+    const std::size_t reported = std::min(column.reportedLength, widestTextAtFirst);
+    return std::clamp(reported + signPointAndEnd, narrowestText, widestTextAtFirst);
+}
+
+}  // namespace
+
+BlockReader::BlockReader(const OdbcHandle& statement, Dialect dialect,
+                         const std::vector<ColumnInfo>& columns)
+    : statement_(statement) {
+    for (const ColumnInfo& column : columns) {
+        Buffer buffer;
+        buffer.type = transferType(dialect, column.kind);
+        buffer.width = firstWidth(buffer.type, column);
+        buffers_.push_back(std::move(buffer));
+    }
+    statement_.check(
+        SQLSetStmtAttr(statement_.get(), SQL_ATTR_ROWS_FETCHED_PTR, &fetched_, SQL_IS_POINTER));
+}
+
+BlockReader::~BlockReader() {
+    SQLFreeStmt(statement_.get(), SQL_UNBIND);
+    SQLSetStmtAttr(statement_.get(), SQL_ATTR_ROWS_FETCHED_PTR, nullptr, SQL_IS_POINTER);
+    SQLSetStmtAttr(statement_.get(), SQL_ATTR_ROW_STATUS_PTR, nullptr, SQL_IS_POINTER);
+}
+
+bool BlockReader::next() {
+    if (ended_) return false;
+    if (row_ + 1 < fetched_) {
+        ++row_;
+        return true;
+    }
+    ended_ = !fetchBlock();
+    return !ended_;
+}
+
+std::optional<std::string> BlockReader::cell(std::size_t column) const {
+    const Buffer& buffer = buffers_[column];
+    const SQLLEN length = buffer.indicators[row_];
+    if (length == SQL_NULL_DATA) return std::nullopt;
+    return textOfTransferred(buffer.type, buffer.data.data() + row_ * buffer.width,
+                             static_cast<std::size_t>(length));
+}
+
+bool BlockReader::fetchBlock() {
+    blockStart_ += static_cast<SQLLEN>(fetched_);
+    fetched_ = 0;
+    row_ = 0;
+    if (!bound_) bind();
+    SQLRETURN result = SQLFetchScroll(statement_.get(), SQL_FETCH_NEXT, 0);
+    while (result != SQL_NO_DATA) {
+        checkRows(result);
+        if (!widenWhatWasCut()) return fetched_ > 0;
+        bind();
+        result = SQLFetchScroll(statement_.get(), SQL_FETCH_ABSOLUTE, blockStart_);
+    }
+    return false;
+}
+
+void BlockReader::bind() {
+    std::size_t rowBytes = 0;
+    for (const Buffer& buffer : buffers_) rowBytes += buffer.width + sizeof(SQLLEN);
+    capacity_ = std::clamp(blockBytes / rowBytes, std::size_t{1}, rowsPerBlock);
+    status_.assign(capacity_, SQL_ROW_NOROW);
+
+    SQLHSTMT const handle = statement_.get();
+    SQLFreeStmt(handle, SQL_UNBIND);
+    statement_.check(SQLSetStmtAttr(handle, SQL_ATTR_ROW_ARRAY_SIZE, attributeValue(capacity_), 0));
+    statement_.check(
+        SQLSetStmtAttr(handle, SQL_ATTR_ROW_STATUS_PTR, status_.data(), SQL_IS_POINTER));
+    SQLUSMALLINT number = 0;
+    for (Buffer& buffer : buffers_) {
+        buffer.data.resize(capacity_ * buffer.width);
+        buffer.indicators.assign(capacity_, SQL_NULL_DATA);
+        statement_.check(SQLBindCol(handle, ++number, buffer.type, buffer.data.data(),
+                                    static_cast<SQLLEN>(buffer.width), buffer.indicators.data()));
+    }
+    bound_ = true;
+}
+
+bool BlockReader::widenWhatWasCut() {
+    bool cut = false;
+    for (Buffer& buffer : buffers_) {
+        if (buffer.type != SQL_C_CHAR) continue;
+        std::size_t needed = buffer.width;
+        for (std::size_t row = 0; row < fetched_; ++row) {
+            const SQLLEN length = buffer.indicators[row];
+            if (length == SQL_NO_TOTAL)
+                needed = std::max(needed, 2 * buffer.width);
+            else if (length >= static_cast<SQLLEN>(buffer.width))
+                needed = std::max(needed, static_cast<std::size_t>(length) + 1);
+        }
+        if (needed == buffer.width) continue;
+        // Doubling at least keeps the number of repeated fetches small.
+        buffer.width = std::max(needed, 2 * buffer.width);
+        cut = true;
+    }
+    return cut;
+}
+
+void BlockReader::checkRows(SQLRETURN result) const {
+    statement_.check(result);
+    const auto end = status_.begin() + static_cast<std::ptrdiff_t>(fetched_);
+    if (result == SQL_SUCCESS_WITH_INFO && std::find(status_.begin(), end, SQL_ROW_ERROR) != end)
+        throw RuntimeError(error_number::statementFailed, statement_.diagnostics());
+}
+
+}  // namespace catalogador

@@ -1,0 +1,50 @@
+#pragma once
+#include <optional>
+#include <string>
+#include <vector>
+
+#include "adapters/odbc/row_reader.h"
+
+namespace catalogador {
+
+/// Fetches blocks of rows into buffers of one array per column. A value that does not fit makes
+/// its column's buffer larger and the same block is fetched again, so the reported length of a
+/// column decides only how wide its buffer is at first.
+class BlockReader : public RowReader {
+  public:
+    BlockReader(const OdbcHandle& statement, Dialect dialect,
+                const std::vector<ColumnInfo>& columns);
+    ~BlockReader() override;
+    BlockReader(const BlockReader&) = delete;
+    BlockReader& operator=(const BlockReader&) = delete;
+
+    bool next() override;
+    [[nodiscard]] std::optional<std::string> cell(std::size_t column) const override;
+
+  private:
+    struct Buffer {
+        SQLSMALLINT type = SQL_C_CHAR;
+        std::size_t width = 0;
+        std::vector<char> data;
+        std::vector<SQLLEN> indicators;
+    };
+
+    bool fetchBlock();
+    void bind();
+    bool widenWhatWasCut();
+    void checkRows(SQLRETURN result) const;
+
+    const OdbcHandle& statement_;
+    std::vector<Buffer> buffers_;
+    std::vector<SQLUSMALLINT> status_;
+    /// Rows that a block may hold with the buffers as they are.
+    std::size_t capacity_ = 0;
+    SQLULEN fetched_ = 0;
+    std::size_t row_ = 0;
+    /// Number of the block's first row in the resultset, counted from 1.
+    SQLLEN blockStart_ = 1;
+    bool bound_ = false;
+    bool ended_ = false;
+};
+
+}  // namespace catalogador

@@ -1,0 +1,53 @@
+#include "adapters/odbc/bound_parameters.h"
+
+#include <algorithm>
+
+namespace catalogador {
+
+namespace {
+
+struct Binding {
+    SQLSMALLINT cType;
+    const void* data;
+    std::size_t size;
+};
+
+Binding bindingOf(const Parameter& parameter) {
+    if (const auto* text = std::get_if<std::string>(&parameter.value))
+        return {SQL_C_CHAR, text->data(), text->size()};
+    if (const auto* flag = std::get_if<bool>(&parameter.value))
+        return {SQL_C_BIT, flag, sizeof *flag};
+    if (const auto* number = std::get_if<double>(&parameter.value))
+        return {SQL_C_DOUBLE, number, sizeof *number};
+    const auto* number = std::get_if<std::int64_t>(&parameter.value);
+    return {SQL_C_SBIGINT, number, sizeof *number};
+}
+
+}  // namespace
+
+BoundParameters::BoundParameters(const OdbcHandle& statement,
+                                 const std::vector<Parameter>& parameters)
+    : statement_(statement), indicators_(parameters.size()) {
+    SQLUSMALLINT number = 0;
+    for (const Parameter& parameter : parameters) {
+        bind(static_cast<SQLUSMALLINT>(number + 1), parameter, indicators_[number]);
+        ++number;
+    }
+}
+
+BoundParameters::~BoundParameters() {
+    SQLFreeStmt(statement_.get(), SQL_RESET_PARAMS);
+}
+
+void BoundParameters::bind(SQLUSMALLINT number, const Parameter& parameter, SQLLEN& indicator) {
+    const Binding binding = bindingOf(parameter);
+    indicator = static_cast<SQLLEN>(binding.size);
+    // Drivers refuse a declared length of 0, also for an empty text.
+    const SQLULEN declared = std::max<SQLULEN>(binding.size, 1);
+    statement_.check(SQLBindParameter(statement_.get(), number, SQL_PARAM_INPUT, binding.cType,
+                                      static_cast<SQLSMALLINT>(parameter.sqlType), declared, 0,
+                                      const_cast<void*>(binding.data),
+                                      static_cast<SQLLEN>(binding.size), &indicator));
+}
+
+}  // namespace catalogador

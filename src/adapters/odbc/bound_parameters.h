@@ -1,0 +1,25 @@
+#pragma once
+#include <vector>
+
+#include "adapters/odbc/odbc_handle.h"
+#include "adapters/odbc/write_statements.h"
+
+namespace catalogador {
+
+/// Values bound to the "?" of a statement for as long as this lives.
+class BoundParameters {
+  public:
+    /// `parameters` must outlive this.
+    BoundParameters(const OdbcHandle& statement, const std::vector<Parameter>& parameters);
+    ~BoundParameters();
+    BoundParameters(const BoundParameters&) = delete;
+    BoundParameters& operator=(const BoundParameters&) = delete;
+
+  private:
+    void bind(SQLUSMALLINT number, const Parameter& parameter, SQLLEN& indicator);
+
+    const OdbcHandle& statement_;
+    std::vector<SQLLEN> indicators_;
+};
+
+}  // namespace catalogador

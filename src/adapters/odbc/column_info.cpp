@@ -1,0 +1,183 @@
+#include "adapters/odbc/column_info.h"
+
+#include <sql.h>
+#include <sqlext.h>
+
+#include <algorithm>
+#include <array>
+#include <charconv>
+#include <cmath>
+
+#include "platform/rdo.h"
+#include "runtime/convert.h"
+#include "runtime/text.h"
+
+namespace catalogador {
+
+namespace {
+
+struct NamePart {
+    std::string_view part;
+    ColumnKind kind;
+};
+
+/// Looked for in this order inside the declared type, as SQLite itself does.
+constexpr std::array<NamePart, 21> sqliteNames{{
+    {"BOOL", ColumnKind::boolean},        {"INT", ColumnKind::integer},
+    {"CHAR", ColumnKind::text},           {"CLOB", ColumnKind::text},
+    {"TEXT", ColumnKind::text},           {"STRING", ColumnKind::text},
+    {"BLOB", ColumnKind::binary},         {"BINARY", ColumnKind::binary},
+    {"BYTEA", ColumnKind::binary},        {"IMAGE", ColumnKind::binary},
+    {"REAL", ColumnKind::real},           {"FLOA", ColumnKind::real},
+    {"DOUB", ColumnKind::real},           {"DEC", ColumnKind::decimal},
+    {"NUM", ColumnKind::decimal},         {"MONEY", ColumnKind::decimal},
+    {"CURRENCY", ColumnKind::decimal},    {"DATETIME", ColumnKind::timestamp},
+    {"TIMESTAMP", ColumnKind::timestamp}, {"DATE", ColumnKind::date},
+    {"TIME", ColumnKind::time},
+}};
+
+ColumnKind kindOfCode(int sqlType) {
+    switch (sqlType) {
+        case SQL_BIT:
+            return ColumnKind::boolean;
+        case SQL_TINYINT:
+        case SQL_SMALLINT:
+        case SQL_INTEGER:
+        case SQL_BIGINT:
+            return ColumnKind::integer;
+        case SQL_NUMERIC:
+        case SQL_DECIMAL:
+            return ColumnKind::decimal;
+        case SQL_REAL:
+            return ColumnKind::single;
+        case SQL_FLOAT:
+        case SQL_DOUBLE:
+            return ColumnKind::real;
+        case SQL_DATE:
+        case SQL_TYPE_DATE:
+            return ColumnKind::date;
+        case SQL_TIME:
+        case SQL_TYPE_TIME:
+            return ColumnKind::time;
+        case SQL_TIMESTAMP:
+        case SQL_TYPE_TIMESTAMP:
+            return ColumnKind::timestamp;
+        case SQL_CHAR:
+        case SQL_VARCHAR:
+        case SQL_LONGVARCHAR:
+        case SQL_WCHAR:
+        case SQL_WVARCHAR:
+        case SQL_WLONGVARCHAR:
+            return ColumnKind::text;
+        case SQL_BINARY:
+        case SQL_VARBINARY:
+        case SQL_LONGVARBINARY:
+            return ColumnKind::binary;
+        default:
+            return ColumnKind::other;
+    }
+}
+
+std::optional<std::int64_t> wholeNumber(std::string_view text) {
+    std::int64_t value = 0;
+    if (text.starts_with('+')) text.remove_prefix(1);
+    const auto [end, error] = std::from_chars(text.data(), text.data() + text.size(), value);
+    if (error != std::errc() || end != text.data() + text.size()) return std::nullopt;
+    return value;
+}
+
+Variant numberOrText(std::string text) {
+    if (const auto number = finiteNumber(text)) return *number;
+    return text;
+}
+
+Variant integerOf(std::string text) {
+    if (const auto number = wholeNumber(text)) return *number;
+    const bool beyondRange = isPlainDecimal(text) && text.find('.') == std::string::npos;
+    return beyondRange ? Variant(Decimal{std::move(text)}) : numberOrText(std::move(text));
+}
+
+Variant booleanOf(std::string text) {
+    if (const auto number = wholeNumber(text)) return *number != 0;
+    return text;
+}
+
+Variant dateOf(std::string text) {
+    if (const auto date = dateFromIso(text)) return *date;
+    return text;
+}
+
+}  // namespace
+
+ColumnKind columnKind(Dialect dialect, int sqlType, std::string_view typeName) {
+    const std::string name = upperCase(typeName);
+    if (dialect == Dialect::postgresql && name == "BOOL") return ColumnKind::boolean;
+    if (dialect != Dialect::sqlite) return kindOfCode(sqlType);
+    if (name == "BIT" || name.starts_with("BIT(")) return ColumnKind::boolean;
+    const auto known = std::find_if(sqliteNames.begin(), sqliteNames.end(), [&](const auto& entry) {
+        return name.find(entry.part) != std::string::npos;
+    });
+    return known != sqliteNames.end() ? known->kind : kindOfCode(sqlType);
+}
+
+int columnTypeCode(const ColumnInfo& column) {
+    switch (column.kind) {
+        case ColumnKind::boolean:
+            return bitColumnType;
+        case ColumnKind::decimal:
+            return column.sqlType == SQL_NUMERIC ? SQL_NUMERIC : SQL_DECIMAL;
+        case ColumnKind::date:
+            return SQL_TYPE_DATE;
+        case ColumnKind::time:
+            return SQL_TYPE_TIME;
+        case ColumnKind::timestamp:
+            return SQL_TYPE_TIMESTAMP;
+        default:
+            return column.sqlType;
+    }
+}
+
+Variant variantOf(std::string text, ColumnKind kind) {
+    switch (kind) {
+        case ColumnKind::boolean:
+            return booleanOf(std::move(text));
+        case ColumnKind::integer:
+            return integerOf(std::move(text));
+        case ColumnKind::decimal:
+            return isPlainDecimal(text) ? Variant(Decimal{std::move(text)})
+                                        : numberOrText(std::move(text));
+        case ColumnKind::single:
+        case ColumnKind::real:
+            return numberOrText(std::move(text));
+        case ColumnKind::date:
+        case ColumnKind::timestamp:
+            return dateOf(std::move(text));
+        default:
+            return text;
+    }
+}
+
+bool isPlainDecimal(std::string_view text) {
+    if (text.starts_with('-') || text.starts_with('+')) text.remove_prefix(1);
+    const auto isDigit = [](char c) { return c >= '0' && c <= '9'; };
+    const auto digits = std::count_if(text.begin(), text.end(), isDigit);
+    const auto points = std::count(text.begin(), text.end(), '.');
+    return digits > 0 && points <= 1 && static_cast<std::size_t>(digits + points) == text.size();
+}
+
+std::optional<double> finiteNumber(std::string_view text) {
+    double value = 0;
+    if (text.starts_with('+')) text.remove_prefix(1);
+    const auto [end, error] = std::from_chars(text.data(), text.data() + text.size(), value);
+    if (error != std::errc() || end != text.data() + text.size() || !std::isfinite(value))
+        return std::nullopt;
+    return value;
+}
+
+std::string shortestText(double value) {
+    std::array<char, 32> buffer{};
+    const auto result = std::to_chars(buffer.data(), buffer.data() + buffer.size(), value);
+    return {buffer.data(), result.ptr};
+}
+
+}  // namespace catalogador

@@ -1,0 +1,234 @@
+#include "adapters/odbc/odbc_resultset.h"
+
+#include <algorithm>
+
+#include "adapters/odbc/statement_text.h"
+#include "runtime/error.h"
+#include "runtime/text.h"
+
+namespace catalogador {
+
+namespace {
+
+char lowerCase(char c) {
+    return c >= 'A' && c <= 'Z' ? static_cast<char>(c - 'A' + 'a') : c;
+}
+
+bool sameName(std::string_view left, std::string_view right) {
+    return std::equal(left.begin(), left.end(), right.begin(), right.end(),
+                      [](char a, char b) { return lowerCase(a) == lowerCase(b); });
+}
+
+}  // namespace
+
+OdbcResultset::OdbcResultset(std::shared_ptr<OdbcSession> session, const std::string& sql)
+    : session_(std::move(session)),
+      statement_(session_->execute(sql)),
+      columns_(session_->columnsOf(statement_, sql)),
+      table_(writableTable(sql, session_->syntax())) {
+    for (const ColumnInfo& column : columns_)
+        descriptions_.push_back({column.name, columnTypeCode(column)});
+    if (columns_.empty()) return;
+    reader_ = makeRowReader(statement_, session_->dialect(), columns_);
+    if (reader_->next()) row_ = Row::current;
+}
+
+void OdbcResultset::MoveNext() {
+    requireOpen();
+    if (row_ == Row::none) throw RuntimeError(error_number::noCurrentRow, "No current row");
+    mode_ = Mode::reading;
+    assigned_.clear();
+    written_.clear();
+    row_ = reader_->next() ? Row::current : Row::none;
+}
+
+int OdbcResultset::columnCount() const {
+    return static_cast<int>(columns_.size());
+}
+
+const ColumnDescription& OdbcResultset::column(int index) const {
+    return descriptions_[checked(index)];
+}
+
+Variant OdbcResultset::value(int index) const {
+    requireOpen();
+    const std::size_t number = checked(index);
+    if (const Assigned* set = assigned(number)) return set->value;
+    if (mode_ == Mode::adding) return Null{};
+    requireCurrentRow();
+    if (const auto written = written_.find(number); written != written_.end())
+        return written->second;
+    auto text = reader_->cell(number);
+    return text ? variantOf(std::move(*text), columns_[number].kind) : Variant();
+}
+
+Variant OdbcResultset::value(std::string_view name) const {
+    return value(static_cast<int>(indexOf(name)));
+}
+
+void OdbcResultset::AddNew() {
+    requireOpen();
+    requireWritable();
+    mode_ = Mode::adding;
+    assigned_.clear();
+}
+
+void OdbcResultset::Edit() {
+    requireOpen();
+    requireCurrentRow();
+    requireWritable();
+    mode_ = Mode::editing;
+    assigned_.clear();
+}
+
+void OdbcResultset::setValue(std::string_view name, Variant value) {
+    requireOpen();
+    const std::size_t index = indexOf(name);
+    if (mode_ == Mode::reading)
+        throw RuntimeError(error_number::invalidProcedureCall,
+                           "A column is set after Edit or AddNew only");
+    if (columns_[index].baseName.empty())
+        throw RuntimeError(error_number::columnNotFound,
+                           "The column " + columns_[index].name + " is computed");
+    const auto set = std::find_if(assigned_.begin(), assigned_.end(),
+                                  [&](const Assigned& a) { return a.column == index; });
+    if (set != assigned_.end())
+        set->value = std::move(value);
+    else
+        assigned_.push_back({index, std::string(name), std::move(value)});
+}
+
+void OdbcResultset::Update() {
+    requireOpen();
+    switch (mode_) {
+        case Mode::reading:
+            throw RuntimeError(error_number::invalidProcedureCall,
+                               "Update needs an Edit or AddNew before it");
+        case Mode::adding:
+            insertRow();
+            break;
+        case Mode::editing:
+            updateRow();
+            break;
+    }
+    mode_ = Mode::reading;
+    assigned_.clear();
+}
+
+void OdbcResultset::Delete() {
+    requireOpen();
+    requireCurrentRow();
+    requireWritable();
+    const auto statement = deleteStatement(session_->dialect(), *table_, expectedValues());
+    mode_ = Mode::reading;
+    assigned_.clear();
+    tellListener("delete");
+    writeOneRow(statement, false);
+    row_ = Row::deleted;
+}
+
+void OdbcResultset::Close() {
+    reader_.reset();
+    statement_ = OdbcHandle();
+    open_ = false;
+    row_ = Row::none;
+    mode_ = Mode::reading;
+    assigned_.clear();
+    written_.clear();
+}
+
+std::size_t OdbcResultset::checked(int index) const {
+    if (index < 0 || index >= columnCount())
+        throw RuntimeError(error_number::columnNotFound,
+                           "There is no column number " + decimalText(index));
+    return static_cast<std::size_t>(index);
+}
+
+std::size_t OdbcResultset::indexOf(std::string_view name) const {
+    const auto found = std::find_if(columns_.begin(), columns_.end(),
+                                    [&](const ColumnInfo& c) { return sameName(c.name, name); });
+    if (found == columns_.end())
+        throw RuntimeError(error_number::columnNotFound, "There is no column " + std::string(name));
+    return static_cast<std::size_t>(found - columns_.begin());
+}
+
+const OdbcResultset::Assigned* OdbcResultset::assigned(std::size_t column) const {
+    const auto set = std::find_if(assigned_.begin(), assigned_.end(),
+                                  [&](const Assigned& a) { return a.column == column; });
+    return set == assigned_.end() ? nullptr : &*set;
+}
+
+void OdbcResultset::requireWritable() const {
+    if (!table_)
+        throw RuntimeError(error_number::statementFailed,
+                           "The rows cannot be written: they are not those of one table");
+}
+
+void OdbcResultset::requireCurrentRow() const {
+    if (row_ != Row::current) throw RuntimeError(error_number::noCurrentRow, "No current row");
+}
+
+void OdbcResultset::requireOpen() const {
+    if (!open_) throw RuntimeError(error_number::objectNotSet, "The resultset is closed");
+}
+
+std::vector<ExpectedValue> OdbcResultset::expectedValues() const {
+    std::vector<ExpectedValue> expected;
+    for (std::size_t index = 0; index < columns_.size(); ++index) {
+        ExpectedValue value{&columns_[index], reader_->cell(index)};
+        if (const auto written = written_.find(index); written != written_.end())
+            value.value = written->second;
+        expected.push_back(std::move(value));
+    }
+    return expected;
+}
+
+std::vector<Assignment> OdbcResultset::assignments() const {
+    std::vector<Assignment> all;
+    for (const Assigned& set : assigned_) all.push_back({&columns_[set.column], set.value});
+    return all;
+}
+
+void OdbcResultset::insertRow() {
+    const auto statement = insertStatement(session_->dialect(), *table_, assignments());
+    tellListener("insert");
+    OdbcTransaction transaction(*session_);
+    session_->write(statement);
+    transaction.commit();
+}
+
+void OdbcResultset::updateRow() {
+    if (assigned_.empty()) return;
+    const auto statement =
+        updateStatement(session_->dialect(), *table_, assignments(), expectedValues());
+    tellListener("update");
+    writeOneRow(statement, true);
+    for (const Assigned& set : assigned_) written_[set.column] = set.value;
+}
+
+void OdbcResultset::tellListener(std::string_view kind) const {
+    if (session_->listener == nullptr) return;
+    std::vector<std::pair<std::string, Variant>> columns;
+    for (const Assigned& set : assigned_) columns.emplace_back(set.name, set.value);
+    session_->listener->written(kind, *table_, columns);
+}
+
+void OdbcResultset::writeOneRow(const ParameterizedStatement& statement, bool countUnchanged) {
+    OdbcTransaction transaction(*session_);
+    std::int64_t touched = session_->write(statement);
+    if (touched == 0 && countUnchanged && session_->dialect() == Dialect::mariadb) {
+        // A row that had these values already is not counted as touched.
+        const auto count = countStatement(session_->dialect(), *table_, expectedValues());
+        const auto rows = session_->query(count.text, count.parameters);
+        touched = *rows.at(0).at(0).as<std::int64_t>();
+    }
+    if (touched == 0)
+        throw RuntimeError(error_number::rowChanged,
+                           "The row was changed or removed by another user since it was read");
+    if (touched > 1)
+        throw RuntimeError(error_number::statementFailed,
+                           "Several rows have the values of this row; none of them was written");
+    transaction.commit();
+}
+
+}  // namespace catalogador

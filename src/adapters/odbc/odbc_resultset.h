@@ -1,0 +1,72 @@
+#pragma once
+#include <map>
+#include <memory>
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include "adapters/odbc/odbc_handle.h"
+#include "adapters/odbc/odbc_session.h"
+#include "adapters/odbc/row_reader.h"
+#include "platform/rdo.h"
+
+namespace catalogador {
+
+/// Rows read forward over ODBC. Their table is found in the text of the SELECT; rows of several
+/// tables, grouped or made distinct can only be read.
+class OdbcResultset : public rdoResultset {
+  public:
+    /// Runs the statement. Raises RuntimeError (statementFailed).
+    OdbcResultset(std::shared_ptr<OdbcSession> session, const std::string& sql);
+
+    [[nodiscard]] bool atEnd() const override { return row_ == Row::none; }
+    void MoveNext() override;
+    [[nodiscard]] int columnCount() const override;
+    [[nodiscard]] const ColumnDescription& column(int index) const override;
+    [[nodiscard]] Variant value(int index) const override;
+    [[nodiscard]] Variant value(std::string_view name) const override;
+    void AddNew() override;
+    void Edit() override;
+    void setValue(std::string_view name, Variant value) override;
+    void Update() override;
+    void Delete() override;
+    void Close() override;
+
+  private:
+    enum class Row { none, current, deleted };
+    enum class Mode { reading, editing, adding };
+    struct Assigned {
+        std::size_t column;
+        /// As the caller spelled it.
+        std::string name;
+        Variant value;
+    };
+
+    [[nodiscard]] std::size_t checked(int index) const;
+    [[nodiscard]] std::size_t indexOf(std::string_view name) const;
+    [[nodiscard]] const Assigned* assigned(std::size_t column) const;
+    void requireWritable() const;
+    void requireCurrentRow() const;
+    void requireOpen() const;
+    [[nodiscard]] std::vector<ExpectedValue> expectedValues() const;
+    [[nodiscard]] std::vector<Assignment> assignments() const;
+    void insertRow();
+    void updateRow();
+    void tellListener(std::string_view kind) const;
+    void writeOneRow(const ParameterizedStatement& statement, bool countUnchanged);
+
+    std::shared_ptr<OdbcSession> session_;
+    OdbcHandle statement_;
+    std::vector<ColumnInfo> columns_;
+    std::vector<ColumnDescription> descriptions_;
+    std::unique_ptr<RowReader> reader_;
+    std::optional<std::string> table_;
+    Row row_ = Row::none;
+    Mode mode_ = Mode::reading;
+    bool open_ = true;
+    std::vector<Assigned> assigned_;
+    /// What Update wrote to the current row, by column.
+    std::map<std::size_t, Variant> written_;
+};
+
+}  // namespace catalogador

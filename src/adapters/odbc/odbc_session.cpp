@@ -1,0 +1,269 @@
+#include "adapters/odbc/odbc_session.h"
+
+#include <algorithm>
+#include <array>
+
+#include "adapters/odbc/bound_parameters.h"
+#include "adapters/odbc/connection_string.h"
+#include "adapters/odbc/row_reader.h"
+#include "runtime/error.h"
+#include "runtime/text.h"
+
+namespace catalogador {
+
+namespace {
+
+constexpr std::size_t longestName = 1024;
+
+Dialect dialectOf(std::string_view product) {
+    if (containsText(product, "SQLite", Compare::text)) return Dialect::sqlite;
+    if (containsText(product, "PostgreSQL", Compare::text)) return Dialect::postgresql;
+    if (containsText(product, "MariaDB", Compare::text) ||
+        containsText(product, "MySQL", Compare::text))
+        return Dialect::mariadb;
+    return Dialect::other;
+}
+
+SQLCHAR* sqlText(const std::string& text) {
+    return reinterpret_cast<SQLCHAR*>(const_cast<char*>(text.data()));
+}
+
+std::string textAttribute(const OdbcHandle& statement, SQLUSMALLINT column, SQLUSMALLINT field) {
+    std::array<char, longestName> text{};
+    SQLSMALLINT length = 0;
+    const SQLRETURN result =
+        SQLColAttribute(statement.get(), column, field, text.data(),
+                        static_cast<SQLSMALLINT>(text.size()), &length, nullptr);
+    return SQL_SUCCEEDED(result) ? std::string(text.data()) : std::string();
+}
+
+ColumnInfo describeColumn(const OdbcHandle& statement, Dialect dialect, SQLUSMALLINT number) {
+    std::array<SQLCHAR, longestName> name{};
+    SQLSMALLINT length = 0;
+    SQLSMALLINT type = 0;
+    SQLSMALLINT digits = 0;
+    SQLSMALLINT nullable = 0;
+    SQLULEN size = 0;
+    statement.check(SQLDescribeCol(statement.get(), number, name.data(),
+                                   static_cast<SQLSMALLINT>(name.size()), &length, &type, &size,
+                                   &digits, &nullable));
+    ColumnInfo column;
+    column.name = reinterpret_cast<const char*>(name.data());
+    // Drivers give a computed column a name, but no table.
+    if (!textAttribute(statement, number, SQL_DESC_BASE_TABLE_NAME).empty())
+        column.baseName = textAttribute(statement, number, SQL_DESC_BASE_COLUMN_NAME);
+    column.typeName = textAttribute(statement, number, SQL_DESC_TYPE_NAME);
+    column.sqlType = type;
+    column.reportedLength = static_cast<std::size_t>(size);
+    column.kind = columnKind(dialect, type, column.typeName);
+    return column;
+}
+
+/// The driver of SQLite takes a column's alias for its name. Beside a "*" the position of a column
+/// is known only from the nearer end of the list.
+void resolveAliases(std::vector<ColumnInfo>& columns, const std::vector<SelectItem>& items) {
+    const auto resolve = [](ColumnInfo& column, const SelectItem& item) {
+        if (!column.baseName.empty() && !item.aliasedColumn.empty())
+            column.baseName = item.aliasedColumn;
+    };
+    const auto isStar = [](const SelectItem& item) { return item.isStar; };
+    const auto star = std::find_if(items.begin(), items.end(), isStar);
+    auto column = columns.begin();
+    for (auto item = items.begin(); item != star && column != columns.end(); ++item)
+        resolve(*column++, *item);
+    if (star == items.end()) return;
+    const auto lastStar = std::find_if(items.rbegin(), items.rend(), isStar);
+    auto fromEnd = columns.rbegin();
+    for (auto item = items.rbegin(); item != lastStar && fromEnd != columns.rend(); ++item)
+        resolve(*fromEnd++, *item);
+}
+
+}  // namespace
+
+OdbcSession::OdbcSession(const std::string& connectionString)
+    : environment_(SQL_HANDLE_ENV, nullptr) {
+    environment_.check(
+        SQLSetEnvAttr(environment_.get(), SQL_ATTR_ODBC_VERSION, attributeValue(SQL_OV_ODBC3), 0));
+    connection_ = OdbcHandle(SQL_HANDLE_DBC, environment_.get());
+    connect(connectionString);
+    try {
+        prepareDialect();
+    } catch (...) {
+        SQLDisconnect(connection_.get());
+        throw;
+    }
+    connected_ = true;
+}
+
+OdbcSession::~OdbcSession() {
+    if (!connected_) return;
+    if (transactions_ > 0) SQLEndTran(SQL_HANDLE_DBC, connection_.get(), SQL_ROLLBACK);
+    SQLDisconnect(connection_.get());
+}
+
+void OdbcSession::connect(const std::string& connectionString) {
+    const SQLRETURN result = SQLDriverConnect(connection_.get(), nullptr, sqlText(connectionString),
+                                              static_cast<SQLSMALLINT>(connectionString.size()),
+                                              nullptr, 0, nullptr, SQL_DRIVER_NOPROMPT);
+    if (SQL_SUCCEEDED(result)) return;
+    throw RuntimeError(error_number::statementFailed,
+                       withoutPasswords(connection_.diagnostics(), connectionString));
+}
+
+void OdbcSession::prepareDialect() {
+    std::array<char, longestName> product{};
+    SQLSMALLINT length = 0;
+    SQLGetInfo(connection_.get(), SQL_DBMS_NAME, product.data(),
+               static_cast<SQLSMALLINT>(product.size()), &length);
+    dialect_ = dialectOf(product.data());
+    syntax_ = syntaxOf(dialect_);
+    if (dialect_ == Dialect::postgresql) {
+        // Texts must be read by the server as they are read here.
+        run("SET standard_conforming_strings = on", {});
+        run("SET lock_timeout = '5s'", {});
+    } else if (dialect_ == Dialect::mariadb) {
+        run("SET SESSION innodb_lock_wait_timeout = 5", {});
+        const auto rows = query("SELECT @@SESSION.sql_mode", {});
+        const auto* mode = rows.empty() ? nullptr : rows[0][0].as<std::string>();
+        const auto has = [&](const char* flag) {
+            return mode != nullptr && mode->find(flag) != std::string::npos;
+        };
+        syntax_.backslashEscapes = !has("NO_BACKSLASH_ESCAPES");
+        syntax_.doubleQuotedTexts = !has("ANSI_QUOTES");
+    }
+}
+
+OdbcHandle OdbcSession::execute(const std::string& sql, const std::vector<Parameter>& parameters,
+                                std::string* warnings) {
+    std::string text = singleStatement(sql, syntax_);
+    // The driver looks for quotes and "?" inside of comments too.
+    if (dialect_ == Dialect::sqlite) text = withoutComments(text, syntax_);
+    OdbcHandle statement(SQL_HANDLE_STMT, connection_.get());
+    // Drivers that lack one of these say so, and what they do then is found out later.
+    SQLSetStmtAttr(statement.get(), SQL_ATTR_CURSOR_TYPE, attributeValue(SQL_CURSOR_STATIC), 0);
+    SQLSetStmtAttr(statement.get(), SQL_ATTR_NOSCAN, attributeValue(SQL_NOSCAN_ON), 0);
+    BoundParameters bound(statement, parameters);
+    const SQLRETURN result =
+        SQLExecDirect(statement.get(), sqlText(text), static_cast<SQLINTEGER>(text.size()));
+    statement.check(result);
+    if (warnings != nullptr && result == SQL_SUCCESS_WITH_INFO) *warnings = statement.diagnostics();
+    return statement;
+}
+
+std::vector<ColumnInfo> OdbcSession::columnsOf(const OdbcHandle& statement,
+                                               const std::string& sql) const {
+    SQLSMALLINT count = 0;
+    statement.check(SQLNumResultCols(statement.get(), &count));
+    std::vector<ColumnInfo> columns;
+    for (SQLSMALLINT number = 1; number <= count; ++number)
+        columns.push_back(describeColumn(statement, dialect_, static_cast<SQLUSMALLINT>(number)));
+    const bool namesUnknown = std::all_of(columns.begin(), columns.end(),
+                                          [](const ColumnInfo& c) { return c.baseName.empty(); });
+    if (namesUnknown && dialect_ == Dialect::other)
+        for (ColumnInfo& column : columns) column.baseName = column.name;
+    if (dialect_ == Dialect::sqlite) resolveAliases(columns, selectItems(sql, syntax_));
+    return columns;
+}
+
+std::int64_t OdbcSession::touchedRows(const OdbcHandle& statement) {
+    SQLLEN count = -1;
+    SQLRowCount(statement.get(), &count);
+    return count;
+}
+
+std::vector<std::vector<Variant>> OdbcSession::query(const std::string& sql,
+                                                     const std::vector<Parameter>& parameters) {
+    const OdbcHandle statement = execute(sql, parameters);
+    const auto columns = columnsOf(statement, sql);
+    std::vector<std::vector<Variant>> rows;
+    if (columns.empty()) return rows;
+    const auto reader = makeRowReader(statement, dialect_, columns);
+    while (reader->next()) {
+        auto& row = rows.emplace_back(columns.size());
+        for (std::size_t column = 0; column < columns.size(); ++column)
+            if (auto text = reader->cell(column))
+                row[column] = variantOf(std::move(*text), columns[column].kind);
+    }
+    return rows;
+}
+
+std::int64_t OdbcSession::run(const std::string& sql, const std::vector<Parameter>& parameters) {
+    return touchedRows(execute(sql, parameters));
+}
+
+std::int64_t OdbcSession::write(const ParameterizedStatement& statement) {
+    std::string warnings;
+    const OdbcHandle handle = execute(statement.text, statement.parameters, &warnings);
+    // MariaDB is content with what it could make of a bound value ("12,5" would become 12).
+    if (dialect_ == Dialect::mariadb && !warnings.empty())
+        throw RuntimeError(error_number::statementFailed, warnings);
+    return touchedRows(handle);
+}
+
+void OdbcSession::begin() {
+    if (transactions_ > 0)
+        run("SAVEPOINT " + savepoint(), {});
+    else if (dialect_ == Dialect::sqlite)
+        // A lock that is taken at once can be waited for; one that is taken later may fail.
+        run("BEGIN IMMEDIATE", {});
+    else
+        setAutocommit(false);
+    ++transactions_;
+}
+
+void OdbcSession::commit() {
+    if (transactions_ > 1) {
+        --transactions_;
+        run("RELEASE SAVEPOINT " + savepoint(), {});
+        return;
+    }
+    endTransaction(SQL_COMMIT);
+}
+
+void OdbcSession::rollback() {
+    if (transactions_ > 1) {
+        --transactions_;
+        run("ROLLBACK TO SAVEPOINT " + savepoint(), {});
+        return;
+    }
+    endTransaction(SQL_ROLLBACK);
+}
+
+void OdbcSession::endTransaction(SQLSMALLINT how) {
+    if (transactions_ == 0)
+        throw RuntimeError(error_number::invalidProcedureCall, "No transaction was begun");
+    if (dialect_ == Dialect::sqlite) {
+        run(how == SQL_COMMIT ? "COMMIT" : "ROLLBACK", {});
+        transactions_ = 0;
+        return;
+    }
+    connection_.check(SQLEndTran(SQL_HANDLE_DBC, connection_.get(), how));
+    transactions_ = 0;
+    setAutocommit(true);
+}
+
+void OdbcSession::setAutocommit(bool on) {
+    connection_.check(SQLSetConnectAttr(connection_.get(), SQL_ATTR_AUTOCOMMIT,
+                                        attributeValue(on ? SQL_AUTOCOMMIT_ON : SQL_AUTOCOMMIT_OFF),
+                                        0));
+}
+
+std::string OdbcSession::savepoint() const {
+    return "catalogador_" + decimalText(transactions_);
+}
+
+OdbcTransaction::~OdbcTransaction() {
+    if (!open_) return;
+    try {
+        session_.rollback();
+    } catch (const RuntimeError&) {
+        // The database has ended the transaction itself; the first error is on its way already.
+    }
+}
+
+void OdbcTransaction::commit() {
+    session_.commit();
+    open_ = false;
+}
+
+}  // namespace catalogador

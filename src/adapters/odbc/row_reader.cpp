@@ -1,0 +1,43 @@
+#include "adapters/odbc/row_reader.h"
+
+#include <cstring>
+
+#include "adapters/odbc/block_reader.h"
+#include "adapters/odbc/single_row_reader.h"
+
+namespace catalogador {
+
+SQLSMALLINT transferType(Dialect dialect, ColumnKind kind) {
+    // The driver of SQLite has nothing but texts, and its columns may hold anything.
+    if (dialect == Dialect::sqlite) return SQL_C_CHAR;
+    switch (kind) {
+        // As SQL_C_BIT, the driver of MariaDB does not tell a bound value from Null.
+        case ColumnKind::boolean:
+            return SQL_C_UTINYINT;
+        case ColumnKind::single:
+        case ColumnKind::real:
+            return SQL_C_DOUBLE;
+        default:
+            return SQL_C_CHAR;
+    }
+}
+
+std::string textOfTransferred(SQLSMALLINT type, const char* data, std::size_t length) {
+    if (type == SQL_C_UTINYINT) return *data != 0 ? "1" : "0";
+    if (type != SQL_C_DOUBLE) return {data, length};
+    double value = 0;
+    std::memcpy(&value, data, sizeof value);
+    return shortestText(value);
+}
+
+std::unique_ptr<RowReader> makeRowReader(const OdbcHandle& statement, Dialect dialect,
+                                         const std::vector<ColumnInfo>& columns) {
+    SQLULEN cursor = SQL_CURSOR_FORWARD_ONLY;
+    SQLGetStmtAttr(statement.get(), SQL_ATTR_CURSOR_TYPE, &cursor, 0, nullptr);
+    // Unknown drivers are not trusted to find their way back to the start of a block.
+    if (cursor == SQL_CURSOR_FORWARD_ONLY || dialect == Dialect::other)
+        return std::make_unique<SingleRowReader>(statement, dialect, columns);
+    return std::make_unique<BlockReader>(statement, dialect, columns);
+}
+
+}  // namespace catalogador

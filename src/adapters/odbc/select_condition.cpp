@@ -1,0 +1,58 @@
+#include "adapters/odbc/select_condition.h"
+
+#include <algorithm>
+#include <array>
+
+#include "runtime/text.h"
+
+namespace catalogador {
+
+namespace {
+
+bool isWord(const SqlToken& token, std::string_view word) {
+    return token.kind == TokenKind::word && equalText(token.text, word);
+}
+
+bool endsCondition(const SqlToken& token) {
+    constexpr std::array<std::string_view, 5> words{"order", "limit", "for", "offset", "fetch"};
+    return token.kind == TokenKind::separator ||
+           std::any_of(words.begin(), words.end(),
+                       [&](std::string_view word) { return isWord(token, word); });
+}
+
+bool isNamePart(const SqlToken& token) {
+    return token.kind == TokenKind::word || token.kind == TokenKind::quotedName ||
+           token.text == ".";
+}
+
+}  // namespace
+
+std::string selectCondition(std::string_view sql, const SqlSyntax& syntax) {
+    int depth = 0;
+    bool afterFrom = false;
+    bool nameBefore = false;
+    const char* start = nullptr;
+    const char* stop = sql.data() + sql.size();
+    for (const SqlToken& token : tokensOf(sql, syntax)) {
+        if (token.text == "(") ++depth;
+        if (token.text == ")") --depth;
+        if (depth > 0) continue;
+        if (start != nullptr) {
+            if (!endsCondition(token)) continue;
+            stop = token.text.data();
+            break;
+        }
+        if (isWord(token, "where")) {
+            start = token.text.data() + token.text.size();
+        } else if (afterFrom) {
+            const bool isName = isNamePart(token) && token.text != ".";
+            if (isName && nameBefore) return {};
+            nameBefore = isName;
+        }
+        afterFrom = afterFrom || isWord(token, "from");
+    }
+    if (start == nullptr) return {};
+    return std::string(trim({start, static_cast<std::size_t>(stop - start)}));
+}
+
+}  // namespace catalogador

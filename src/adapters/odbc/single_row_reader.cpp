@@ -1,0 +1,44 @@
+#include "adapters/odbc/single_row_reader.h"
+
+namespace catalogador {
+
+namespace {
+
+constexpr std::size_t pieceBytes = std::size_t{64} << 10;
+
+}  // namespace
+
+SingleRowReader::SingleRowReader(const OdbcHandle& statement, Dialect dialect,
+                                 const std::vector<ColumnInfo>& columns)
+    : statement_(statement), cells_(columns.size()), piece_(pieceBytes) {
+    for (const ColumnInfo& column : columns) types_.push_back(transferType(dialect, column.kind));
+}
+
+bool SingleRowReader::next() {
+    const SQLRETURN result = SQLFetch(statement_.get());
+    statement_.check(result);
+    if (result == SQL_NO_DATA) return false;
+    for (std::size_t column = 0; column < types_.size(); ++column)
+        cells_[column] = read(static_cast<SQLUSMALLINT>(column + 1), types_[column]);
+    return true;
+}
+
+std::optional<std::string> SingleRowReader::read(SQLUSMALLINT number, SQLSMALLINT type) {
+    std::string text;
+    while (true) {
+        SQLLEN length = 0;
+        const SQLRETURN result = SQLGetData(statement_.get(), number, type, piece_.data(),
+                                            static_cast<SQLLEN>(piece_.size()), &length);
+        statement_.check(result);
+        if (result == SQL_NO_DATA) return text;
+        if (length == SQL_NULL_DATA) return std::nullopt;
+        const bool more = type == SQL_C_CHAR && result == SQL_SUCCESS_WITH_INFO &&
+                          (length == SQL_NO_TOTAL || length >= static_cast<SQLLEN>(piece_.size()));
+        // A piece that is followed by another ends with the terminator.
+        text += textOfTransferred(type, piece_.data(),
+                                  more ? piece_.size() - 1 : static_cast<std::size_t>(length));
+        if (!more) return text;
+    }
+}
+
+}  // namespace catalogador

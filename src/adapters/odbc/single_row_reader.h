@@ -1,0 +1,31 @@
+#pragma once
+#include <optional>
+#include <string>
+#include <vector>
+
+#include "adapters/odbc/row_reader.h"
+
+namespace catalogador {
+
+/// Fetches row by row and asks for each value in pieces until it is complete: what every driver
+/// can do.
+class SingleRowReader : public RowReader {
+  public:
+    SingleRowReader(const OdbcHandle& statement, Dialect dialect,
+                    const std::vector<ColumnInfo>& columns);
+
+    bool next() override;
+    [[nodiscard]] std::optional<std::string> cell(std::size_t column) const override {
+        return cells_[column];
+    }
+
+  private:
+    [[nodiscard]] std::optional<std::string> read(SQLUSMALLINT number, SQLSMALLINT type);
+
+    const OdbcHandle& statement_;
+    std::vector<SQLSMALLINT> types_;
+    std::vector<std::optional<std::string>> cells_;
+    std::vector<char> piece_;
+};
+
+}  // namespace catalogador

@@ -1,0 +1,307 @@
+#include "adapters/odbc/statement_text.h"
+
+#include <algorithm>
+#include <array>
+
+#include "runtime/error.h"
+#include "runtime/text.h"
+
+namespace catalogador {
+
+namespace {
+
+bool isBlank(char c) {
+    return c == ' ' || c == '\t' || c == '\n' || c == '\r' || c == '\f' || c == '\v';
+}
+
+bool isDigit(char c) {
+    return c >= '0' && c <= '9';
+}
+
+bool isWordStart(char c) {
+    return (c >= 'a' && c <= 'z') || (c >= 'A' && c <= 'Z') || c == '_' ||
+           static_cast<unsigned char>(c) >= 0x80;
+}
+
+bool isWordPart(char c) {
+    return isWordStart(c) || isDigit(c) || c == '$';
+}
+
+class Tokenizer {
+  public:
+    Tokenizer(std::string_view sql, const SqlSyntax& syntax) : sql_(sql), syntax_(syntax) {}
+
+    std::vector<SqlToken> run() {
+        std::vector<SqlToken> tokens;
+        while (position_ < sql_.size()) {
+            if (isBlank(sql_[position_])) {
+                ++position_;
+                continue;
+            }
+            const std::size_t start = position_;
+            const TokenKind kind = next();
+            tokens.push_back({kind, sql_.substr(start, position_ - start)});
+        }
+        return tokens;
+    }
+
+  private:
+    [[nodiscard]] char at(std::size_t offset) const {
+        const std::size_t index = position_ + offset;
+        return index < sql_.size() ? sql_[index] : '\0';
+    }
+
+    [[nodiscard]] bool startsWith(std::string_view what) const {
+        return sql_.substr(position_).starts_with(what);
+    }
+
+    /// Consumes one token, which must not begin with a blank.
+    TokenKind next() {
+        if (skipComment()) return TokenKind::comment;
+        if (syntax_.escapeStrings && (at(0) == 'E' || at(0) == 'e') && at(1) == '\'') {
+            ++position_;
+            return quoted('\'', true, TokenKind::text);
+        }
+        const char c = at(0);
+        if (c == '\'') return quoted('\'', syntax_.backslashEscapes, TokenKind::text);
+        if (c == '"')
+            return quoted('"', syntax_.doubleQuotedTexts && syntax_.backslashEscapes,
+                          syntax_.doubleQuotedTexts ? TokenKind::text : TokenKind::quotedName);
+        if (c == '`' && syntax_.backtickNames) return quoted('`', false, TokenKind::quotedName);
+        if (c == '[' && syntax_.bracketNames) return upTo("]", 1, TokenKind::quotedName);
+        if (c == '$' && syntax_.dollarQuotes && skipDollarQuoted()) return TokenKind::text;
+        if (isWordStart(c) || isDigit(c)) {
+            while (position_ < sql_.size() && isWordPart(sql_[position_])) ++position_;
+            return TokenKind::word;
+        }
+        ++position_;
+        return c == ';' ? TokenKind::separator : TokenKind::symbol;
+    }
+
+    bool skipComment() {
+        const bool dashes = startsWith("--") && (!syntax_.dashCommentNeedsBlank ||
+                                                 static_cast<unsigned char>(at(2)) <= ' ');
+        if (dashes || (syntax_.hashComments && at(0) == '#')) {
+            position_ = std::min(sql_.find('\n', position_), sql_.size());
+            return true;
+        }
+        if (!startsWith("/*")) return false;
+        if (syntax_.executableComments && (startsWith("/*!") || startsWith("/*M!"))) return false;
+        skipBlockComment();
+        return true;
+    }
+
+    void skipBlockComment() {
+        position_ += 2;
+        for (int depth = 1; depth > 0 && position_ < sql_.size();) {
+            if (startsWith("*/")) {
+                --depth;
+                position_ += 2;
+            } else if (syntax_.nestedComments && startsWith("/*")) {
+                ++depth;
+                position_ += 2;
+            } else {
+                ++position_;
+            }
+        }
+    }
+
+    TokenKind quoted(char quote, bool backslashes, TokenKind kind) {
+        ++position_;
+        while (position_ < sql_.size()) {
+            const char c = sql_[position_++];
+            if (c == '\\' && backslashes) {
+                if (position_ < sql_.size()) ++position_;
+            } else if (c == quote) {
+                if (at(0) != quote) return kind;
+                ++position_;
+            }
+        }
+        return kind;
+    }
+
+    TokenKind upTo(std::string_view end, std::size_t from, TokenKind kind) {
+        const std::size_t found = sql_.find(end, position_ + from);
+        position_ = found == std::string_view::npos ? sql_.size() : found + end.size();
+        return kind;
+    }
+
+    /// "$1" is a parameter and "a$b" a name: only "$$" and "$tag$" open a quotation.
+    bool skipDollarQuoted() {
+        std::size_t end = position_ + 1;
+        if (end < sql_.size() && isDigit(sql_[end])) return false;
+        while (end < sql_.size() && (isWordStart(sql_[end]) || isDigit(sql_[end]))) ++end;
+        if (end >= sql_.size() || sql_[end] != '$') return false;
+        const std::string_view tag = sql_.substr(position_, end + 1 - position_);
+        upTo(tag, tag.size(), TokenKind::text);
+        return true;
+    }
+
+    std::string_view sql_;
+    const SqlSyntax& syntax_;
+    std::size_t position_ = 0;
+};
+
+bool isKeyword(const SqlToken& token, std::string_view keyword) {
+    return token.kind == TokenKind::word &&
+           std::equal(token.text.begin(), token.text.end(), keyword.begin(), keyword.end(),
+                      [](char a, char b) { return (a >= 'a' && a <= 'z' ? a - 32 : a) == b; });
+}
+
+template <std::size_t N>
+bool isOneOf(const SqlToken& token, const std::array<std::string_view, N>& keywords) {
+    return std::any_of(keywords.begin(), keywords.end(),
+                       [&](std::string_view keyword) { return isKeyword(token, keyword); });
+}
+
+/// What may come after the one table of a SELECT whose rows can be written.
+constexpr std::array<std::string_view, 6> clausesAfterTable{"WHERE",  "ORDER", "LIMIT",
+                                                            "OFFSET", "FETCH", "FOR"};
+/// What makes a row of the result something else than a row of the table.
+constexpr std::array<std::string_view, 6> combiningClauses{"GROUP", "HAVING",    "WINDOW",
+                                                           "UNION", "INTERSECT", "EXCEPT"};
+/// Words in the place of a table's name or alias that are neither.
+constexpr std::array<std::string_view, 13> noNames{
+    "JOIN",    "INNER",       "LEFT",    "RIGHT", "FULL", "CROSS",        "NATURAL",
+    "LATERAL", "TABLESAMPLE", "INDEXED", "NOT",   "ONLY", "STRAIGHT_JOIN"};
+
+bool isName(const SqlToken& token) {
+    if (token.kind == TokenKind::quotedName) return true;
+    return token.kind == TokenKind::word && !isDigit(token.text.front()) &&
+           !isOneOf(token, clausesAfterTable) && !isOneOf(token, combiningClauses) &&
+           !isOneOf(token, noNames);
+}
+
+bool isSymbol(const SqlToken& token, char symbol) {
+    return token.kind == TokenKind::symbol && token.text.front() == symbol;
+}
+
+/// The tokens that stand outside of parentheses, each pair of which leaves its "(" behind.
+std::vector<SqlToken> outerTokens(const std::vector<SqlToken>& all) {
+    std::vector<SqlToken> outer;
+    int depth = 0;
+    for (const SqlToken& token : all) {
+        if (token.kind == TokenKind::comment) continue;
+        if (isSymbol(token, ')')) --depth;
+        if (depth == 0 && !isSymbol(token, ')')) outer.push_back(token);
+        if (isSymbol(token, '(')) ++depth;
+    }
+    return outer;
+}
+
+std::string withoutQuotes(const SqlToken& token) {
+    if (token.kind == TokenKind::word) return std::string(token.text);
+    const char quote = token.text.back();
+    const std::string_view inner = token.text.substr(1, token.text.size() - 2);
+    return replaceText(inner, std::string(2, quote), std::string(1, quote), Compare::binary);
+}
+
+SelectItem selectItem(const std::vector<SqlToken>& tokens) {
+    SelectItem item;
+    item.isStar = !tokens.empty() && isSymbol(tokens.back(), '*') &&
+                  (tokens.size() == 1 || isSymbol(tokens[tokens.size() - 2], '.'));
+    std::size_t column = 0;
+    while (column + 2 < tokens.size() && isName(tokens[column]) &&
+           isSymbol(tokens[column + 1], '.'))
+        column += 2;
+    const std::size_t left = tokens.size() - column;
+    const bool aliased = left == 2 || (left == 3 && isKeyword(tokens[column + 1], "AS"));
+    if (aliased && isName(tokens[column]) && tokens.back().kind != TokenKind::symbol)
+        item.aliasedColumn = withoutQuotes(tokens[column]);
+    return item;
+}
+
+}  // namespace
+
+SqlSyntax syntaxOf(Dialect dialect) {
+    SqlSyntax syntax;
+    switch (dialect) {
+        case Dialect::sqlite:
+            syntax.backtickNames = syntax.bracketNames = true;
+            break;
+        case Dialect::postgresql:
+            syntax.escapeStrings = syntax.dollarQuotes = syntax.nestedComments = true;
+            break;
+        case Dialect::mariadb:
+            syntax.backslashEscapes = syntax.doubleQuotedTexts = syntax.backtickNames = true;
+            syntax.hashComments = syntax.dashCommentNeedsBlank = true;
+            syntax.executableComments = true;
+            break;
+        case Dialect::other:
+            break;
+    }
+    return syntax;
+}
+
+std::vector<SqlToken> tokensOf(std::string_view sql, const SqlSyntax& syntax) {
+    return Tokenizer(sql, syntax).run();
+}
+
+std::string singleStatement(std::string_view sql, const SqlSyntax& syntax) {
+    const auto tokens = tokensOf(sql, syntax);
+    const auto isComment = [](const SqlToken& t) { return t.kind == TokenKind::comment; };
+    const auto separator = std::find_if(tokens.begin(), tokens.end(), [](const SqlToken& t) {
+        return t.kind == TokenKind::separator;
+    });
+    if (std::all_of(tokens.begin(), separator, isComment))
+        throw RuntimeError(error_number::statementFailed, "The text contains no statement");
+    if (separator == tokens.end()) return std::string(sql);
+    if (!std::all_of(separator + 1, tokens.end(), isComment))
+        throw RuntimeError(error_number::statementFailed,
+                           "The text contains more than one statement");
+    return std::string(sql.data(), separator->text.data());
+}
+
+std::string withoutComments(std::string_view sql, const SqlSyntax& syntax) {
+    std::string result;
+    const char* copied = sql.data();
+    for (const SqlToken& token : tokensOf(sql, syntax)) {
+        if (token.kind != TokenKind::comment) continue;
+        result.append(copied, token.text.data()).append(1, ' ');
+        copied = token.text.data() + token.text.size();
+    }
+    return result.append(copied, sql.data() + sql.size());
+}
+
+std::optional<std::string> writableTable(std::string_view sql, const SqlSyntax& syntax) {
+    const auto tokens = outerTokens(tokensOf(sql, syntax));
+    if (tokens.size() < 2 || !isKeyword(tokens[0], "SELECT") || isKeyword(tokens[1], "DISTINCT"))
+        return std::nullopt;
+    const auto end = tokens.end();
+    auto token =
+        std::find_if(tokens.begin(), end, [](const SqlToken& t) { return isKeyword(t, "FROM"); });
+    if (token == end || ++token == end || !isName(*token)) return std::nullopt;
+
+    const char* const first = token->text.data();
+    while (token + 1 != end && token + 2 != end && isSymbol(token[1], '.') && isName(token[2]))
+        token += 2;
+    std::string table(first, token->text.data() + token->text.size());
+
+    if (++token != end && isKeyword(*token, "AS")) ++token;
+    if (token != end && isName(*token)) ++token;
+    if (token != end && token->kind != TokenKind::separator && !isOneOf(*token, clausesAfterTable))
+        return std::nullopt;
+    if (std::any_of(token, end, [](const SqlToken& t) { return isOneOf(t, combiningClauses); }))
+        return std::nullopt;
+    return table;
+}
+
+std::vector<SelectItem> selectItems(std::string_view sql, const SqlSyntax& syntax) {
+    const auto tokens = outerTokens(tokensOf(sql, syntax));
+    if (tokens.empty() || !isKeyword(tokens.front(), "SELECT")) return {};
+    std::vector<SelectItem> items;
+    std::vector<SqlToken> item;
+    for (auto token = tokens.begin() + 1; token != tokens.end() && !isKeyword(*token, "FROM");
+         ++token) {
+        if (!isSymbol(*token, ',')) {
+            item.push_back(*token);
+            continue;
+        }
+        items.push_back(selectItem(item));
+        item.clear();
+    }
+    items.push_back(selectItem(item));
+    return items;
+}
+
+}  // namespace catalogador

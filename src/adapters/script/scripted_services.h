@@ -1,0 +1,56 @@
+#pragma once
+#include "adapters/script/answers.h"
+#include "adapters/script/transcript.h"
+#include "platform/services.h"
+
+namespace catalogador {
+
+/// The utility object of a played screen: the real one, but for the clock that a script may set and
+/// for what would start another program, which is printed instead.
+class ScriptedUtilities : public clsUtilidades {
+  public:
+    ScriptedUtilities(clsUtilidades& real, Transcript& transcript, TranscriptStatements& statements,
+                      const ScriptAnswers& answers)
+        : real_(real), transcript_(transcript), statements_(statements), answers_(answers) {}
+
+    std::int32_t ProximoCodigo(rdoConnection& connection, const std::string& name) override;
+    Date FechaServidor(rdoConnection& connection) override;
+    Variant LeerConfiguracion(const std::string& key, const std::string& name) override {
+        return real_.LeerConfiguracion(key, name);
+    }
+    [[nodiscard]] std::string TextoDe(const Variant& value) const override {
+        return real_.TextoDe(value);
+    }
+    [[nodiscard]] std::string CarpetaAplicacion() const override {
+        return real_.CarpetaAplicacion();
+    }
+    [[nodiscard]] std::string RutaAplicacion(const std::string& appKey) const override {
+        return real_.RutaAplicacion(appKey);
+    }
+    void AbrirArchivo(const std::string& path) override;
+    void MostrarAyuda(Window& window, int command, std::int32_t data) override;
+
+  private:
+    void traceCall(const char* call, const std::string& argument, const Json& result);
+    Date serverDate(rdoConnection& connection);
+
+    clsUtilidades& real_;
+    Transcript& transcript_;
+    TranscriptStatements& statements_;
+    const ScriptAnswers& answers_;
+};
+
+/// Traces every question about rights as an "access" event.
+class TracedAccess : public AccessLibrary {
+  public:
+    TracedAccess(AccessLibrary& real, Transcript& transcript, TranscriptStatements& statements)
+        : real_(real), transcript_(transcript), statements_(statements) {}
+    std::unique_ptr<clsAccesos> create() override;
+
+  private:
+    AccessLibrary& real_;
+    Transcript& transcript_;
+    TranscriptStatements& statements_;
+};
+
+}  // namespace catalogador

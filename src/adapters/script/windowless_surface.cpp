@@ -1,0 +1,45 @@
+#include "adapters/script/windowless_surface.h"
+
+#include <algorithm>
+
+#include "adapters/script/answers.h"
+#include "platform/controls/window.h"
+#include "runtime/text.h"
+
+namespace catalogador {
+
+namespace {
+constexpr int characterWidth = 105;
+constexpr Size screen{15360, 11520};
+/// What the frame and the command bars take of a window.
+constexpr int frameWidth = 100;
+constexpr int barsHeight = 1000;
+}  // namespace
+
+void WindowlessSurface::setModalRunner(std::function<void(Window&)> runner) {
+    runner_ = std::move(runner);
+}
+
+void WindowlessSurface::showModal(Window& window) {
+    if (runner_) runner_(window);
+}
+
+int WindowlessSurface::messageBox(const std::string& /*text*/, int style,
+                                  const std::string& /*title*/) {
+    return defaultAnswer(style);
+}
+
+int WindowlessSurface::textWidth(std::string_view text) const {
+    return static_cast<int>(lengthInCharacters(text)) * characterWidth;
+}
+
+Size WindowlessSurface::screenSize() const {
+    return screen;
+}
+
+Rect WindowlessSurface::clientRect(const Window& window) const {
+    return {0, 0, std::max(0, window.place().width - frameWidth),
+            std::max(0, window.place().height - barsHeight)};
+}
+
+}  // namespace catalogador

@@ -1,0 +1,39 @@
+#pragma once
+#include "adapters/script/screen.h"
+
+namespace catalogador {
+
+/// A surface without any window: what it measures depends on no font and no display, boxes get
+/// their default answer and dialogs are cancelled.
+class WindowlessSurface : public Surface, public PlayedScreen {
+  public:
+    [[nodiscard]] Surface& surface() override { return *this; }
+    void setModalRunner(std::function<void(Window&)> runner) override;
+    [[nodiscard]] std::vector<std::string> differences(Window&) override { return {}; }
+
+    void open(Window&) override {}
+    /// Returns at once when there is no runner.
+    void showModal(Window& window) override;
+    void close(Window&) override {}
+    void windowChanged(Window&) override {}
+    void controlChanged(Window&, Control&) override {}
+    void commandBarsChanged(Window&) override {}
+    void focusChanged(Window&) override {}
+    void pointerChanged(int) override {}
+
+    int messageBox(const std::string& text, int style, const std::string& title) override;
+    void errorBox(const std::string&, const std::string&, const std::string&,
+                  const std::string&) override {}
+    std::optional<SaveChoice> saveDialog(const SaveDialog&) override { return std::nullopt; }
+    void showMenu(Window&, const Menu&) override {}
+
+    [[nodiscard]] int textWidth(std::string_view text) const override;
+    [[nodiscard]] Size screenSize() const override;
+    [[nodiscard]] Rect clientRect(const Window& window) const override;
+    void processEvents() override {}
+
+  private:
+    std::function<void(Window&)> runner_;
+};
+
+}  // namespace catalogador

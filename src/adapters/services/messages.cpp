@@ -1,0 +1,14 @@
+#include "adapters/services/messages.h"
+
+namespace catalogador {
+
+int SurfaceMessages::MostrarMensaje(const std::string& text, int style, const std::string& title) {
+    return surface_.messageBox(text, style, title);
+}
+
+void SurfaceMessages::MostrarError(const std::string& text, const std::string& title,
+                                   const std::string& detail, const std::string& context) {
+    surface_.errorBox(text, title, detail, context);
+}
+
+}  // namespace catalogador

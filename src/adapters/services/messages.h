@@ -1,0 +1,22 @@
+#pragma once
+#include "platform/services.h"
+#include "platform/surface.h"
+
+namespace catalogador {
+
+/// The message object over a surface's own boxes.
+class SurfaceMessages : public clsMensajes {
+  public:
+    explicit SurfaceMessages(Surface& surface) : surface_(surface) {}
+
+    int MostrarMensaje(const std::string& text, int style, const std::string& title) override;
+    void MostrarError(const std::string& text, const std::string& title, const std::string& detail,
+                      const std::string& context) override;
+    /// The texts of the boxes are given, and their buttons speak the desktop's language.
+    void Idioma(std::uint8_t) override {}
+
+  private:
+    Surface& surface_;
+};
+
+}  // namespace catalogador

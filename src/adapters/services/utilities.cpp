@@ -1,0 +1,63 @@
+#include "adapters/services/utilities.h"
+
+#include "adapters/services/code_sequences.h"
+#include "adapters/services/opening.h"
+#include "adapters/services/server_clock.h"
+#include "runtime/convert.h"
+#include "runtime/error.h"
+
+namespace catalogador {
+
+namespace {
+
+constexpr std::int32_t noCode = -1;
+
+}  // namespace
+
+Utilities::Utilities(Settings settings, Regional regional, std::string programFolder,
+                     HelpViewer help)
+    : settings_(std::move(settings)),
+      regional_(std::move(regional)),
+      programFolder_(std::move(programFolder)),
+      help_(std::move(help)) {}
+
+std::int32_t Utilities::ProximoCodigo(rdoConnection& connection, const std::string& name) {
+    currentError().clear();
+    try {
+        return drawCode(connection, name).value_or(noCode);
+    } catch (const RuntimeError& error) {
+        currentError() = {error.number(), error.description()};
+    } catch (const std::exception& error) {
+        currentError() = {error_number::invalidProcedureCall, error.what()};
+    }
+    return noCode;
+}
+
+Date Utilities::FechaServidor(rdoConnection& connection) {
+    return serverTime(connection);
+}
+
+Variant Utilities::LeerConfiguracion(const std::string& key, const std::string& name) {
+    const auto setting = settings_.read(key, name);
+    return setting ? Variant(*setting) : Variant(Null{});
+}
+
+std::string Utilities::TextoDe(const Variant& value) const {
+    return toTextOrEmpty(value, regional_);
+}
+
+std::string Utilities::RutaAplicacion(const std::string& appKey) const {
+    return settings_.read(appKey, "Ruta").value_or(programFolder_);
+}
+
+void Utilities::AbrirArchivo(const std::string& path) {
+    openWithDesktop(path);
+}
+
+void Utilities::MostrarAyuda(Window& window, int command, std::int32_t data) {
+    if (!help_)
+        throw RuntimeError(error_number::cannotCreateObject, "There is no help in this version");
+    help_(window, command, data);
+}
+
+}  // namespace catalogador

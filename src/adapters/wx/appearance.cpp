@@ -1,0 +1,101 @@
+#include "adapters/wx/appearance.h"
+
+#include <dlfcn.h>
+#include <wx/settings.h>
+
+#include <algorithm>
+#include <array>
+#include <cmath>
+
+namespace catalogador {
+
+namespace {
+
+constexpr int twipsPerPixel = twipsPerInch / 96;
+constexpr double readableContrast = 4.5;
+
+double luminance(const wxColour& colour) {
+    const auto part = [](unsigned char value) {
+        const double share = value / 255.0;
+        return share <= 0.03928 ? share / 12.92 : std::pow((share + 0.055) / 1.055, 2.4);
+    };
+    return 0.2126 * part(colour.Red()) + 0.7152 * part(colour.Green()) +
+           0.0722 * part(colour.Blue());
+}
+
+double contrast(const wxColour& one, const wxColour& other) {
+    const double a = luminance(one) + 0.05;
+    const double b = luminance(other) + 0.05;
+    return std::max(a, b) / std::min(a, b);
+}
+
+#ifdef __WXGTK__
+// The toolkit of the desktop gives fields a height that is meant for fingers; its style sheet is
+// the only way to change that.
+constexpr const char* compactStyle =
+    "entry { min-height: 0; padding: 0 4px; }"
+    "combobox button { min-height: 0; padding: 0 4px; }"
+    "checkbutton { min-height: 0; padding: 0; }"
+    "toolbar { padding: 2px; } toolbar button { min-height: 22px; padding: 1px 5px; }";
+
+template <class Function>
+Function symbol(const char* name) {
+    return reinterpret_cast<Function>(dlsym(RTLD_DEFAULT, name));
+}
+#endif
+
+}  // namespace
+
+int pixelsOf(const wxWindow& window, int twips) {
+    return window.FromDIP((twips + twipsPerPixel / 2) / twipsPerPixel);
+}
+
+int twipsOf(const wxWindow& window, int pixels) {
+    return window.ToDIP(pixels) * twipsPerPixel;
+}
+
+wxColour colourOf(Color color) {
+    if (!color.isSystem()) return {color.red(), color.green(), color.blue()};
+    switch (color.value & 0xFFU) {
+        case 0x05:
+            return wxSystemSettings::GetColour(wxSYS_COLOUR_WINDOW);
+        case 0x08:
+            return wxSystemSettings::GetColour(wxSYS_COLOUR_WINDOWTEXT);
+        case 0x0D:
+            return wxSystemSettings::GetColour(wxSYS_COLOUR_HIGHLIGHT);
+        case 0x0E:
+            return wxSystemSettings::GetColour(wxSYS_COLOUR_HIGHLIGHTTEXT);
+        case 0x10:
+            return wxSystemSettings::GetColour(wxSYS_COLOUR_BTNSHADOW);
+        case 0x12:
+            return wxSystemSettings::GetColour(wxSYS_COLOUR_BTNTEXT);
+        default:
+            return wxSystemSettings::GetColour(wxSYS_COLOUR_BTNFACE);
+    }
+}
+
+wxColour readableOn(const wxColour& background, wxColour wanted) {
+    while (contrast(background, wanted) < readableContrast && wanted.GetLuminance() > 0.02) {
+        constexpr int darker = 85;
+        wanted = wanted.ChangeLightness(darker);
+    }
+    return wanted;
+}
+
+void useCompactFields() {
+#ifdef __WXGTK__
+    const auto newProvider = symbol<void* (*)()>("gtk_css_provider_new");
+    const auto load =
+        symbol<int (*)(void*, const char*, long, void*)>("gtk_css_provider_load_from_data");
+    const auto screen = symbol<void* (*)()>("gdk_screen_get_default");
+    const auto add =
+        symbol<void (*)(void*, void*, unsigned)>("gtk_style_context_add_provider_for_screen");
+    if (newProvider == nullptr || load == nullptr || screen == nullptr || add == nullptr) return;
+    constexpr unsigned applicationPriority = 600;
+    void* provider = newProvider();
+    load(provider, compactStyle, -1, nullptr);
+    if (void* display = screen()) add(display, provider, applicationPriority);
+#endif
+}
+
+}  // namespace catalogador

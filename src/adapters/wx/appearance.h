@@ -1,0 +1,32 @@
+#pragma once
+#include <wx/colour.h>
+#include <wx/string.h>
+#include <wx/window.h>
+
+#include <string>
+#include <string_view>
+
+#include "platform/geometry.h"
+
+namespace catalogador {
+
+inline wxString wxText(std::string_view text) {
+    return wxString::FromUTF8(text.data(), text.size());
+}
+inline std::string utf8Text(const wxString& text) {
+    return std::string(text.utf8_str());
+}
+
+/// Twips and pixels of the screen that a window is on.
+int pixelsOf(const wxWindow& window, int twips);
+int twipsOf(const wxWindow& window, int pixels);
+
+/// The colour of the model, the desktop's own where it names one.
+wxColour colourOf(Color color);
+/// `wanted`, or a darker shade of it where it could not be read on that background.
+wxColour readableOn(const wxColour& background, wxColour wanted);
+
+/// Makes the native fields low enough for the rows that the layout gives them.
+void useCompactFields();
+
+}  // namespace catalogador

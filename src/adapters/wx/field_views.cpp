@@ -1,0 +1,234 @@
+#include "adapters/wx/field_views.h"
+
+#include <wx/checkbox.h>
+#include <wx/choice.h>
+#include <wx/stattext.h>
+#include <wx/textctrl.h>
+
+#include <algorithm>
+#include <array>
+
+#include "adapters/wx/appearance.h"
+#include "adapters/wx/grid_view.h"
+#include "adapters/wx/text_input.h"
+#include "platform/controls/fields.h"
+#include "platform/controls/record_grid.h"
+#include "platform/controls/window.h"
+#include "runtime/text.h"
+
+namespace catalogador {
+
+namespace {
+
+constexpr int rightMargin = 120;
+
+class LabelView : public FieldView {
+  public:
+    LabelView(Label& label, wxWindow& parent)
+        : FieldView(label), label_(label), native_(new wxStaticText(&parent, wxID_ANY, "")) {}
+    [[nodiscard]] wxWindow& native() const override { return *native_; }
+
+  protected:
+    void syncContent() override {
+        if (native_->GetLabel() != wxText(label_.caption()))
+            native_->SetLabel(wxText(label_.caption()));
+    }
+    [[nodiscard]] std::string shownContent() const override {
+        return utf8Text(native_->GetLabel());
+    }
+    [[nodiscard]] std::string modelContent() const override { return label_.caption(); }
+
+  private:
+    Label& label_;
+    wxStaticText* native_;
+};
+
+class TextView : public FieldView {
+  public:
+    TextView(TextBox& box, wxWindow& parent)
+        : FieldView(box), box_(box), native_(new wxTextCtrl(&parent, wxID_ANY)) {
+        bindTextInput(*native_, box);
+    }
+    [[nodiscard]] wxWindow& native() const override { return *native_; }
+
+  protected:
+    void syncContent() override { syncText(*native_, box_); }
+    [[nodiscard]] std::string shownContent() const override {
+        return utf8Text(native_->GetValue());
+    }
+    [[nodiscard]] std::string modelContent() const override { return box_.text(); }
+
+  private:
+    TextBox& box_;
+    wxTextCtrl* native_;
+};
+
+class ComboView : public FieldView {
+  public:
+    ComboView(ComboBox& combo, wxWindow& parent)
+        : FieldView(combo), combo_(combo), native_(new wxChoice(&parent, wxID_ANY)) {
+        native_->Bind(wxEVT_CHOICE,
+                      [this](wxCommandEvent&) { combo_.setListIndex(native_->GetSelection()); });
+    }
+    [[nodiscard]] wxWindow& native() const override { return *native_; }
+
+  protected:
+    void syncContent() override {
+        if (!sameItems()) {
+            wxArrayString texts;
+            shown_.clear();
+            for (const ComboBox::Item& item : combo_.items()) {
+                texts.Add(wxText(item.text));
+                shown_.push_back(item.text);
+            }
+            native_->Set(texts);
+        }
+        if (native_->GetSelection() != combo_.listIndex())
+            native_->SetSelection(combo_.listIndex());
+    }
+    [[nodiscard]] std::string shownContent() const override {
+        return decimalText(native_->GetSelection()) + " of " + decimalText(native_->GetCount());
+    }
+    [[nodiscard]] std::string modelContent() const override {
+        return decimalText(combo_.listIndex()) + " of " + decimalText(combo_.listCount());
+    }
+
+  private:
+    [[nodiscard]] bool sameItems() const {
+        return std::equal(
+            shown_.begin(), shown_.end(), combo_.items().begin(), combo_.items().end(),
+            [](const std::string& text, const ComboBox::Item& item) { return text == item.text; });
+    }
+
+    ComboBox& combo_;
+    wxChoice* native_;
+    std::vector<std::string> shown_;
+};
+
+class CheckView : public FieldView {
+  public:
+    CheckView(CheckBox& box, wxWindow& parent) : FieldView(box), box_(box), parent_(parent) {
+        create();
+    }
+    [[nodiscard]] wxWindow& native() const override { return *native_; }
+
+  protected:
+    void syncContent() override {
+        if (alignment_ != box_.alignment()) {
+            native_->Destroy();
+            create();
+        }
+        if (native_->GetLabel() != wxText(box_.caption()))
+            native_->SetLabel(wxText(box_.caption()));
+        if (native_->GetValue() != (box_.value() == 1)) native_->SetValue(box_.value() == 1);
+    }
+    [[nodiscard]] std::string shownContent() const override {
+        return utf8Text(native_->GetLabel()) + (native_->GetValue() ? " [x]" : " [ ]");
+    }
+    [[nodiscard]] std::string modelContent() const override {
+        return box_.caption() + (box_.value() == 1 ? " [x]" : " [ ]");
+    }
+
+  private:
+    // The side of the box is a style that a native check box has from its birth.
+    void create() {
+        alignment_ = box_.alignment();
+        native_ = new wxCheckBox(&parent_, wxID_ANY, "", wxDefaultPosition, wxDefaultSize,
+                                 alignment_ == 1 ? wxALIGN_RIGHT : 0);
+        native_->Bind(wxEVT_CHECKBOX,
+                      [this](wxCommandEvent&) { box_.setValue(native_->GetValue() ? 1 : 0); });
+        native_->Bind(wxEVT_SET_FOCUS, [this](wxFocusEvent& event) {
+            box_.window()->userFocused(box_);
+            event.Skip();
+        });
+    }
+
+    CheckBox& box_;
+    wxWindow& parent_;
+    wxCheckBox* native_ = nullptr;
+    int alignment_ = 0;
+};
+
+class RecordGridView : public FieldView {
+  public:
+    RecordGridView(RecordGrid& grid, wxWindow& parent)
+        : FieldView(grid), grid_(grid), native_(new GridView(grid, parent)) {}
+    [[nodiscard]] wxWindow& native() const override { return *native_; }
+
+  protected:
+    void syncContent() override { native_->syncWithModel(); }
+    [[nodiscard]] std::string shownContent() const override {
+        return decimalText(native_->shownRows());
+    }
+    [[nodiscard]] std::string modelContent() const override {
+        return decimalText(grid_.visibleRows());
+    }
+
+  private:
+    RecordGrid& grid_;
+    GridView* native_;
+};
+
+template <class View, class Model>
+std::unique_ptr<FieldView> viewOf(Control& control, wxWindow& parent) {
+    auto* model = dynamic_cast<Model*>(&control);
+    return model == nullptr ? nullptr : std::make_unique<View>(*model, parent);
+}
+
+}  // namespace
+
+wxRect FieldView::nativePlace() const {
+    wxWindow& shown = native();
+    const Rect& place = control_.place();
+    wxRect pixels(pixelsOf(shown, place.left), pixelsOf(shown, place.top),
+                  pixelsOf(shown, place.width), pixelsOf(shown, place.height));
+    const bool isGrid = dynamic_cast<const RecordGrid*>(&control_) != nullptr;
+    const int limit =
+        shown.GetParent()->GetClientSize().GetWidth() - (isGrid ? 0 : pixelsOf(shown, rightMargin));
+    constexpr int narrowest = 40;
+    if (pixels.GetRight() > limit) pixels.width = std::max(narrowest, limit - pixels.x);
+    return pixels;
+}
+
+void FieldView::sync() {
+    syncContent();
+    wxWindow& shown = native();
+    if (dynamic_cast<const Label*>(&control_) == nullptr) {
+        if (const wxRect place = nativePlace(); shown.GetRect() != place) shown.SetSize(place);
+    } else {
+        const wxRect place = nativePlace();
+        shown.SetSize(place.x, place.y, shown.GetBestSize().GetWidth(), place.height);
+    }
+    if (dynamic_cast<const TextBox*>(&control_) != nullptr ||
+        dynamic_cast<const RecordGrid*>(&control_) != nullptr) {
+        const wxColour colour = colourOf(control_.backColor());
+        if (shown.GetBackgroundColour() != colour) shown.SetBackgroundColour(colour);
+    }
+    if (shown.IsThisEnabled() != control_.enabled()) shown.Enable(control_.enabled());
+    if (shown.IsShown() != control_.visible()) shown.Show(control_.visible());
+}
+
+void FieldView::describeDifferences(std::vector<std::string>& found) const {
+    const wxWindow& shown = native();
+    const auto note = [&](const std::string& what) {
+        found.push_back(control_.name() + ": " + what);
+    };
+    if (shown.IsShown() != control_.visible()) note("is shown otherwise than the model says");
+    if (!control_.visible()) return;
+    if (shown.IsThisEnabled() != control_.enabled()) note("is enabled otherwise");
+    if (shownContent() != modelContent())
+        note("shows \"" + shownContent() + "\" instead of \"" + modelContent() + "\"");
+    if (shown.GetPosition() != nativePlace().GetPosition()) note("stands elsewhere");
+}
+
+std::unique_ptr<FieldView> makeFieldView(Control& control, wxWindow& parent) {
+    using Maker = std::unique_ptr<FieldView> (*)(Control&, wxWindow&);
+    constexpr std::array<Maker, 5> makers{viewOf<LabelView, Label>, viewOf<TextView, TextBox>,
+                                          viewOf<ComboView, ComboBox>, viewOf<CheckView, CheckBox>,
+                                          viewOf<RecordGridView, RecordGrid>};
+    for (const Maker make : makers)
+        if (auto view = make(control, parent)) return view;
+    return nullptr;
+}
+
+}  // namespace catalogador

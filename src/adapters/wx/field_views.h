@@ -1,0 +1,43 @@
+#pragma once
+#include <wx/control.h>
+#include <wx/panel.h>
+
+#include <memory>
+#include <string>
+#include <vector>
+
+#include "platform/controls/control.h"
+
+namespace catalogador {
+
+/// A native control that shows a control of the model and hands the user's input to it.
+class FieldView {
+  public:
+    explicit FieldView(Control& control) : control_(control) {}
+    virtual ~FieldView() = default;
+    FieldView(const FieldView&) = delete;
+    FieldView& operator=(const FieldView&) = delete;
+
+    [[nodiscard]] Control& control() const { return control_; }
+    [[nodiscard]] virtual wxWindow& native() const = 0;
+    /// Brings the native control to what the model says.
+    void sync();
+    /// Appends what it shows otherwise than the model.
+    void describeDifferences(std::vector<std::string>& found) const;
+
+  protected:
+    virtual void syncContent() = 0;
+    /// Contents of both sides as text, to compare them.
+    [[nodiscard]] virtual std::string shownContent() const = 0;
+    [[nodiscard]] virtual std::string modelContent() const = 0;
+    /// The place that the model gives, cut at the panel's right margin.
+    [[nodiscard]] wxRect nativePlace() const;
+
+  private:
+    Control& control_;
+};
+
+/// The view for a control of the model; null for controls that are shown otherwise (the panel).
+std::unique_ptr<FieldView> makeFieldView(Control& control, wxWindow& parent);
+
+}  // namespace catalogador

@@ -1,0 +1,212 @@
+#include "adapters/wx/grid_view.h"
+
+#include <wx/dcclient.h>
+#include <wx/settings.h>
+
+#include <algorithm>
+
+#include "adapters/wx/appearance.h"
+#include "platform/controls/window.h"
+
+namespace catalogador {
+
+namespace {
+constexpr int edgeReach = 4;
+constexpr int rowPadding = 4;
+constexpr int rowsPerWheelStep = 3;
+constexpr int narrowestColumn = 8;
+}  // namespace
+
+GridView::GridView(RecordGrid& grid, wxWindow& parent)
+    : wxWindow(&parent, wxID_ANY, wxDefaultPosition, wxDefaultSize,
+               wxVSCROLL | wxHSCROLL | wxWANTS_CHARS | wxBORDER_NONE),
+      grid_(grid) {
+    SetBackgroundStyle(wxBG_STYLE_PAINT);
+    Bind(wxEVT_PAINT, &GridView::onPaint, this);
+    for (const auto& type :
+         {wxEVT_LEFT_DOWN, wxEVT_LEFT_UP, wxEVT_LEFT_DCLICK, wxEVT_RIGHT_UP, wxEVT_MOTION})
+        Bind(type, &GridView::onMouse, this);
+    Bind(wxEVT_MOUSEWHEEL, &GridView::onWheel, this);
+    Bind(wxEVT_CHAR, &GridView::onChar, this);
+    for (const auto& type :
+         {wxEVT_SCROLLWIN_TOP, wxEVT_SCROLLWIN_BOTTOM, wxEVT_SCROLLWIN_LINEUP,
+          wxEVT_SCROLLWIN_LINEDOWN, wxEVT_SCROLLWIN_PAGEUP, wxEVT_SCROLLWIN_PAGEDOWN,
+          wxEVT_SCROLLWIN_THUMBTRACK, wxEVT_SCROLLWIN_THUMBRELEASE})
+        Bind(type, &GridView::onScroll, this);
+    Bind(wxEVT_SIZE, [this](wxSizeEvent& event) {
+        syncWithModel();
+        event.Skip();
+    });
+    Bind(wxEVT_SET_FOCUS, [this](wxFocusEvent& event) {
+        grid_.window()->userFocused(grid_);
+        Refresh();
+        event.Skip();
+    });
+    Bind(wxEVT_KILL_FOCUS, [this](wxFocusEvent& event) {
+        Refresh();
+        event.Skip();
+    });
+}
+
+void GridView::syncWithModel() {
+    if (!grid_.redraw()) return;
+    shownRows_ = grid_.visibleRows();
+    grid_.setRowsThatFit(rowsThatFit());
+    updateScrollbars();
+    Refresh();
+}
+
+int GridView::headerHeight() const {
+    return std::max(pixelsOf(*this, grid_.appearance().headerHeight),
+                    GetCharHeight() + FromDIP(rowPadding));
+}
+
+int GridView::rowHeight() const {
+    return std::max(pixelsOf(*this, grid_.appearance().rowHeightMin),
+                    GetCharHeight() + FromDIP(rowPadding));
+}
+
+int GridView::rowsThatFit() const {
+    return std::max(1, (GetClientSize().GetHeight() - headerHeight()) / rowHeight());
+}
+
+int GridView::firstVisible() const {
+    const int count = grid_.visibleRows();
+    if (count == 0) return 0;
+    int row = grid_.topRow();
+    while (row < grid_.rows() && grid_.visibleIndex(row) < 0) ++row;
+    const int index = row < grid_.rows() ? grid_.visibleIndex(row) : count - 1;
+    return std::clamp(index, 0, std::max(0, count - rowsThatFit()));
+}
+
+int GridView::contentWidth() const {
+    int width = 0;
+    for (int column = 0; column < grid_.columns(); ++column)
+        if (!grid_.columnHidden(column)) width += pixelsOf(*this, grid_.columnWidth(column));
+    return width;
+}
+
+wxRect GridView::columnRect(int column) const {
+    int left = -scrolledX_;
+    for (int c = 0; c < column; ++c)
+        if (!grid_.columnHidden(c)) left += pixelsOf(*this, grid_.columnWidth(c));
+    int width = pixelsOf(*this, grid_.columnWidth(column));
+    if (column == grid_.columns() - 1 && grid_.appearance().extendLastColumn)
+        width = std::max(width, GetClientSize().GetWidth() - left);
+    return {left, 0, width, rowHeight()};
+}
+
+int GridView::columnAt(int x) const {
+    for (int column = 0; column < grid_.columns(); ++column) {
+        if (grid_.columnHidden(column)) continue;
+        const wxRect rect = columnRect(column);
+        if (x >= rect.x && x < rect.x + rect.width) return column;
+    }
+    return -1;
+}
+
+int GridView::edgeAt(const wxPoint& point) const {
+    if (point.y >= headerHeight()) return -1;
+    for (int column = grid_.columns() - 2; column >= 0; --column) {
+        if (grid_.columnHidden(column)) continue;
+        const wxRect rect = columnRect(column);
+        if (std::abs(rect.x + rect.width - point.x) <= FromDIP(edgeReach)) return column;
+    }
+    return -1;
+}
+
+int GridView::rowAt(int y) const {
+    if (y < headerHeight()) return 0;
+    const int index = firstVisible() + (y - headerHeight()) / rowHeight();
+    return index < grid_.visibleRows() ? grid_.visibleRow(index) : -1;
+}
+
+void GridView::onMouse(wxMouseEvent& event) {
+    const wxPoint point = event.GetPosition();
+    if (draggedColumn_ >= 0 || (event.LeftDown() && edgeAt(point) >= 0)) {
+        dragColumn(event);
+        return;
+    }
+    if (event.Moving()) SetCursor(edgeAt(point) >= 0 ? wxCursor(wxCURSOR_SIZEWE) : wxNullCursor);
+    const int row = rowAt(point.y);
+    const int column = columnAt(point.x);
+    if (event.LeftDown()) {
+        SetFocus();
+        if (row > 0) grid_.select(row, std::max(0, column));
+    } else if (event.LeftDClick()) {
+        if (row > 0) grid_.userDoubleClicked(row, column);
+    } else if (row >= 0 && (event.LeftUp() || event.RightUp())) {
+        if (event.RightUp()) SetFocus();
+        grid_.userClicked(event.RightUp() ? MouseButton::right : MouseButton::left, row, column);
+    }
+    event.Skip(event.Moving());
+}
+
+void GridView::dragColumn(const wxMouseEvent& event) {
+    if (event.LeftDown()) {
+        draggedColumn_ = edgeAt(event.GetPosition());
+        CaptureMouse();
+        return;
+    }
+    const wxRect rect = columnRect(draggedColumn_);
+    const int width = std::max(FromDIP(narrowestColumn), event.GetX() - rect.x);
+    if (!event.LeftUp()) {
+        grid_.setColumnWidth(draggedColumn_, twipsOf(*this, width));
+        return;
+    }
+    if (HasCapture()) ReleaseMouse();
+    const int column = draggedColumn_;
+    draggedColumn_ = -1;
+    grid_.userResized(column, twipsOf(*this, width));
+}
+
+void GridView::onWheel(wxMouseEvent& event) {
+    wheelRest_ += event.GetWheelRotation();
+    const int steps = wheelRest_ / event.GetWheelDelta();
+    wheelRest_ -= steps * event.GetWheelDelta();
+    if (steps != 0) scrollTo(firstVisible() - steps * rowsPerWheelStep);
+}
+
+void GridView::onScroll(wxScrollWinEvent& event) {
+    const wxEventType type = event.GetEventType();
+    if (event.GetOrientation() == wxHORIZONTAL) {
+        if (type == wxEVT_SCROLLWIN_THUMBTRACK || type == wxEVT_SCROLLWIN_THUMBRELEASE)
+            scrolledX_ = event.GetPosition();
+        syncWithModel();
+        return;
+    }
+    const int page = std::max(1, rowsThatFit() - 1);
+    int first = firstVisible();
+    if (type == wxEVT_SCROLLWIN_TOP) first = 0;
+    if (type == wxEVT_SCROLLWIN_BOTTOM) first = grid_.visibleRows();
+    if (type == wxEVT_SCROLLWIN_LINEUP) --first;
+    if (type == wxEVT_SCROLLWIN_LINEDOWN) ++first;
+    if (type == wxEVT_SCROLLWIN_PAGEUP) first -= page;
+    if (type == wxEVT_SCROLLWIN_PAGEDOWN) first += page;
+    if (type == wxEVT_SCROLLWIN_THUMBTRACK || type == wxEVT_SCROLLWIN_THUMBRELEASE)
+        first = event.GetPosition();
+    scrollTo(first);
+}
+
+void GridView::scrollTo(int first) {
+    const int count = grid_.visibleRows();
+    if (count == 0) return;
+    grid_.setTopRow(grid_.visibleRow(std::clamp(first, 0, std::max(0, count - rowsThatFit()))));
+}
+
+void GridView::updateScrollbars() {
+    SetScrollbar(wxVERTICAL, firstVisible(), rowsThatFit(), shownRows_);
+    const int width = GetClientSize().GetWidth();
+    scrolledX_ = std::clamp(scrolledX_, 0, std::max(0, contentWidth() - width));
+    SetScrollbar(wxHORIZONTAL, scrolledX_, width, contentWidth());
+}
+
+void GridView::onChar(wxKeyEvent& event) {
+    const auto character = static_cast<char32_t>(event.GetUnicodeKey());
+    if (character >= U' ' && character != WXK_DELETE)
+        grid_.window()->typeCharacter(character);
+    else
+        event.Skip();
+}
+
+}  // namespace catalogador

@@ -1,0 +1,59 @@
+#pragma once
+#include <wx/dc.h>
+#include <wx/window.h>
+
+#include "platform/controls/record_grid.h"
+
+namespace catalogador {
+
+/// Draws the record grid: only the rows that are in sight, however many there are.
+class GridView : public wxWindow {
+  public:
+    GridView(RecordGrid& grid, wxWindow& parent);
+
+    /// Follows the model after a change.
+    void syncWithModel();
+    /// Number of data rows that can be scrolled to.
+    [[nodiscard]] int shownRows() const { return shownRows_; }
+
+  private:
+    [[nodiscard]] int headerHeight() const;
+    [[nodiscard]] int rowHeight() const;
+    [[nodiscard]] int rowsThatFit() const;
+    /// Index among the visible rows of the first one shown.
+    [[nodiscard]] int firstVisible() const;
+    /// Left edge and width of a column in pixels, the scrolled part taken off.
+    [[nodiscard]] wxRect columnRect(int column) const;
+    [[nodiscard]] int contentWidth() const;
+    /// The grid column at a pixel, -1 for none.
+    [[nodiscard]] int columnAt(int x) const;
+    /// The column whose right edge is near a pixel of the header, -1 for none.
+    [[nodiscard]] int edgeAt(const wxPoint& point) const;
+    /// The grid row at a pixel: 0 header, -1 below the last row.
+    [[nodiscard]] int rowAt(int y) const;
+
+    void onPaint(wxPaintEvent& event);
+    void paintHeader(wxDC& dc);
+    void paintRows(wxDC& dc);
+    void paintRow(wxDC& dc, int row, int top);
+    void paintCell(wxDC& dc, int row, int column, const wxRect& cell);
+    void paintCheck(wxDC& dc, const wxRect& cell, bool checked);
+    void paintText(wxDC& dc, const wxString& text, const wxRect& cell, int alignment);
+    void paintSortArrow(wxDC& dc, const wxRect& cell);
+
+    void onMouse(wxMouseEvent& event);
+    void onWheel(wxMouseEvent& event);
+    void onScroll(wxScrollWinEvent& event);
+    void onChar(wxKeyEvent& event);
+    void scrollTo(int first);
+    void updateScrollbars();
+    void dragColumn(const wxMouseEvent& event);
+
+    RecordGrid& grid_;
+    int shownRows_ = 0;
+    int scrolledX_ = 0;
+    int draggedColumn_ = -1;
+    int wheelRest_ = 0;
+};
+
+}  // namespace catalogador

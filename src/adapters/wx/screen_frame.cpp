@@ -1,0 +1,270 @@
+#include "adapters/wx/screen_frame.h"
+
+#include <wx/evtloop.h>
+#include <wx/iconbndl.h>
+#include <wx/menu.h>
+
+#include <algorithm>
+
+#include "adapters/wx/appearance.h"
+#include "adapters/wx/icons.h"
+#include "platform/controls/keys.h"
+#include "platform/controls/record_grid.h"
+
+namespace catalogador {
+
+namespace {
+
+constexpr int applicationIcon = 18;
+
+/// Key codes of the toolkit and of the model. Everything else that has a character comes as one.
+int modelKey(int code) {
+    constexpr std::pair<int, int> keys[] = {{WXK_BACK, key::backspace},
+                                            {WXK_TAB, key::tab},
+                                            {WXK_RETURN, key::enter},
+                                            {WXK_NUMPAD_ENTER, key::enter},
+                                            {WXK_ESCAPE, key::escape},
+                                            {WXK_SPACE, key::space},
+                                            {WXK_PAGEUP, key::pageUp},
+                                            {WXK_PAGEDOWN, key::pageDown},
+                                            {WXK_NUMPAD_PAGEUP, key::pageUp},
+                                            {WXK_NUMPAD_PAGEDOWN, key::pageDown},
+                                            {WXK_END, key::end},
+                                            {WXK_HOME, key::home},
+                                            {WXK_NUMPAD_END, key::end},
+                                            {WXK_NUMPAD_HOME, key::home},
+                                            {WXK_LEFT, key::left},
+                                            {WXK_UP, key::up},
+                                            {WXK_RIGHT, key::right},
+                                            {WXK_DOWN, key::down},
+                                            {WXK_NUMPAD_LEFT, key::left},
+                                            {WXK_NUMPAD_UP, key::up},
+                                            {WXK_NUMPAD_RIGHT, key::right},
+                                            {WXK_NUMPAD_DOWN, key::down},
+                                            {WXK_DELETE, key::deleteKey},
+                                            {WXK_NUMPAD_DELETE, key::deleteKey},
+                                            {WXK_WINDOWS_MENU, key::menu},
+                                            {WXK_MENU, key::menu}};
+    for (const auto& [native, model] : keys)
+        if (native == code) return model;
+    if (code >= WXK_F1 && code <= WXK_F12) return key::f1 + (code - WXK_F1);
+    return 0;
+}
+
+int modelModifiers(const wxKeyEvent& event) {
+    return (event.ShiftDown() ? modifier::shift : 0) |
+           (event.ControlDown() ? modifier::control : 0) | (event.AltDown() ? modifier::alt : 0);
+}
+
+}  // namespace
+
+ScreenFrame::ScreenFrame(Window& window, wxWindow* below)
+    : wxFrame(below, wxID_ANY, wxText(window.caption()), wxDefaultPosition, wxDefaultSize,
+              wxDEFAULT_FRAME_STYLE | (below != nullptr ? wxFRAME_FLOAT_ON_PARENT : 0)),
+      window_(window) {
+    SetIcons(wxIconBundle(iconBundle(applicationIcon).GetIcon(FromDIP(wxSize(16, 16)))));
+    panel_ = new wxPanel(this, wxID_ANY, wxDefaultPosition, wxDefaultSize, wxWANTS_CHARS);
+    toolbar_ = CreateToolBar(wxTB_HORIZONTAL | wxTB_FLAT | wxTB_HORZ_TEXT | wxTB_NODIVIDER);
+    createFields();
+    applyWindow();
+    Bind(wxEVT_CHAR_HOOK, &ScreenFrame::onKey, this);
+    Bind(wxEVT_CLOSE_WINDOW, &ScreenFrame::onClose, this);
+    Bind(wxEVT_SIZE, [this](wxSizeEvent& event) {
+        event.Skip();
+        CallAfter([this] { onResize(); });
+    });
+    Bind(wxEVT_ICONIZE, [this](wxIconizeEvent& event) {
+        event.Skip();
+        CallAfter([this] { onResize(); });
+    });
+    Bind(wxEVT_IDLE, [this](wxIdleEvent& event) {
+        sync();
+        event.Skip();
+    });
+    Bind(wxEVT_MENU, [this](wxCommandEvent& event) {
+        if (!released_) window_.commandBars.execute(event.GetId());
+    });
+}
+
+void ScreenFrame::createFields() {
+    for (Control* control : window_.controls())
+        if (auto view = makeFieldView(*control, *panel_)) {
+            if (auto* box = dynamic_cast<wxControl*>(&view->native());
+                box != nullptr && dynamic_cast<wxTextCtrl*>(box) == nullptr && control->focusable())
+                box->Bind(wxEVT_SET_FOCUS, [control](wxFocusEvent& event) {
+                    control->window()->userFocused(*control);
+                    event.Skip();
+                });
+            changedViews_.insert(view.get());
+            views_.push_back(std::move(view));
+        }
+}
+
+FieldView* ScreenFrame::viewOf(const Control& control) const {
+    for (const auto& view : views_)
+        if (&view->control() == &control) return view.get();
+    return nullptr;
+}
+
+wxWindow* ScreenFrame::nativeOf(const Control& control) const {
+    if (&control == &window_.commandBars.filterBox) return filterBox_;
+    const FieldView* view = viewOf(control);
+    return view == nullptr ? nullptr : &view->native();
+}
+
+void ScreenFrame::applyWindow() {
+    windowChanged_ = true;
+    if (syncing_ || window_.state() != WindowState::normal) return;
+    const Rect& place = window_.place();
+    const wxRect pixels(pixelsOf(*this, place.left), pixelsOf(*this, place.top),
+                        pixelsOf(*this, place.width), pixelsOf(*this, place.height));
+    appliedSize_ = pixels.GetSize();
+    if (GetRect() != pixels) SetSize(pixels);
+}
+
+Rect ScreenFrame::clientRect() const {
+    const wxSize size = GetClientSize();
+    return {0, 0, twipsOf(*this, size.x), twipsOf(*this, size.y)};
+}
+
+void ScreenFrame::controlChanged(Control& control) {
+    if (FieldView* view = viewOf(control)) {
+        changedViews_.insert(view);
+    } else if (&control == &window_.commandBars.filterBox) {
+        barsChanged_ = true;
+    } else {
+        // The panel: its size is the frame's business, its colour the window's.
+        for (const auto& each : views_) changedViews_.insert(each.get());
+        windowChanged_ = true;
+    }
+}
+
+void ScreenFrame::barsChanged() {
+    barsChanged_ = true;
+}
+
+void ScreenFrame::focusChanged() {
+    focusChanged_ = true;
+}
+
+void ScreenFrame::sync() {
+    if (released_ || syncing_) return;
+    syncing_ = true;
+    if (windowChanged_) {
+        windowChanged_ = false;
+        if (GetTitle() != wxText(window_.caption())) SetTitle(wxText(window_.caption()));
+        if (const Control* panel = window_.find("picBackColor"))
+            panel_->SetBackgroundColour(colourOf(panel->backColor()));
+    }
+    const std::set<FieldView*> changed = std::move(changedViews_);
+    changedViews_.clear();
+    for (FieldView* view : changed) view->sync();
+    if (barsChanged_) {
+        barsChanged_ = false;
+        syncMenus();
+        syncToolbar();
+    }
+    syncing_ = false;
+    syncFocus();
+}
+
+void ScreenFrame::syncFocus() {
+    if (!focusChanged_) return;
+    focusChanged_ = false;
+    if (IsShown()) takeFocus();
+}
+
+void ScreenFrame::takeFocus() {
+    wxWindow* native = window_.focus() == nullptr ? nullptr : nativeOf(*window_.focus());
+    if (native != nullptr && !native->HasFocus()) native->SetFocus();
+}
+
+void ScreenFrame::runLoop() {
+    wxGUIEventLoop loop;
+    loop_ = &loop;
+    if (!window_.isClosed()) loop.Run();
+    loop_ = nullptr;
+}
+
+void ScreenFrame::release() {
+    released_ = true;
+    changedViews_.clear();
+    panel_->DestroyChildren();
+    views_.clear();
+    Destroy();
+}
+
+void ScreenFrame::onClose(wxCloseEvent& event) {
+    if (released_) {
+        event.Skip();
+        return;
+    }
+    event.Veto();
+    window_.requestClose();
+    if (loop_ != nullptr) loop_->ScheduleExit();
+}
+
+void ScreenFrame::onResize() {
+    if (released_ || !IsShown()) return;
+    const WindowState state = IsIconized()    ? WindowState::minimized
+                              : IsMaximized() ? WindowState::maximized
+                                              : WindowState::normal;
+    const wxRect now = GetRect();
+    if (now.GetSize() != appliedSize_ || state != window_.state()) {
+        appliedSize_ = now.GetSize();
+        window_.userPlaced({twipsOf(*this, now.x), twipsOf(*this, now.y), twipsOf(*this, now.width),
+                            twipsOf(*this, now.height)},
+                           state);
+    } else if (window_.commandBars.onResize) {
+        // Decorations and bars may have taken room that the window did not have before it showed.
+        window_.commandBars.onResize();
+    }
+    for (const auto& view : views_) changedViews_.insert(view.get());
+    sync();
+}
+
+bool ScreenFrame::handleKey(int keyCode, int modifiers) {
+    if (window_.dispatchKey(keyCode, modifiers)) return true;
+    Control* focused = window_.focus();
+    if (released_ || window_.isClosed() || focused == nullptr) return true;
+    if (keyCode == key::enter) {
+        window_.dispatchCharacter(static_cast<char32_t>(keyCode));
+        return true;
+    }
+    if (dynamic_cast<RecordGrid*>(focused) != nullptr)
+        return focused->defaultKey(keyCode, modifiers);
+    return false;
+}
+
+void ScreenFrame::onKey(wxKeyEvent& event) {
+    if (released_) return event.Skip();
+    const int code = event.GetKeyCode();
+    const int modifiers = modelModifiers(event);
+    const bool shortcut = (modifiers & modifier::control) != 0 && code >= 'A' && code <= 'Z';
+    const int keyCode = shortcut ? code : modelKey(code);
+    // An open menu of the combo has the keys for itself, and Alt belongs to the menu bar.
+    const bool used =
+        keyCode != 0 && (modifiers & modifier::alt) == 0 && handleKey(keyCode, modifiers);
+    if (window_.isClosed() && loop_ != nullptr) loop_->ScheduleExit();
+    if (!used) event.Skip();
+}
+
+void ScreenFrame::popupLater(const Menu& menu) {
+    const int id = menu.id;
+    CallAfter([this, id] {
+        const Menu* shown = released_ ? nullptr : window_.commandBars.contextMenu(id);
+        if (shown == nullptr) return;
+        wxMenu popup;
+        for (const ActionPlace& place : shown->items) {
+            const Action* action = window_.commandBars.find(place.actionId);
+            if (action == nullptr) continue;
+            if (place.beginGroup) popup.AppendSeparator();
+            auto* item = new wxMenuItem(&popup, action->id, menuLabel(*action));
+            item->SetBitmap(iconBundle(action->icon));
+            popup.Append(item)->Enable(action->enabled);
+        }
+        PopupMenu(&popup);
+    });
+}
+
+}  // namespace catalogador

@@ -1,0 +1,86 @@
+#pragma once
+#include <wx/frame.h>
+#include <wx/panel.h>
+#include <wx/textctrl.h>
+#include <wx/toolbar.h>
+
+#include <memory>
+#include <optional>
+#include <set>
+#include <string>
+#include <vector>
+
+#include "adapters/wx/field_views.h"
+#include "platform/controls/window.h"
+#include "platform/surface.h"
+
+class wxGUIEventLoop;
+
+namespace catalogador {
+
+struct BoxLabels;
+
+/// The native window of one form: menu bar, toolbar and the panel with its controls. Changes of
+/// the model are gathered and shown together, before the next event is waited for.
+class ScreenFrame : public wxFrame {
+  public:
+    ScreenFrame(Window& window, wxWindow* below);
+
+    [[nodiscard]] Window& window() const { return window_; }
+    /// Size and place as the model has them, at once.
+    void applyWindow();
+    void controlChanged(Control& control);
+    void barsChanged();
+    void focusChanged();
+    void popupLater(const Menu& menu);
+    /// Shows everything that changed.
+    void sync();
+    void takeFocus();
+    /// Returns when the model's window is closed.
+    void runLoop();
+    /// The model goes away: nothing of it is touched from here on, and the window is destroyed.
+    void release();
+
+    [[nodiscard]] Rect clientRect() const;
+    [[nodiscard]] std::vector<std::string> differences() const;
+
+  private:
+    void createFields();
+    void createMenus();
+    void syncMenus();
+    void syncToolbar();
+    void rebuildToolbar();
+    void addTool(const ActionPlace& place);
+    [[nodiscard]] std::string toolbarSignature() const;
+    void syncFocus();
+    void onKey(wxKeyEvent& event);
+    bool handleKey(int keyCode, int modifiers);
+    void onResize();
+    void onClose(wxCloseEvent& event);
+    [[nodiscard]] FieldView* viewOf(const Control& control) const;
+    [[nodiscard]] wxWindow* nativeOf(const Control& control) const;
+    [[nodiscard]] wxString menuLabel(const Action& action) const;
+
+    Window& window_;
+    bool released_ = false;
+    wxPanel* panel_ = nullptr;
+    wxToolBar* toolbar_ = nullptr;
+    wxTextCtrl* filterBox_ = nullptr;
+    std::vector<std::unique_ptr<FieldView>> views_;
+    std::set<FieldView*> changedViews_;
+    std::string shownToolbar_;
+    bool barsChanged_ = true;
+    bool focusChanged_ = true;
+    bool windowChanged_ = true;
+    bool syncing_ = false;
+    wxSize appliedSize_;
+    wxGUIEventLoop* loop_ = nullptr;
+};
+
+int showMessageBox(wxWindow* parent, const BoxLabels& labels, const std::string& text, int style,
+                   const std::string& title);
+void showErrorBox(wxWindow* parent, const BoxLabels& labels, const std::string& text,
+                  const std::string& title, const std::string& detail, const std::string& context);
+std::optional<SaveChoice> showSaveDialog(wxWindow* parent, const SaveDialog& dialog);
+
+}  // namespace catalogador

@@ -1,0 +1,194 @@
+#include "adapters/wx/wx_surface.h"
+
+#include <wx/app.h>
+#include <wx/dcclient.h>
+#include <wx/display.h>
+#include <wx/evtloop.h>
+#include <wx/image.h>
+#include <wx/init.h>
+#include <wx/log.h>
+#include <wx/utils.h>
+
+#include <algorithm>
+#include <cstdlib>
+
+#include "adapters/wx/appearance.h"
+#include "adapters/wx/screen_frame.h"
+#include "platform/controls/window.h"
+#include "runtime/error.h"
+
+namespace catalogador {
+
+namespace {
+
+/// The toolkit's application object; it leaves the command line to the program.
+class ScreenApplication : public wxApp {
+  public:
+    bool OnInit() override { return true; }
+    bool OnExceptionInMainLoop() override { throw; }
+};
+
+void startToolkit() {
+#ifdef __WXGTK__
+    if (std::getenv("DISPLAY") == nullptr && std::getenv("WAYLAND_DISPLAY") == nullptr)
+        throw RuntimeError(error_number::cannotCreateObject,
+                           "There is no display; run the program in a desktop session or with "
+                           "xvfb-run");
+#endif
+    static char name[] = "catalogador";
+    static char* arguments[] = {name, nullptr};
+    int count = 1;
+    // The toolkit writes its complaint to the log; the error raised below is the message.
+    const wxLogNull quiet;
+    wxApp::SetInstance(new ScreenApplication);
+    if (!wxEntryStart(count, arguments))
+        throw RuntimeError(error_number::cannotCreateObject, "The display cannot be opened");
+    wxTheApp->SetAppName("catalogador");
+    wxTheApp->SetExitOnFrameDelete(false);
+    useCompactFields();
+}
+
+}  // namespace
+
+WxSurface::WxSurface(BoxLabels labels) : labels_(std::move(labels)) {
+    startToolkit();
+}
+
+WxSurface::~WxSurface() {
+    wxEntryCleanup();
+}
+
+ScreenFrame* WxSurface::frameOf(const Window& window) const {
+    const auto found = std::find_if(frames_.begin(), frames_.end(), [&](const ScreenFrame* frame) {
+        return &frame->window() == &window;
+    });
+    return found == frames_.end() ? nullptr : *found;
+}
+
+ScreenFrame* WxSurface::topFrame() const {
+    return frames_.empty() ? nullptr : frames_.back();
+}
+
+void WxSurface::open(Window& window) {
+    frames_.push_back(new ScreenFrame(window, topFrame()));
+}
+
+void WxSurface::showModal(Window& window) {
+    ScreenFrame* frame = frameOf(window);
+    pointerChanged(0);
+    frame->sync();
+    const wxWindowDisabler others(frame);
+    frame->Show();
+    frame->Raise();
+    frame->takeFocus();
+    if (runner_) {
+        processEvents();
+        runner_(window);
+    } else {
+        frame->runLoop();
+    }
+}
+
+void WxSurface::close(Window& window) {
+    ScreenFrame* frame = frameOf(window);
+    std::erase(frames_, frame);
+    frame->Hide();
+    frame->release();
+    if (ScreenFrame* below = topFrame(); below != nullptr && below->IsShown()) {
+        below->Enable();
+        below->Raise();
+        below->takeFocus();
+    }
+}
+
+void WxSurface::windowChanged(Window& window) {
+    if (ScreenFrame* frame = frameOf(window)) frame->applyWindow();
+}
+
+void WxSurface::controlChanged(Window& window, Control& control) {
+    if (ScreenFrame* frame = frameOf(window)) frame->controlChanged(control);
+}
+
+void WxSurface::commandBarsChanged(Window& window) {
+    if (ScreenFrame* frame = frameOf(window)) frame->barsChanged();
+}
+
+void WxSurface::focusChanged(Window& window) {
+    if (ScreenFrame* frame = frameOf(window)) frame->focusChanged();
+}
+
+void WxSurface::pointerChanged(int pointer) {
+    if (pointer == pointer_) return;
+    pointer_ = pointer;
+    if (pointer != 0)
+        wxBeginBusyCursor();
+    else if (wxIsBusy())
+        wxEndBusyCursor();
+}
+
+void WxSurface::syncAll() {
+    for (ScreenFrame* frame : frames_) frame->sync();
+}
+
+int WxSurface::messageBox(const std::string& text, int style, const std::string& title) {
+    syncAll();
+    return showMessageBox(topFrame(), labels_, text, style, title);
+}
+
+void WxSurface::errorBox(const std::string& text, const std::string& title,
+                         const std::string& detail, const std::string& context) {
+    syncAll();
+    showErrorBox(topFrame(), labels_, text, title, detail, context);
+}
+
+std::optional<SaveChoice> WxSurface::saveDialog(const SaveDialog& dialog) {
+    syncAll();
+    return showSaveDialog(topFrame(), dialog);
+}
+
+void WxSurface::showMenu(Window& window, const Menu& menu) {
+    if (ScreenFrame* frame = frameOf(window)) frame->popupLater(menu);
+}
+
+int WxSurface::textWidth(std::string_view text) const {
+    const ScreenFrame* frame = topFrame();
+    if (frame == nullptr) return 0;
+    int width = 0;
+    int height = 0;
+    frame->GetTextExtent(wxText(text), &width, &height);
+    return twipsOf(*frame, width);
+}
+
+Size WxSurface::screenSize() const {
+    const wxRect area = wxDisplay(0U).GetClientArea();
+    const ScreenFrame* frame = topFrame();
+    if (frame == nullptr) return {area.width * 15, area.height * 15};
+    return {twipsOf(*frame, area.width), twipsOf(*frame, area.height)};
+}
+
+Rect WxSurface::clientRect(const Window& window) const {
+    const ScreenFrame* frame = frameOf(window);
+    return frame == nullptr ? Rect{} : frame->clientRect();
+}
+
+void WxSurface::processEvents() {
+    syncAll();
+    if (wxEventLoopBase* active = wxEventLoopBase::GetActive()) {
+        active->YieldFor(wxEVT_CATEGORY_ALL);
+    } else {
+        wxGUIEventLoop loop;
+        const wxEventLoopActivator activate(&loop);
+        for (int round = 0; round < 200 && loop.Pending(); ++round) loop.Dispatch();
+        loop.ProcessIdle();
+    }
+    syncAll();
+}
+
+std::vector<std::string> WxSurface::differences(Window& window) {
+    ScreenFrame* frame = frameOf(window);
+    if (frame == nullptr) return {"the window has no frame"};
+    frame->sync();
+    return frame->differences();
+}
+
+}  // namespace catalogador

@@ -1,0 +1,62 @@
+#pragma once
+#include <functional>
+#include <map>
+#include <memory>
+#include <string>
+#include <vector>
+
+#include "platform/surface.h"
+
+namespace catalogador {
+
+class ScreenFrame;
+
+/// Captions of the buttons of message boxes.
+struct BoxLabels {
+    std::string yes;
+    std::string no;
+    std::string ok;
+};
+
+/// Real windows by wxWidgets. One object a process; it starts the toolkit and ends it.
+class WxSurface : public Surface {
+  public:
+    /// Raises RuntimeError when there is no display.
+    explicit WxSurface(BoxLabels labels);
+    ~WxSurface() override;
+
+    void open(Window& window) override;
+    void showModal(Window& window) override;
+    void close(Window& window) override;
+    void windowChanged(Window& window) override;
+    void controlChanged(Window& window, Control& control) override;
+    void commandBarsChanged(Window& window) override;
+    void focusChanged(Window& window) override;
+    void pointerChanged(int pointer) override;
+    int messageBox(const std::string& text, int style, const std::string& title) override;
+    void errorBox(const std::string& text, const std::string& title, const std::string& detail,
+                  const std::string& context) override;
+    std::optional<SaveChoice> saveDialog(const SaveDialog& dialog) override;
+    void showMenu(Window& window, const Menu& menu) override;
+    [[nodiscard]] int textWidth(std::string_view text) const override;
+    [[nodiscard]] Size screenSize() const override;
+    [[nodiscard]] Rect clientRect(const Window& window) const override;
+    void processEvents() override;
+
+    /// What showModal runs, once the window is painted, in the place of waiting for a user.
+    void setModalRunner(std::function<void(Window&)> runner) { runner_ = std::move(runner); }
+    /// What the native window shows otherwise than the model says, one text for each difference.
+    [[nodiscard]] std::vector<std::string> differences(Window& window);
+
+  private:
+    [[nodiscard]] ScreenFrame* frameOf(const Window& window) const;
+    [[nodiscard]] ScreenFrame* topFrame() const;
+    void syncAll();
+
+    BoxLabels labels_;
+    std::vector<ScreenFrame*> frames_;
+    std::function<void(Window&)> runner_;
+    int pointer_ = 0;
+};
+
+}  // namespace catalogador

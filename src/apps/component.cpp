@@ -1,0 +1,63 @@
+#include "apps/component.h"
+
+#include "adapters/languages/catalogue_languages.h"
+#include "adapters/services/access.h"
+#include "adapters/services/regional.h"
+#include "adapters/services/utilities.h"
+#include "apps/folders.h"
+#include "runtime/convert.h"
+#include "runtime/text.h"
+
+namespace catalogador {
+
+namespace {
+
+constexpr const char* settingsKey = "VEM04";
+constexpr const char* languageSetting = "Idioma";
+
+std::map<std::string, std::string> settingsOf(const Options& options) {
+    auto settings = options.settings;
+    if (options.language) settings[languageSetting] = decimalText(*options.language);
+    return settings;
+}
+
+std::int16_t configuredLanguage(const Services& services) {
+    constexpr std::int16_t spanish = 1;
+    try {
+        const Variant setting = services.utilities->LeerConfiguracion(settingsKey, languageSetting);
+        const std::string text = toTextOrEmpty(setting, services.regional);
+        const std::int16_t number = toInteger(Variant(leadingNumber(text)), services.regional);
+        return number == 0 ? spanish : number;
+    } catch (const RuntimeError&) {
+        // The texts fall back to Spanish for such a setting as well.
+        return spanish;
+    }
+}
+
+}  // namespace
+
+Services servicesOf(const Options& options) {
+    Services services;
+    services.regional = regionalOf(options.locale);
+    services.utilities =
+        std::make_unique<Utilities>(Settings(Settings::defaultFile(), settingsOf(options)),
+                                    services.regional, programFolder(), nullptr);
+    services.access =
+        std::make_unique<TableAccessLibrary>(options.user.empty() ? systemUser() : options.user);
+    services.languages = std::make_unique<CatalogueLanguages>(
+        options.messages.empty() ? languagesFolder() : options.messages);
+    services.language = options.language.value_or(configuredLanguage(services));
+    return services;
+}
+
+std::unique_ptr<clsCatalogador> componentOf(Host& host, const Options& options,
+                                            std::int16_t language, rdoConnection& connection) {
+    auto component = std::make_unique<clsCatalogador>(host);
+    component->Coneccion(&connection);
+    component->Empresa(options.company);
+    component->AppKey(options.appKey);
+    component->Idioma(language);
+    return component;
+}
+
+}  // namespace catalogador

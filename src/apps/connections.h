@@ -1,0 +1,16 @@
+#pragma once
+#include <memory>
+#include <string>
+
+#include "apps/options.h"
+#include "platform/rdo.h"
+
+namespace catalogador {
+
+/// Opens the database that was named. Raises RuntimeError with one line that says what to do and
+/// shows no password.
+std::unique_ptr<rdoConnection> openDatabase(const Options& options);
+/// Opens a SQLite file that may not exist yet.
+std::unique_ptr<rdoConnection> createDatabase(const std::string& file);
+
+}  // namespace catalogador

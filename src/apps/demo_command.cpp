@@ -1,0 +1,71 @@
+#include <unistd.h>
+
+#include <filesystem>
+#include <iostream>
+
+#include "adapters/demo/demo.h"
+#include "apps/commands.h"
+#include "apps/connections.h"
+#include "apps/folders.h"
+#include "runtime/error.h"
+#include "runtime/text.h"
+
+namespace catalogador {
+
+namespace {
+
+/// A file that is removed again unless it was given its name.
+class Draft {
+  public:
+    explicit Draft(std::filesystem::path target)
+        : target_(std::move(target)),
+          draft_(target_.string() + "." + decimalText(getpid()) + ".part") {}
+    ~Draft() {
+        std::error_code ignored;
+        std::filesystem::remove(draft_, ignored);
+    }
+    Draft(const Draft&) = delete;
+    Draft& operator=(const Draft&) = delete;
+
+    [[nodiscard]] std::string path() const { return draft_.string(); }
+    /// Takes the place of a file that is there already.
+    void publish() { std::filesystem::rename(draft_, target_); }
+
+  private:
+    std::filesystem::path target_;
+    std::filesystem::path draft_;
+};
+
+std::filesystem::path write(const Options& options) {
+    const std::filesystem::path folder(options.directory);
+    std::filesystem::create_directories(folder);
+    const std::filesystem::path file = folder / "demo.db";
+    Draft draft(file);
+    DemoOptions demo;
+    demo.userName = systemUser();
+    writeDemo(*createDatabase(draft.path()), demo);
+    draft.publish();
+    return file;
+}
+
+}  // namespace
+
+int demoCommand(const Options& options) {
+    try {
+        const std::string file = write(options).string();
+        std::cout << "The demonstration database is " << file << "\n"
+                  << "Open it with: catalogador open --database " << file << " --view 1\n";
+        return exitPlayed;
+    } catch (const std::filesystem::filesystem_error& error) {
+        throw RuntimeError(error_number::invalidProcedureCall,
+                           "cannot write the demonstration database: " + std::string(error.what()) +
+                               "; name a folder that you may write to");
+    }
+}
+
+int schemaCommand(const Options& options) {
+    std::cout << schemaStatements(*dialectFromName(options.dialect));
+    return exitPlayed;
+}
+
+}  // namespace catalogador

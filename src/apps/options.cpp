@@ -1,0 +1,133 @@
+#include "apps/options.h"
+
+#include <CLI/CLI.hpp>
+#include <charconv>
+#include <limits>
+
+namespace catalogador {
+
+namespace {
+
+/// A whole decimal number; one that does not fit its type is wrong usage.
+template <class T>
+T numberOf(const std::string& option, const std::string& text) {
+    T number{};
+    const char* end = text.data() + text.size();
+    const auto result = std::from_chars(text.data(), end, number);
+    if (result.ec == std::errc() && result.ptr == end) return number;
+    using Limits = std::numeric_limits<T>;
+    throw CLI::ValidationError(option, "'" + text + "' is no whole number from " +
+                                           std::to_string(Limits::min()) + " to " +
+                                           std::to_string(Limits::max()));
+}
+
+/// `target` is a number or an optional one.
+template <class T, class Target>
+CLI::Option* addNumber(CLI::App& app, const std::string& name, Target& target,
+                       const std::string& description) {
+    const auto read = [name, &target](const CLI::results_t& given) {
+        target = numberOf<T>(name, given.front());
+        return true;
+    };
+    return app.add_option(name, read, description)->type_name("N");
+}
+
+void addConnection(CLI::App& app, Options& options) {
+    auto* group = app.add_option_group("connection", "The database");
+    group->add_option("--database", options.database, "SQLite file")->type_name("FILE");
+    group->add_option("--connect", options.connectionString, "ODBC connection string")
+        ->type_name("TEXT");
+    group->require_option(1);
+}
+
+void readSetting(Options& options, const std::string& text) {
+    const std::size_t equals = text.find('=');
+    if (equals == 0 || equals == std::string::npos)
+        throw CLI::ValidationError("--setting", "a setting is written NAME=VALUE, not " + text);
+    options.settings[text.substr(0, equals)] = text.substr(equals + 1);
+}
+
+void addHost(CLI::App& app, Options& options) {
+    addNumber<std::int16_t>(app, "--view", options.activation.view, "View to open")->required();
+    addNumber<std::int16_t>(app, "--company", options.company, "Company id, default 1");
+    app.add_option("--app-key", options.appKey, "Application key, default VEM04")
+        ->type_name("TEXT");
+    addNumber<std::int16_t>(app, "--language", options.language,
+                            "Language of the texts, default: the setting, else 1");
+    app.add_option("--user", options.user, "User name, default: the operating system's user")
+        ->type_name("NAME");
+    addNumber<std::int32_t>(app, "--code", options.activation.code,
+                            "Record to open, -1 to start a new one, default 0");
+    app.add_option("--value", options.activation.value, "Text to start a new record with")
+        ->type_name("TEXT");
+    app.add_option("--messages", options.messages, "Folder of the language catalogues")
+        ->type_name("DIR");
+    app.add_option_function<std::vector<std::string>>(
+           "--setting",
+           [&options](const std::vector<std::string>& given) {
+               for (const std::string& text : given) readSetting(options, text);
+           },
+           "Overrides the settings file; may be repeated")
+        ->type_name("NAME=VALUE")
+        ->allow_extra_args(false);
+    app.add_option("--locale", options.locale,
+                   "Decimal and thousands separators, default the environment's")
+        ->type_name("NAME");
+    app.add_flag("--trace", options.trace, "Prints statements, focus, pointer and service calls");
+}
+
+void addPlaying(CLI::App& app, Options& options) {
+    app.add_option("--surface", options.surface, "What the screen is shown on, default script")
+        ->check(CLI::IsMember({"script", "wx"}));
+    app.add_option("--script", options.script, "Screen script, default -: the standard input")
+        ->type_name("FILE");
+    app.add_flag("--keep-going", options.keepGoing,
+                 "Goes on after a line that cannot be carried out");
+}
+
+void addCommands(CLI::App& app, Options& options) {
+    const auto command = [&](const char* name, const char* description, Command which) {
+        CLI::App* added = app.add_subcommand(name, description);
+        added->callback([&options, which] { options.command = which; });
+        return added;
+    };
+    CLI::App* run = command("run", "Plays a screen script and prints what happens", Command::run);
+    CLI::App* open = command("open", "Opens the maintenance screen", Command::open);
+    CLI::App* add = command("add", "Adds a text to a view without a screen", Command::add);
+    for (CLI::App* hosted : {run, open, add}) {
+        addConnection(*hosted, options);
+        addHost(*hosted, options);
+    }
+    addPlaying(*run, options);
+    add->add_option("--name", options.sequence, "Sequence that gives the code")
+        ->type_name("SEQUENCE")
+        ->required();
+    add->get_option("--value")->required();
+    command("demo", "Writes a demonstration database", Command::demo)
+        ->add_option("DIRECTORY", options.directory, "Where demo.db is written")
+        ->required();
+    command("schema", "Prints the statements that create every table", Command::schema)
+        ->add_option("--dialect", options.dialect, "Whose statements")
+        ->required()
+        ->check(CLI::IsMember({"sqlite", "postgresql", "mariadb"}));
+}
+
+}  // namespace
+
+std::optional<Options> readOptions(int argc, char** argv, int& exitStatus) {
+    Options options;
+    CLI::App app("Maintenance screen for coded records", "catalogador");
+    app.set_version_flag("--version", "catalogador " CATALOGADOR_VERSION);
+    app.require_subcommand(1);
+    addCommands(app, options);
+    try {
+        app.parse(argc, argv);
+        return options;
+    } catch (const CLI::ParseError& error) {
+        const bool mistake = app.exit(error) != 0;
+        exitStatus = mistake ? exitUnusable : exitPlayed;
+        return std::nullopt;
+    }
+}
+
+}  // namespace catalogador

@@ -1,0 +1,108 @@
+#include <fstream>
+#include <iostream>
+
+#include "adapters/script/scripted_services.h"
+#include "adapters/script/windowless_surface.h"
+#include "apps/commands.h"
+#include "apps/component.h"
+#include "apps/connections.h"
+#include "apps/real_screen.h"
+#include "runtime/error.h"
+
+namespace catalogador {
+
+namespace {
+
+/// Everything that stands between the component and a transcript on the standard output.
+class PlayedHost {
+  public:
+    PlayedHost(const Options& options, const Services& services, Surface& screen,
+               rdoConnection& connection)
+        : transcript(std::cout, options.trace),
+          surface(screen, transcript, answers),
+          statements_(transcript),
+          utilities_(*services.utilities, transcript, statements_, answers),
+          access_(*services.access, transcript, statements_),
+          messages_(surface),
+          connection_(connection),
+          language_(services.language),
+          host_{surface,           utilities_,    messages_, access_, *services.languages,
+                services.regional, "Catalogador", &surface} {
+        connection_.setListener(&statements_);
+    }
+    ~PlayedHost() { connection_.setListener(nullptr); }
+    PlayedHost(const PlayedHost&) = delete;
+    PlayedHost& operator=(const PlayedHost&) = delete;
+
+    /// Null after the event that says why it could not be created.
+    std::unique_ptr<clsCatalogador> component(const Options& options) {
+        try {
+            return componentOf(host_, options, language_, connection_);
+        } catch (const RuntimeError& error) {
+            transcript.print({{"event", "failed"},
+                              {"number", error.number()},
+                              {"source", error.source()},
+                              {"description", error.description()}});
+            return nullptr;
+        }
+    }
+
+    Transcript transcript;
+    ScriptAnswers answers;
+    ScriptedSurface surface;
+
+  private:
+    TranscriptStatements statements_;
+    ScriptedUtilities utilities_;
+    TracedAccess access_;
+    SurfaceMessages messages_;
+    rdoConnection& connection_;
+    std::int16_t language_;
+    Host host_;
+};
+
+std::unique_ptr<std::ifstream> openScript(const std::string& name) {
+    if (name == "-") return nullptr;
+    auto file = std::make_unique<std::ifstream>(name);
+    // A folder opens, but nothing can be read from it.
+    if (!*file || (file->peek() == std::ifstream::traits_type::eof() && file->bad()))
+        throw RuntimeError(error_number::invalidProcedureCall,
+                           "cannot read the script " + name + "; check the path after --script");
+    file->clear();
+    return file;
+}
+
+std::unique_ptr<PlayedScreen> screenOf(const Options& options, const Services& services) {
+    if (options.surface == "wx") return realScreen(services.language);
+    return std::make_unique<WindowlessSurface>();
+}
+
+}  // namespace
+
+int runCommand(const Options& options) {
+    const auto file = openScript(options.script);
+    Script script(file ? static_cast<std::istream&>(*file) : std::cin);
+    const auto connection = openDatabase(options);
+    const Services services = servicesOf(options);
+    const auto screen = screenOf(options, services);
+    PlayedHost host(options, services, screen->surface(), *connection);
+    const auto component = host.component(options);
+    if (!component) return exitUnusable;
+    Player player({script, *screen, host.surface, host.transcript, host.answers,
+                   [&options] { return openDatabase(options); }, options.keepGoing, std::cerr});
+    return player.run(*component, options.activation);
+}
+
+int addCommand(const Options& options) {
+    const auto connection = openDatabase(options);
+    const Services services = servicesOf(options);
+    WindowlessSurface screen;
+    PlayedHost host(options, services, screen, *connection);
+    const auto component = host.component(options);
+    if (!component) return exitUnusable;
+    host.transcript.print(addedEvent(*component, options.activation.view, options.sequence,
+                                     options.activation.value));
+    return exitPlayed;
+}
+
+}  // namespace catalogador

@@ -1,0 +1,95 @@
+#!/usr/bin/env bash
+# Runs the tests.
+#
+#   test.sh           all of them on this system, the real window included, and once more with the
+#                     sanitizers
+#   test.sh quick     the inner loop: what needs no display, on the release build
+#   test.sh windows   the Windows component
+#   test.sh all       both
+#   test.sh lint      clang-tidy over src
+set -euo pipefail
+cd "$(dirname "${BASH_SOURCE[0]}")"
+. packaging/dependencies.sh
+. packaging/build.sh
+. packaging/virtual_display.sh
+
+passed=0
+failed=0
+skipped=0
+
+# run_tests PRESET CTEST-OPTION...: adds to the counts and shows what failed
+run_tests() {
+    local preset=$1 log=build/$1-tests.log shown=/dev/null total bad left
+    shift
+    echo "== testing: $preset $*"
+    [ -t 1 ] && shown=/dev/stdout
+    ctest --test-dir "build/$preset" --output-on-failure --timeout 300 "$@" 2>&1 |
+        tee "$log" >"$shown" || true
+    total=$(sed -n 's/^[0-9]*% tests passed.* tests failed out of \([0-9]*\)$/\1/p' "$log")
+    bad=$(sed -n 's/^[0-9]*% tests passed, \([0-9]*\) tests failed out of.*/\1/p' "$log")
+    if [ -z "$total" ]; then
+        tail -n 40 "$log" >&2
+        echo "No test ran" >&2
+        return 1
+    fi
+    left=$(grep -cE '^ *[0-9]+/[0-9]+ Test .*\*\*\*(Skipped|Not Run \(Disabled\))' "$log" || true)
+    passed=$((passed + total - bad - left))
+    failed=$((failed + bad))
+    skipped=$((skipped + left))
+    if [ "$bad" -gt 0 ]; then
+        grep -vE '^ *(Start +[0-9]+:|[0-9]+/[0-9]+ Test .* Passed )' "$log" | tail -n 300
+    fi
+    echo "$((total - bad - left)) of $total passed, $left skipped; the whole of it is in $log"
+}
+
+quick() {
+    install_missing "${build_packages[@]}" "${check_packages[@]}"
+    build release
+    run_tests release -L quick -j "$(nproc)"
+}
+
+this_system() {
+    install_missing "${build_packages[@]}" "${check_packages[@]}" "${screen_packages[@]}"
+    build release
+    run_tests release -LE window -j "$(nproc)"
+    trap stop_display EXIT
+    start_display
+    # One after the other: two windows on one display would fight for the focus.
+    run_tests release -L window
+    stop_display
+    build asan
+    run_tests asan -LE 'window|check' -j "$(nproc)"
+}
+
+windows() {
+    echo "windows: skipped: the Windows component is not part of this build yet"
+    skipped=$((skipped + 1))
+}
+
+lint() {
+    install_missing "${build_packages[@]}" "${lint_packages[@]}"
+    build debug
+    echo "== clang-tidy"
+    find src -name '*.cpp' -print0 | sort -z |
+        xargs -0 -P "$(nproc)" -n 4 clang-tidy -p build/debug --quiet
+}
+
+case "${1:-}" in
+    quick | windows) "$1" ;;
+    "") this_system ;;
+    all)
+        this_system
+        windows
+        ;;
+    lint)
+        lint
+        exit
+        ;;
+    *)
+        sed -n '2,/^set/s/^# \{0,1\}//p' "${BASH_SOURCE[0]}" >&2
+        exit 2
+        ;;
+esac
+echo "Time taken: $SECONDS s"
+echo "$passed passed, $failed failed, $skipped skipped"
+[ "$failed" -eq 0 ]

@@ -1,0 +1,96 @@
+#include "database.h"
+
+#include <unistd.h>
+
+#include <array>
+#include <cstdlib>
+#include <ostream>
+
+#include "runtime/convert.h"
+
+namespace catalogador::test {
+
+TemporaryFile::TemporaryFile(const std::string& name) : name_(name) {
+    std::string pattern = (std::filesystem::temp_directory_path() / "rdo-XXXXXX").string();
+    if (mkdtemp(pattern.data()) == nullptr) throw std::runtime_error("no temporary folder");
+    folder_ = pattern;
+}
+
+TemporaryFile::~TemporaryFile() {
+    std::error_code ignored;
+    std::filesystem::remove_all(folder_, ignored);
+}
+
+const std::vector<DatabaseKind>& databaseKinds() {
+    static const std::vector<DatabaseKind> kinds{
+        {"Sqlite", Dialect::sqlite, ""},
+        {"Postgresql", Dialect::postgresql, "CATALOGADOR_TEST_POSTGRESQL"},
+        {"Mariadb", Dialect::mariadb, "CATALOGADOR_TEST_MARIADB"},
+    };
+    return kinds;
+}
+
+std::string kindName(const testing::TestParamInfo<DatabaseKind>& info) {
+    return info.param.name;
+}
+
+void RdoTest::SetUp() {
+    table = "rows_" + std::to_string(getpid());
+    if (dialect() == Dialect::sqlite) {
+        // What a power failure would leave of these files is of no interest.
+        connectionString_ =
+            OdbcConnection::sqliteConnectionString(file_.path()) + ";SyncPragma=OFF";
+    } else {
+        const char* given = std::getenv(GetParam().variable.c_str());
+        if (given == nullptr) GTEST_SKIP() << GetParam().variable << " is not set";
+        connectionString_ = given;
+    }
+    connection = connect();
+    other = connect();
+    ASSERT_EQ(connection->dialect(), dialect());
+    connection->run("DROP TABLE IF EXISTS " + table);
+}
+
+void RdoTest::TearDown() {
+    if (connection) connection->run("DROP TABLE IF EXISTS " + table);
+}
+
+TypeNames RdoTest::types() const {
+    switch (dialect()) {
+        case Dialect::postgresql:
+            return {"BOOLEAN", "DOUBLE PRECISION", "TEXT", "TIMESTAMP"};
+        case Dialect::mariadb:
+            return {"BIT(1)", "DOUBLE", "LONGTEXT", "DATETIME"};
+        default:
+            return {"BIT", "DOUBLE", "TEXT", "TIMESTAMP"};
+    }
+}
+
+std::unique_ptr<OdbcConnection> RdoTest::connect() const {
+    return OdbcConnection::open(connectionString_);
+}
+
+void RdoTest::create(const std::string& columns, const std::vector<std::string>& rows) {
+    connection->run("CREATE TABLE " + table + " (" + columns + ")");
+    for (const std::string& row : rows)
+        connection->run("INSERT INTO " + table + " VALUES (" + row + ")");
+}
+
+std::vector<std::vector<Variant>> RdoTest::all(const std::string& order) {
+    return other->query("SELECT * FROM " + table + " ORDER BY " + order);
+}
+
+void PrintTo(const DatabaseKind& kind, std::ostream* out) {
+    *out << kind.name;
+}
+
+}  // namespace catalogador::test
+
+namespace catalogador {
+
+void PrintTo(const Variant& value, std::ostream* out) {
+    constexpr const char* kinds[] = {"Null", "bool", "int64", "double", "Decimal", "Date", "text"};
+    *out << kinds[value.storage().index()] << " " << toTextOrEmpty(value, Regional{});
+}
+
+}  // namespace catalogador

@@ -1,0 +1,213 @@
+#include <gtest/gtest.h>
+
+#include <chrono>
+
+#include "database.h"
+
+namespace catalogador {
+namespace {
+
+using test::errorNumberOf;
+using test::errorOf;
+
+class RdoStatement : public test::RdoTest {};
+INSTANTIATE_TEST_SUITE_P(, RdoStatement, testing::ValuesIn(test::databaseKinds()), test::kindName);
+
+TEST_P(RdoStatement, TellsHowManyRowsItTouched) {
+    create("a INTEGER", {"1", "2", "3"});
+    EXPECT_EQ(connection->Execute("Update " + table + " Set a = a + 10 Where a > 1"), 2);
+    EXPECT_EQ(connection->Execute("Update " + table + " Set a = 0 Where a = 99"), 0);
+    EXPECT_EQ(connection->Execute("Delete From " + table + ";"), 3);
+}
+
+TEST_P(RdoStatement, OpenedWithoutRowsIsAtEndAndWasRun) {
+    create("a INTEGER", {"1"});
+    const auto rows = connection->OpenResultset("Update " + table + " Set a = 5");
+    EXPECT_TRUE(rows->atEnd());
+    EXPECT_EQ(rows->columnCount(), 0);
+    EXPECT_EQ(all()[0][0], Variant(5));
+}
+
+TEST_P(RdoStatement, RefusesSecondStatementAndRunsNone) {
+    create("a INTEGER", {"1"});
+    const std::string attack = "Update " + table + " Set a = 2; Delete From " + table;
+    EXPECT_EQ(errorNumberOf([&] { connection->Execute(attack); }), error_number::statementFailed);
+    EXPECT_EQ(errorNumberOf([&] { connection->OpenResultset(attack); }),
+              error_number::statementFailed);
+    EXPECT_EQ(errorNumberOf([&] {
+                  connection->OpenResultset(select("Where a = 0'; Delete From " + table + " --"));
+              }),
+              error_number::statementFailed);
+    EXPECT_EQ(all()[0][0], Variant(1));
+}
+
+TEST_P(RdoStatement, TakesCommentsAndTrailingSeparator) {
+    create("a INTEGER", {"1"});
+    const auto rows = connection->OpenResultset("Select a /* it's ? */ From " + table +
+                                                " -- don't {ask} ?\n Where a = 1; -- end");
+    EXPECT_EQ(rows->value(0), Variant(1));
+}
+
+TEST_P(RdoStatement, LeavesQuestionMarksAndBracesInTextsAlone) {
+    create("a VARCHAR(40)", {"'{d ''2024-01-01''} ?'"});
+    const auto rows = connection->OpenResultset("Select a, '?{fn now()}' As b From " + table +
+                                                " Where a = '{d ''2024-01-01''} ?'");
+    ASSERT_FALSE(rows->atEnd());
+    EXPECT_EQ(rows->value(0), Variant("{d '2024-01-01'} ?"));
+    EXPECT_EQ(rows->value(1), Variant("?{fn now()}"));
+}
+
+TEST_P(RdoStatement, DoesNoHarmWithQuestionMarkOutsideOfText) {
+    create("a INTEGER", {"1"});
+    errorNumberOf([&] { connection->Execute("Delete From " + table + " Where a = ?"); });
+    EXPECT_EQ(all().size(), 1U);
+    EXPECT_FALSE(connection->OpenResultset(select())->atEnd());
+}
+
+TEST_P(RdoStatement, ReportsDriversTextAndGoesOn) {
+    create("a INTEGER", {"1"});
+    const std::string text = errorOf([&] { connection->OpenResultset("Select * From no_such"); });
+    EXPECT_NE(text.find("no_such"), std::string::npos) << text;
+    EXPECT_EQ(text.find(": "), 5U) << "SQLSTATE first: " << text;
+    EXPECT_EQ(errorNumberOf([&] { connection->OpenResultset("Selec 1"); }),
+              error_number::statementFailed);
+    EXPECT_EQ(errorNumberOf([&] { connection->OpenResultset(""); }), error_number::statementFailed);
+    EXPECT_EQ(connection->OpenResultset(select())->value(0), Variant(1));
+}
+
+TEST_P(RdoStatement, OfServicesTakesValuesOfEveryKind) {
+    create("a BIGINT, b VARCHAR(60), c " + types().real + ", d " + types().timestamp +
+           ", e DECIMAL(10,2), f " + types().boolean);
+    const std::string hostile = "x'; Delete From t; -- \\ \" \U0001F600";
+    EXPECT_EQ(connection->run(
+                  "INSERT INTO " + table + " VALUES (?, ?, ?, ?, ?, ?)",
+                  {INT64_MAX, hostile, 0.1, Date{2024, 1, 2, 3, 4, 5}, Decimal{"-1.50"}, true}),
+              1);
+    const auto rows = connection->query("SELECT * FROM " + table + " WHERE b = ?", {hostile});
+    ASSERT_EQ(rows.size(), 1U);
+    EXPECT_EQ(rows[0][0], Variant(INT64_MAX));
+    EXPECT_EQ(rows[0][1], Variant(hostile));
+    EXPECT_EQ(rows[0][2], Variant(0.1));
+    EXPECT_EQ(rows[0][3], Variant(Date{2024, 1, 2, 3, 4, 5}));
+    EXPECT_EQ(rows[0][5], Variant(true));
+}
+
+TEST_P(RdoStatement, InTransactionIsUndoneByRollback) {
+    create("a INTEGER");
+    connection->begin();
+    connection->run("INSERT INTO " + table + " VALUES (1)");
+    connection->rollback();
+    EXPECT_TRUE(all().empty());
+    connection->begin();
+    connection->run("INSERT INTO " + table + " VALUES (2)");
+    connection->commit();
+    EXPECT_EQ(all().size(), 1U);
+    connection->run("INSERT INTO " + table + " VALUES (3)");
+    EXPECT_EQ(all().size(), 2U);
+    EXPECT_EQ(errorNumberOf([&] { connection->commit(); }), error_number::invalidProcedureCall);
+}
+
+TEST_P(RdoStatement, InInnerTransactionIsUndoneAlone) {
+    create("a INTEGER");
+    connection->begin();
+    connection->run("INSERT INTO " + table + " VALUES (1)");
+    connection->begin();
+    connection->run("INSERT INTO " + table + " VALUES (2)");
+    connection->rollback();
+    connection->begin();
+    connection->run("INSERT INTO " + table + " VALUES (3)");
+    connection->commit();
+    connection->commit();
+    const auto rows = all();
+    ASSERT_EQ(rows.size(), 2U);
+    EXPECT_EQ(rows[1][0], Variant(3));
+}
+
+TEST_P(RdoStatement, InTransactionIsLostWithItsConnection) {
+    create("a INTEGER");
+    connection->begin();
+    connection->run("INSERT INTO " + table + " VALUES (1)");
+    connection = connect();
+    EXPECT_TRUE(all().empty());
+}
+
+TEST_P(RdoStatement, FailsWithAnErrorWhenTheConnectionIsLost) {
+    if (dialect() == Dialect::sqlite) GTEST_SKIP() << "a file has no connection to lose";
+    create("a INTEGER", {"1"});
+    const auto rows = connection->OpenResultset(select());
+    const bool postgresql = dialect() == Dialect::postgresql;
+    const Variant session =
+        connection->query(postgresql ? "SELECT pg_backend_pid()" : "SELECT CONNECTION_ID()")[0][0];
+    const std::string number = std::to_string(*session.as<std::int64_t>());
+    other->run(postgresql ? "SELECT pg_terminate_backend(" + number + ")" : "KILL " + number);
+    rows->Edit();
+    rows->setValue("a", 2);
+    EXPECT_EQ(errorNumberOf([&] { rows->Update(); }), error_number::statementFailed);
+    EXPECT_EQ(errorNumberOf([&] { connection->OpenResultset(select()); }),
+              error_number::statementFailed);
+    EXPECT_EQ(errorNumberOf([&] {
+                  connection->begin();
+                  connection->run("SELECT 1");
+              }),
+              error_number::statementFailed);
+    connection = connect();
+    EXPECT_EQ(all()[0][0], Variant(1));
+}
+
+TEST_P(RdoStatement, StopsWaitingForALockWithAnError) {
+    if (dialect() == Dialect::sqlite) GTEST_SKIP() << "tested with a shorter wait";
+    create("a INTEGER", {"1"});
+    const auto rows = other->OpenResultset(select());
+    connection->begin();
+    connection->run("UPDATE " + table + " SET a = 1");
+    const auto start = std::chrono::steady_clock::now();
+    rows->Edit();
+    rows->setValue("a", 3);
+    EXPECT_EQ(errorNumberOf([&] { rows->Update(); }), error_number::statementFailed);
+    EXPECT_LT(std::chrono::steady_clock::now() - start, std::chrono::seconds(15));
+    connection->commit();
+    rows->Update();
+    EXPECT_EQ(all()[0][0], Variant(3));
+}
+
+class Recorder : public StatementListener {
+  public:
+    void opened(const std::string& sql, int type, int lock) override {
+        events.push_back("open " + sql + " " + std::to_string(type) + " " + std::to_string(lock));
+    }
+    void executed(const std::string& sql) override { events.push_back("execute " + sql); }
+    void written(std::string_view kind, const std::string& table,
+                 const std::vector<std::pair<std::string, Variant>>& columns) override {
+        std::string names;
+        for (const auto& [name, value] : columns) names += " " + name;
+        events.push_back(std::string(kind) + " " + table + names);
+    }
+    std::vector<std::string> events;
+};
+
+TEST_P(RdoStatement, IsToldToTheListenerWithEveryWrite) {
+    create("Code INTEGER, Name VARCHAR(10)", {"1, 'x'"});
+    Recorder recorder;
+    connection->setListener(&recorder);
+    const auto rows = connection->OpenResultset(select());
+    rows->Edit();
+    rows->setValue("name", "y");
+    rows->Update();
+    rows->Delete();
+    rows->AddNew();
+    rows->setValue("Name", "z");
+    rows->setValue("Code", 2);
+    rows->Update();
+    connection->Execute("Delete From " + table);
+    connection->query("SELECT 1");
+    errorNumberOf([&] { connection->OpenResultset("nonsense", 1, 2); });
+    connection->setListener(nullptr);
+    connection->OpenResultset(select());
+    const std::vector<std::string> expected{
+        "open " + select() + " 2 4",      "update " + table + " name",    "delete " + table,
+        "insert " + table + " Name Code", "execute Delete From " + table, "open nonsense 1 2"};
+    EXPECT_EQ(recorder.events, expected);
+}
+
+}  // namespace
+}  // namespace catalogador

@@ -1,0 +1,177 @@
+#include <gtest/gtest.h>
+#include <sys/wait.h>
+#include <unistd.h>
+
+#include <chrono>
+
+#include "database.h"
+#include "runtime/text.h"
+
+namespace catalogador {
+namespace {
+
+using test::errorNumberOf;
+using test::errorOf;
+using test::TemporaryFile;
+
+class Sqlite : public testing::Test {
+  protected:
+    static std::string stringFor(const std::string& path, const std::string& timeout = "5000") {
+        return replaceText(OdbcConnection::sqliteConnectionString(path), "Timeout=5000",
+                           "Timeout=" + timeout, Compare::binary);
+    }
+
+    TemporaryFile file_;
+    std::unique_ptr<OdbcConnection> connection_ = OdbcConnection::open(stringFor(file_.path()));
+};
+
+TEST_F(Sqlite, GivesStoredTextWhereItDoesNotFitTheDeclaredType) {
+    connection_->run(
+        "CREATE TABLE t (a INTEGER, b BIT, c NUMERIC(10,2), d DOUBLE, e TIMESTAMP, f DATE, "
+        "g VARCHAR(3))");
+    connection_->run("INSERT INTO t VALUES ('abc', 'yes', '12,5', 'n/a', '', 'soon', 'longer')");
+    const auto rows = connection_->OpenResultset("Select * From t");
+    for (const auto& [column, text] : std::vector<std::pair<int, const char*>>{
+             {0, "abc"}, {1, "yes"}, {2, "12,5"}, {3, "n/a"}, {4, ""}, {5, "soon"}, {6, "longer"}})
+        EXPECT_EQ(rows->value(column), Variant(text)) << column;
+    rows->Edit();
+    rows->setValue("g", "x");
+    rows->Update();
+    rows->Delete();
+    EXPECT_TRUE(connection_->query("SELECT * FROM t").empty());
+}
+
+TEST_F(Sqlite, FindsRowWhateverItsValuesAreStoredAs) {
+    connection_->run(
+        "CREATE TABLE t (a INTEGER, b BIT, c NUMERIC, d VARCHAR(9), e TIMESTAMP, f, g REAL)");
+    for (const char* row :
+         {"3.5, 7, 1.0/3, 12, 2460000.5, 5, 4", "'1', '0', '1e3', 'A', 0, 'x', 1e300",
+          "1e20, true, 12345678901234567890, '', '2024-01-02T03:04', 0.1, -0.0"}) {
+        connection_->run(std::string("INSERT INTO t VALUES (") + row + ")");
+        const auto rows = connection_->OpenResultset("Select * From t");
+        rows->Edit();
+        rows->setValue("d", "changed");
+        EXPECT_EQ(errorOf([&] { rows->Update(); }), "") << row;
+        EXPECT_EQ(errorOf([&] { rows->Delete(); }), "") << row;
+    }
+}
+
+TEST_F(Sqlite, ReportsBitForEveryDeclarationOfOne) {
+    connection_->run("CREATE TABLE t (a BIT, b bit(1), c BOOLEAN, d bool, e INTEGER)");
+    connection_->run("INSERT INTO t VALUES (1, 0, 1, 0, 1)");
+    for (const char* sql : {"Select * From t", "Select * From t Where a = 0",
+                            "Select a, b, c, d, e From (Select * From t)"}) {
+        const auto rows = connection_->OpenResultset(sql);
+        for (int column = 0; column < 4; ++column)
+            EXPECT_EQ(rows->column(column).type, bitColumnType) << sql << column;
+        EXPECT_NE(rows->column(4).type, bitColumnType);
+    }
+    EXPECT_EQ(connection_->OpenResultset("Select b From t")->value(0), Variant(false));
+}
+
+TEST_F(Sqlite, StoresDatesAndFlagsTheUsualWay) {
+    connection_->run("CREATE TABLE t (a TIMESTAMP, b DATE, c BIT, d INTEGER)");
+    const auto rows = connection_->OpenResultset("Select * From t");
+    rows->AddNew();
+    rows->setValue("a", Date{2024, 1, 2, 3, 4, 5});
+    rows->setValue("b", Date{2024, 1, 2});
+    rows->setValue("c", true);
+    rows->setValue("d", 7);
+    rows->Update();
+    const auto stored = connection_->query(
+        "SELECT CAST(a AS TEXT), CAST(b AS TEXT), typeof(c) || c, typeof(d) || d FROM t");
+    const std::vector<Variant> expected{"2024-01-02 03:04:05", "2024-01-02", "integer1",
+                                        "integer7"};
+    EXPECT_EQ(stored.at(0), expected);
+}
+
+TEST_F(Sqlite, NoticesChangeOfCaseInColumnThatIsBlindToIt) {
+    connection_->run("CREATE TABLE t (a VARCHAR(9) COLLATE NOCASE)");
+    connection_->run("INSERT INTO t VALUES ('ana')");
+    const auto rows = connection_->OpenResultset("Select * From t");
+    connection_->run("UPDATE t SET a = 'ANA'");
+    EXPECT_EQ(errorNumberOf([&] { rows->Delete(); }), error_number::rowChanged);
+}
+
+TEST_F(Sqlite, StopsWaitingForALockWithAnError) {
+    connection_->run("CREATE TABLE t (a INTEGER)");
+    connection_->run("INSERT INTO t VALUES (1)");
+    const auto other = OdbcConnection::open(stringFor(file_.path(), "300"));
+    const auto rows = other->OpenResultset("Select * From t");
+    connection_->begin();
+    connection_->run("UPDATE t SET a = 1");
+    const auto start = std::chrono::steady_clock::now();
+    rows->Edit();
+    rows->setValue("a", 3);
+    const std::string text = errorOf([&] { rows->Update(); });
+    EXPECT_NE(text.find("locked"), std::string::npos) << text;
+    EXPECT_LT(std::chrono::steady_clock::now() - start, std::chrono::seconds(10));
+    EXPECT_GE(std::chrono::steady_clock::now() - start, std::chrono::milliseconds(200));
+    connection_->commit();
+    rows->Update();
+    EXPECT_EQ(connection_->query("SELECT a FROM t").at(0).at(0), Variant(3));
+}
+
+TEST_F(Sqlite, LetsTwoProcessesWriteAtTheSameTime) {
+    constexpr int rounds = 50;
+    connection_->run("CREATE TABLE t (a INTEGER)");
+    connection_.reset();
+    const auto write = [&](int process) {
+        const auto connection = OdbcConnection::open(stringFor(file_.path()));
+        const auto rows = connection->OpenResultset("Select * From t");
+        for (int i = 0; i < rounds; ++i) {
+            rows->AddNew();
+            rows->setValue("a", process * rounds + i);
+            rows->Update();
+        }
+    };
+    const pid_t child = fork();
+    ASSERT_GE(child, 0);
+    if (child == 0) _exit(errorNumberOf([&] { write(1); }) == 0 ? 0 : 1);
+    EXPECT_EQ(errorOf([&] { write(0); }), "");
+    int status = -1;
+    waitpid(child, &status, 0);
+    EXPECT_EQ(status, 0);
+    const auto connection = OdbcConnection::open(stringFor(file_.path()));
+    EXPECT_EQ(connection->query("SELECT DISTINCT a FROM t").size(), 2U * rounds);
+}
+
+TEST_F(Sqlite, EnforcesForeignKeys) {
+    connection_->run("CREATE TABLE p (a INTEGER PRIMARY KEY)");
+    connection_->run("CREATE TABLE c (a INTEGER REFERENCES p(a))");
+    EXPECT_EQ(errorNumberOf([&] { connection_->Execute("Insert Into c Values (1)"); }),
+              error_number::statementFailed);
+}
+
+TEST(SqliteFile, MayHaveAnOddName) {
+    for (const char* name :
+         {"with blank.db", "ma\u00f1ana \U0001F600.db", "it's.db", "a=b.db", "a{b}.db",
+          "a%20b?c.db", "a#b.db", "a;b.db", "a}b.db", "{a.db", " a .db ", "100%; # ?.db"}) {
+        const TemporaryFile file(name);
+        const std::string error = errorOf([&] {
+            OdbcConnection::open(OdbcConnection::sqliteConnectionString(file.path()))
+                ->run("CREATE TABLE t (a INTEGER)");
+        });
+        EXPECT_EQ(error, "") << name;
+        EXPECT_TRUE(std::filesystem::exists(file.path())) << name;
+    }
+}
+
+TEST(SqliteFile, IsReportedWhenItCannotBeOpened) {
+    EXPECT_EQ(
+        errorNumberOf([] {
+            OdbcConnection::open(OdbcConnection::sqliteConnectionString("/no/such/folder/a.db"))
+                ->OpenResultset("Select 1 From t");
+        }),
+        error_number::statementFailed);
+}
+
+TEST(OdbcConnectionOpen, ReportsDriverThatIsNotThereWithoutThePassword) {
+    const std::string text =
+        errorOf([] { OdbcConnection::open("DRIVER={no such driver};UID=ana;PWD=secret"); });
+    EXPECT_NE(text, "");
+    EXPECT_EQ(text.find("secret"), std::string::npos) << text;
+}
+
+}  // namespace
+}  // namespace catalogador

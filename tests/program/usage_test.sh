@@ -1,0 +1,123 @@
+#!/bin/sh
+# Calls the program in every way that ends in a status of its own.
+#
+#   usage_test.sh PROGRAM
+set -u
+
+program=$1
+work=$(mktemp -d)
+trap 'rm -rf "$work"' EXIT
+export HOME="$work" XDG_CONFIG_HOME="$work" LC_ALL=C.UTF-8
+cd "$work" || exit 1
+failures=0
+
+fail() {
+    echo "FAILED: $1"
+    sed 's/^/    /' out err
+    failures=$((failures + 1))
+}
+
+# ends STATUS TITLE ARGUMENT...: standard input of the call is the file "script".
+ends() {
+    wanted=$1
+    title=$2
+    shift 2
+    "$program" "$@" <script >out 2>err
+    status=$?
+    [ "$status" -eq "$wanted" ] || fail "$title: status $status instead of $wanted"
+}
+# says FILE TEXT, of the call before.
+says() {
+    grep -qF -- "$2" "$1" || fail "$title: '$2' is missing in $1"
+}
+one_line_of_complaint() {
+    [ "$(wc -l <err)" -eq 1 ] || fail "$title: not one line on the standard error"
+    [ ! -s out ] || fail "$title: something on the standard output"
+}
+
+: >script
+ends 0 "demo" demo made/here
+says out made/here/demo.db
+[ "$(ls made/here)" = demo.db ] || fail "demo leaves another file behind"
+ends 0 "demo over an older one" demo made/here
+database=made/here/demo.db
+echo text >file
+ends 2 "demo in a file" demo file
+one_line_of_complaint
+
+ends 0 "help" --help
+says out run
+ends 0 "help of a command" run --help
+says out --keep-going
+ends 0 "version" --version
+for dialect in sqlite postgresql mariadb; do
+    ends 0 "schema" schema --dialect $dialect
+    says out genCodigoTexto
+done
+ends 2 "schema of an unknown dialect" schema --dialect other
+
+ends 2 "no command"
+ends 2 "unknown command" play
+ends 2 "no view" run --database "$database"
+ends 2 "no connection" run --view 1
+ends 2 "two connections" run --database "$database" --connect x --view 1
+ends 2 "view out of range" run --database "$database" --view 32768
+says err 32768
+ends 2 "view that is no number" run --database "$database" --view 1x
+ends 2 "code out of range" run --database "$database" --view 1 --code 2147483648
+ends 2 "company out of range" run --database "$database" --view 1 --company -32769
+ends 2 "language out of range" run --database "$database" --view 1 --language 99999
+ends 2 "setting without value" run --database "$database" --view 1 --setting Idioma
+ends 2 "unknown option" run --database "$database" --view 1 --nada
+ends 2 "unknown surface" run --database "$database" --view 1 --surface paper
+ends 2 "unknown locale" run --database "$database" --view 1 --locale xx_YY
+ends 2 "add without a name" add --database "$database" --view 5 --value x
+ends 2 "add without a value" add --database "$database" --view 5 --name Escrituras
+
+ends 2 "database that does not exist" run --database nada.db --view 1
+one_line_of_complaint
+[ ! -e nada.db ] || fail "a database was created by opening it"
+ends 2 "folder as a database" run --database made --view 1
+one_line_of_complaint
+ends 2 "file that is no database" run --database file --view 1
+one_line_of_complaint
+ends 2 "script that does not exist" run --database "$database" --view 1 --script nada
+one_line_of_complaint
+ends 2 "driver that does not exist" \
+    run --connect "Driver={Nada};UID=ana;PWD={hid den}" --view 1
+one_line_of_complaint
+! grep -q "hid" err || fail "a password is shown"
+ends 2 "no catalogues" run --database "$database" --view 1 --messages .
+says out '{"event":"failed","number":9000,"source":"ObjetoLenguaje"'
+
+ends 0 "no line at all" run --database "$database" --view 1
+says out '{"event":"closed","view":1,"depth":1,"idModificado":0}'
+ends 0 "view 0" run --database "$database" --view 0 --company -1 --code -1
+says out '{"event":"result","activarABM":false,"idModificado":0}'
+ends 0 "language of the call" run --database "$database" --view 1 --language 2
+says out '"language":"LNG_QTX_002"'
+ends 0 "language of a setting" run --database "$database" --view 1 --setting Idioma=3
+says out '"language":"LNG_QTX_003"'
+mkdir catalogador && printf '[VEM04]\nIdioma=2\n' >catalogador/catalogador.ini
+ends 0 "language of the settings file" run --database "$database" --view 1
+says out '"language":"LNG_QTX_002"'
+
+printf 'state\naction 6\nstate\n' >script
+ends 1 "refused line" run --database "$database" --view 1
+says out '{"event":"refused","line":2,"reason":"action 6 is disabled"}'
+[ "$(grep -c '"event":"state"' out)" -eq 1 ] || fail "lines after a refused one are played"
+says out '"event":"closed"'
+ends 0 "refused line, going on" run --database "$database" --view 1 --keep-going
+[ "$(grep -c '"event":"state"' out)" -eq 2 ] || fail "lines after a refused one are not played"
+cp script saved.script
+: >script
+ends 1 "script from a file" run --database "$database" --view 1 --script saved.script
+ends 0 "add" add --database "$database" --view 5 --name Escrituras --value "[a,b] -x"
+says out '{"event":"result","addNew":1,'
+ends 0 "add of a text that is there" \
+    add --database "$database" --view 5 --name Escrituras --value "[a,b] -x"
+says out '{"event":"result","addNew":0,"idModificado":0}'
+ends 0 "add of nothing" add --database "$database" --view 5 --name Escrituras --value ""
+says out '{"event":"result","addNew":9,"idModificado":0}'
+
+[ "$failures" -eq 0 ]

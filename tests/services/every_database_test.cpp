@@ -1,0 +1,108 @@
+#include <sys/wait.h>
+#include <unistd.h>
+
+#include <chrono>
+#include <set>
+
+#include "adapters/services/access.h"
+#include "adapters/services/utilities.h"
+#include "database.h"
+
+namespace catalogador {
+namespace {
+
+/// The services' tables have fixed names, so that tests of one server must not run side by side.
+class ServicesOn : public test::RdoTest {
+  protected:
+    void SetUp() override {
+        RdoTest::SetUp();
+        if (!connection) return;
+        dropTables();
+        connection->run(
+            "CREATE TABLE genNumeradores (NumNombre VARCHAR(100) PRIMARY KEY, NumUltimo INTEGER)");
+        connection->run("CREATE TABLE accUsuarios (UsuID INTEGER, UsuNombre VARCHAR(100))");
+        connection->run(
+            "CREATE TABLE accPermisos (PerUsuID INTEGER, PerOpcion VARCHAR(100), PerEmpresa "
+            "SMALLINT, PerDerechos VARCHAR(100))");
+    }
+
+    void TearDown() override {
+        if (connection) dropTables();
+        RdoTest::TearDown();
+    }
+
+    Utilities utilities{Settings("", {}), Regional{}, "", nullptr};
+
+  private:
+    void dropTables() {
+        for (const char* name : {"genNumeradores", "accUsuarios", "accPermisos"})
+            connection->run(std::string("DROP TABLE IF EXISTS ") + name);
+    }
+};
+INSTANTIATE_TEST_SUITE_P(, ServicesOn, testing::ValuesIn(test::databaseKinds()), test::kindName);
+
+TEST_P(ServicesOn, GivesEveryProcessItsOwnCodes) {
+    constexpr int processes = 3;
+    constexpr int draws = 30;
+    connection->run("INSERT INTO genNumeradores VALUES ('Países', 33)");
+    create("Code INTEGER");
+    for (int process = 0; process < processes; ++process) {
+        if (fork() != 0) continue;
+        const auto own = connect();
+        for (int i = 0; i < draws; ++i)
+            own->run("INSERT INTO " + table + " VALUES (?)",
+                     {utilities.ProximoCodigo(*own, "Países")});
+        // The parent's connections must not be closed from here.
+        _exit(0);
+    }
+    for (int process = 0; process < processes; ++process) {
+        int status = -1;
+        wait(&status);
+        EXPECT_EQ(status, 0);
+    }
+    std::set<std::int64_t> codes;
+    for (const auto& row : all()) codes.insert(*row[0].as<std::int64_t>());
+    EXPECT_EQ(codes.size(), static_cast<std::size_t>(processes * draws));
+    EXPECT_EQ(*codes.begin(), 34);
+    EXPECT_EQ(*codes.rbegin(), 33 + processes * draws);
+}
+
+TEST_P(ServicesOn, GivesNoCodeForUnknownNamesAndUsedUpSequences) {
+    connection->run("INSERT INTO genNumeradores VALUES ('Full', 2147483647)");
+    for (const char* name : {"Full", "", "x' OR '1'='1", "\\' OR 1=1 -- "})
+        EXPECT_EQ(utilities.ProximoCodigo(*connection, name), -1) << name;
+    connection->run("DROP TABLE genNumeradores");
+    EXPECT_EQ(utilities.ProximoCodigo(*connection, "Full"), -1);
+    EXPECT_EQ(currentError().number, error_number::statementFailed);
+    EXPECT_EQ(connection->run("INSERT INTO accUsuarios VALUES (1, 'x')"), 1)
+        << "the connection goes on after the error";
+    EXPECT_EQ(other->query("SELECT * FROM accUsuarios").size(), 1U);
+}
+
+TEST_P(ServicesOn, GivesTheLocalTimeOfTheServer) {
+    const std::time_t now = std::time(nullptr);
+    std::tm local{};
+    localtime_r(&now, &local);
+    const Date date = utilities.FechaServidor(*connection);
+    EXPECT_EQ(date.nanosecond, 0);
+    EXPECT_NEAR(date.year, local.tm_year + 1900, 1);
+    EXPECT_NEAR(date.hour * 60 + date.minute, local.tm_hour * 60 + local.tm_min, 1);
+}
+
+TEST_P(ServicesOn, GivesRightsByParametersOnly) {
+    connection->run("INSERT INTO accUsuarios VALUES (7, 'ana')");
+    connection->run("INSERT INTO accPermisos VALUES (7, 'Países', 1, 'ABM')");
+    const auto access = TableAccessLibrary("ana").create();
+    EXPECT_EQ(access->PermisosOpcion(*connection, "", "Países", 1), "ABM");
+    EXPECT_EQ(access->PermisosOpcion(*connection, "", "Países", 2), "");
+    EXPECT_EQ(access->PermisosOpcion(*connection, "", "\\' OR 1=1 -- ", 1), "");
+    EXPECT_EQ(access->PermisosOpcion(*connection, "", "' OR '1'='1", 1), "");
+    std::int32_t user = 0;
+    access->UsuarioActual(*connection, "", user);
+    EXPECT_EQ(user, 7);
+    TableAccessLibrary("\\' OR 1=1 -- ").create()->UsuarioActual(*connection, "", user);
+    EXPECT_EQ(user, -1);
+}
+
+}  // namespace
+}  // namespace catalogador

@@ -1,0 +1,60 @@
+#include "adapters/services/messages.h"
+
+#include <gtest/gtest.h>
+
+#include <vector>
+
+#include "platform/controls/command_bars.h"
+
+namespace catalogador {
+namespace {
+
+/// Only the boxes are of interest here.
+class BoxSurface : public Surface {
+  public:
+    void open(Window&) override {}
+    void showModal(Window&) override {}
+    void close(Window&) override {}
+    void windowChanged(Window&) override {}
+    void controlChanged(Window&, Control&) override {}
+    void commandBarsChanged(Window&) override {}
+    void focusChanged(Window&) override {}
+    void pointerChanged(int) override {}
+    int messageBox(const std::string& text, int style, const std::string& title) override {
+        shown.push_back(text + "|" + std::to_string(style) + "|" + title);
+        return answer;
+    }
+    void errorBox(const std::string& text, const std::string& title, const std::string& detail,
+                  const std::string& context) override {
+        shown.push_back(text + "|" + title + "|" + detail + "|" + context);
+    }
+    std::optional<SaveChoice> saveDialog(const SaveDialog&) override { return std::nullopt; }
+    void showMenu(Window&, const Menu&) override {}
+    [[nodiscard]] int textWidth(std::string_view) const override { return 0; }
+    [[nodiscard]] Size screenSize() const override { return {}; }
+    [[nodiscard]] Rect clientRect(const Window&) const override { return {}; }
+    void processEvents() override {}
+
+    int answer = answerNo;
+    std::vector<std::string> shown;
+};
+
+TEST(SurfaceMessages, AsksOnTheSurfaceAndGivesItsAnswer) {
+    BoxSurface surface;
+    SurfaceMessages messages(surface);
+    EXPECT_EQ(messages.MostrarMensaje("Sure?", styleQuestion, "Title"), answerNo);
+    surface.answer = answerYes;
+    EXPECT_EQ(messages.MostrarMensaje("Sure?", styleQuestion, "Title"), answerYes);
+    EXPECT_EQ(surface.shown.front(), "Sure?|36|Title");
+}
+
+TEST(SurfaceMessages, ShowsErrorsWithDetailAndContext) {
+    BoxSurface surface;
+    SurfaceMessages messages(surface);
+    messages.Idioma(3);
+    messages.MostrarError("Failed", "Title", "5 - reason", "there");
+    EXPECT_EQ(surface.shown.front(), "Failed|Title|5 - reason|there");
+}
+
+}  // namespace
+}  // namespace catalogador

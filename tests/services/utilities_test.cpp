@@ -1,0 +1,49 @@
+#include "adapters/services/utilities.h"
+
+#include <gtest/gtest.h>
+
+#include <cstddef>
+
+#include "runtime/error.h"
+
+namespace catalogador {
+namespace {
+
+Utilities utilitiesWith(const std::map<std::string, std::string>& settings) {
+    return {Settings("", settings), Regional{",", "."}, "/opt/program", nullptr};
+}
+
+TEST(Utilities, GivesNullForASettingThatIsNotSet) {
+    Utilities utilities = utilitiesWith({{"Idioma", "2"}});
+    EXPECT_EQ(utilities.LeerConfiguracion("VEM04", "Idioma"), Variant("2"));
+    EXPECT_TRUE(utilities.LeerConfiguracion("VEM04", "Idioma2").isNull());
+}
+
+TEST(Utilities, GivesTextOfAValueAsTheUserReadsIt) {
+    const Utilities utilities = utilitiesWith({});
+    EXPECT_EQ(utilities.TextoDe(Null{}), "");
+    EXPECT_EQ(utilities.TextoDe("x"), "x");
+    EXPECT_EQ(utilities.TextoDe(12.5), "12,5");
+}
+
+TEST(Utilities, TakesFolderOfAnApplicationFromItsSettingElseItsOwn) {
+    EXPECT_EQ(utilitiesWith({}).CarpetaAplicacion(), "/opt/program");
+    EXPECT_EQ(utilitiesWith({}).RutaAplicacion("VEM04"), "/opt/program");
+    EXPECT_EQ(utilitiesWith({{"Ruta", "/srv/app"}}).RutaAplicacion("VEM04"), "/srv/app");
+}
+
+TEST(Utilities, HandsHelpToTheViewerAndRaisesWithoutOne) {
+    int shown = 0;
+    Utilities utilities(
+        Settings("", {}), Regional{}, "",
+        [&](Window&, int command, std::int32_t data) { shown = command * 100 + data; });
+    // Only the reference is handed on, so there need be no window behind it.
+    alignas(std::max_align_t) std::byte nowhere[1];
+    auto& window = reinterpret_cast<Window&>(nowhere);
+    utilities.MostrarAyuda(window, 15, 25);
+    EXPECT_EQ(shown, 1525);
+    EXPECT_THROW(utilitiesWith({}).MostrarAyuda(window, 3, 0), RuntimeError);
+}
+
+}  // namespace
+}  // namespace catalogador
