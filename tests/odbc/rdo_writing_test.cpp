@@ -194,6 +194,18 @@ TEST_P(RdoWriting, DeletesRowsOneAfterAnother) {
     EXPECT_TRUE(all().empty());
 }
 
+TEST_P(RdoWriting, KeepsToTheConditionOfItsStatement) {
+    create("a INTEGER, b VARCHAR(10)", {"1, 'x'", "2, 'x'"});
+    const auto rows = connection->OpenResultset("Select b From " + table + " Where a = 2 Or a = 3");
+    rows->Edit();
+    rows->setValue("b", "y");
+    rows->Update();
+    const auto left = all();
+    ASSERT_EQ(left.size(), 2U);
+    EXPECT_EQ(left[0][1], Variant("x"));
+    EXPECT_EQ(left[1][1], Variant("y"));
+}
+
 TEST_P(RdoWriting, TouchesNoneOfSeveralEqualRows) {
     create("a INTEGER, b VARCHAR(10)", {"1, 'x'", "1, 'x'"});
     const auto rows = connection->OpenResultset(select());

@@ -2,6 +2,7 @@
 
 #include <algorithm>
 
+#include "adapters/odbc/select_condition.h"
 #include "adapters/odbc/statement_text.h"
 #include "runtime/error.h"
 #include "runtime/text.h"
@@ -25,7 +26,8 @@ OdbcResultset::OdbcResultset(std::shared_ptr<OdbcSession> session, const std::st
     : session_(std::move(session)),
       statement_(session_->execute(sql)),
       columns_(session_->columnsOf(statement_, sql)),
-      table_(writableTable(sql, session_->syntax())) {
+      table_(writableTable(sql, session_->syntax())),
+      condition_(selectCondition(sql, session_->syntax())) {
     for (const ColumnInfo& column : columns_)
         descriptions_.push_back({column.name, columnTypeCode(column)});
     if (columns_.empty()) return;
@@ -119,7 +121,8 @@ void OdbcResultset::Delete() {
     requireOpen();
     requireCurrentRow();
     requireWritable();
-    const auto statement = deleteStatement(session_->dialect(), *table_, expectedValues());
+    const auto statement =
+        withinCondition(deleteStatement(session_->dialect(), *table_, expectedValues()));
     mode_ = Mode::reading;
     assigned_.clear();
     tellListener("delete");
@@ -199,8 +202,8 @@ void OdbcResultset::insertRow() {
 
 void OdbcResultset::updateRow() {
     if (assigned_.empty()) return;
-    const auto statement =
-        updateStatement(session_->dialect(), *table_, assignments(), expectedValues());
+    const auto statement = withinCondition(
+        updateStatement(session_->dialect(), *table_, assignments(), expectedValues()));
     tellListener("update");
     writeOneRow(statement, true);
     for (const Assigned& set : assigned_) written_[set.column] = set.value;
@@ -213,12 +216,18 @@ void OdbcResultset::tellListener(std::string_view kind) const {
     session_->listener->written(kind, *table_, columns);
 }
 
+ParameterizedStatement OdbcResultset::withinCondition(ParameterizedStatement statement) const {
+    if (!condition_.empty()) statement.text += " AND (" + condition_ + ")";
+    return statement;
+}
+
 void OdbcResultset::writeOneRow(const ParameterizedStatement& statement, bool countUnchanged) {
     OdbcTransaction transaction(*session_);
     std::int64_t touched = session_->write(statement);
     if (touched == 0 && countUnchanged && session_->dialect() == Dialect::mariadb) {
         // A row that had these values already is not counted as touched.
-        const auto count = countStatement(session_->dialect(), *table_, expectedValues());
+        const auto count =
+            withinCondition(countStatement(session_->dialect(), *table_, expectedValues()));
         const auto rows = session_->query(count.text, count.parameters);
         touched = *rows.at(0).at(0).as<std::int64_t>();
     }

@@ -53,6 +53,7 @@ class OdbcResultset : public rdoResultset {
     void insertRow();
     void updateRow();
     void tellListener(std::string_view kind) const;
+    [[nodiscard]] ParameterizedStatement withinCondition(ParameterizedStatement statement) const;
     void writeOneRow(const ParameterizedStatement& statement, bool countUnchanged);
 
     std::shared_ptr<OdbcSession> session_;
@@ -61,6 +62,9 @@ class OdbcResultset : public rdoResultset {
     std::vector<ColumnDescription> descriptions_;
     std::unique_ptr<RowReader> reader_;
     std::optional<std::string> table_;
+    /// The condition that picked the rows; a write keeps to it, so that rows of other records with
+    /// the same values are not taken for this one.
+    std::string condition_;
     Row row_ = Row::none;
     Mode mode_ = Mode::reading;
     bool open_ = true;
