@@ -206,6 +206,19 @@ TEST_P(RdoWriting, KeepsToTheConditionOfItsStatement) {
     EXPECT_EQ(left[1][1], Variant("y"));
 }
 
+TEST_P(RdoWriting, MayTakeTheRowOutOfTheConditionOfItsStatement) {
+    create("a INTEGER, b VARCHAR(10)", {"1, 'x'", "2, 'x'"});
+    const auto rows = connection->OpenResultset(select("Where a = 2 -- it's (the second"));
+    for (const int value : {5, 6}) {
+        rows->Edit();
+        rows->setValue("a", value);
+        rows->Update();
+    }
+    EXPECT_EQ(all()[1][0], Variant(6));
+    rows->Delete();
+    EXPECT_EQ(all().size(), 1U);
+}
+
 TEST_P(RdoWriting, TouchesNoneOfSeveralEqualRows) {
     create("a INTEGER, b VARCHAR(10)", {"1, 'x'", "1, 'x'"});
     const auto rows = connection->OpenResultset(select());

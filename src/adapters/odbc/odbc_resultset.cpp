@@ -27,7 +27,7 @@ OdbcResultset::OdbcResultset(std::shared_ptr<OdbcSession> session, const std::st
       statement_(session_->execute(sql)),
       columns_(session_->columnsOf(statement_, sql)),
       table_(writableTable(sql, session_->syntax())),
-      condition_(selectCondition(sql, session_->syntax())) {
+      condition_(selectCondition(withoutComments(sql, session_->syntax()), session_->syntax())) {
     for (const ColumnInfo& column : columns_)
         descriptions_.push_back({column.name, columnTypeCode(column)});
     if (columns_.empty()) return;
@@ -217,7 +217,8 @@ void OdbcResultset::tellListener(std::string_view kind) const {
 }
 
 ParameterizedStatement OdbcResultset::withinCondition(ParameterizedStatement statement) const {
-    if (!condition_.empty()) statement.text += " AND (" + condition_ + ")";
+    // A row that was written since need not fulfil the condition any more.
+    if (!condition_.empty() && written_.empty()) statement.text += " AND (" + condition_ + ")";
     return statement;
 }
 
