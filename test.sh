@@ -71,7 +71,8 @@ lint() {
     build debug
     echo "== clang-tidy"
     find src -name '*.cpp' -print0 | sort -z |
-        xargs -0 -P "$(nproc)" -n 4 clang-tidy -p build/debug --quiet
+        xargs -0 -P "$(nproc)" -n 4 clang-tidy -p build/debug --quiet \
+            --extra-arg=-Wno-unknown-warning-option
 }
 
 case "${1:-}" in
