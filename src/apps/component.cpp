@@ -36,12 +36,12 @@ std::int16_t configuredLanguage(const Services& services) {
 
 }  // namespace
 
-Services servicesOf(const Options& options) {
+Services servicesOf(const Options& options, HelpViewer help) {
     Services services;
     services.regional = regionalOf(options.locale);
     services.utilities =
         std::make_unique<Utilities>(Settings(Settings::defaultFile(), settingsOf(options)),
-                                    services.regional, programFolder(), nullptr);
+                                    services.regional, programFolder(), std::move(help));
     services.access =
         std::make_unique<TableAccessLibrary>(options.user.empty() ? systemUser() : options.user);
     services.languages = std::make_unique<CatalogueLanguages>(

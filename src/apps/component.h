@@ -1,5 +1,6 @@
 #pragma once
 #include <cstdint>
+#include <functional>
 #include <memory>
 #include <string>
 
@@ -19,8 +20,11 @@ struct Services {
     std::unique_ptr<AccessLibrary> access;
     std::unique_ptr<LanguageLibraries> languages;
 };
-/// Raises RuntimeError for a locale that is not known.
-Services servicesOf(const Options& options);
+/// Shows help over a window; the arguments of clsUtilidades::MostrarAyuda.
+using HelpViewer = std::function<void(Window& window, int command, std::int32_t data)>;
+
+/// Without `help` a call for help is an error. Raises RuntimeError for a locale that is not known.
+Services servicesOf(const Options& options, HelpViewer help = nullptr);
 
 /// The component on a connection. Raises RuntimeError when it cannot be created.
 std::unique_ptr<clsCatalogador> componentOf(Host& host, const Options& options,

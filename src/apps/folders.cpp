@@ -7,6 +7,17 @@
 
 namespace catalogador {
 
+namespace {
+
+/// A folder of the program's data: installed beside the program, or the one it was built with.
+std::string installedFolder(const char* name, const char* source) {
+    const auto installed =
+        std::filesystem::path(programFolder()).parent_path() / "share" / "catalogador" / name;
+    return std::filesystem::is_directory(installed) ? installed.string() : source;
+}
+
+}  // namespace
+
 std::string programFolder() {
     std::error_code failure;
     const auto program = std::filesystem::read_symlink("/proc/self/exe", failure);
@@ -14,10 +25,11 @@ std::string programFolder() {
 }
 
 std::string languagesFolder() {
-    const auto installed = std::filesystem::path(programFolder()).parent_path() / "share" /
-                           "catalogador" / "languages";
-    return std::filesystem::is_directory(installed) ? installed.string()
-                                                    : CATALOGADOR_SOURCE_LANGUAGES;
+    return installedFolder("languages", CATALOGADOR_SOURCE_LANGUAGES);
+}
+
+std::string helpFolder() {
+    return installedFolder("help", CATALOGADOR_SOURCE_HELP);
 }
 
 std::string systemUser() {

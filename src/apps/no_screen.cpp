@@ -3,7 +3,7 @@
 
 namespace catalogador {
 
-std::unique_ptr<PlayedScreen> realScreen(std::int16_t /*language*/) {
+std::unique_ptr<RealScreen> realScreen(std::int16_t /*language*/) {
     throw RuntimeError(error_number::cannotCreateObject,
                        "this program was built without windows; build it with wxWidgets 3.2, or "
                        "use 'run' with --surface script");

@@ -1,4 +1,8 @@
-#include "adapters/script/screen.h"
+#include <iostream>
+
+#include "adapters/export/grid_file_writer.h"
+#include "adapters/script/scripted_services.h"
+#include "adapters/script/traced_surface.h"
 #include "apps/commands.h"
 #include "apps/component.h"
 #include "apps/connections.h"
@@ -8,11 +12,22 @@ namespace catalogador {
 
 int openCommand(const Options& options) {
     const auto connection = openDatabase(options);
-    const Services services = servicesOf(options);
-    const auto screen = realScreen(services.language);
-    SurfaceMessages messages(screen->surface());
-    Host host{screen->surface(), *services.utilities, messages,
-              *services.access,  *services.languages, services.regional};
+    std::unique_ptr<RealScreen> screen;
+    const Services services =
+        servicesOf(options, [&screen](Window& window, int command, std::int32_t data) {
+            screen->showHelp(window, command, data);
+        });
+    screen = realScreen(services.language);
+    Transcript transcript(std::cout, options.trace);
+    TranscriptStatements statements(transcript);
+    if (options.trace) connection->setListener(&statements);
+    TracedSurface surface(screen->surface(), transcript);
+    TracedUtilities utilities(*services.utilities, transcript, statements);
+    TracedAccess access(*services.access, transcript, statements);
+    SurfaceMessages messages(surface);
+    GridFileWriter gridFiles;
+    Host host{surface,   utilities,         messages,         access, *services.languages,
+              gridFiles, screen->printer(), services.regional};
     const auto component = componentOf(host, options, services.language, *connection);
     const Activation& activation = options.activation;
     component->ActivarABM(activation.view, activation.code, activation.value);

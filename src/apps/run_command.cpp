@@ -1,6 +1,10 @@
 #include <fstream>
 #include <iostream>
 
+#include "adapters/export/grid_file_writer.h"
+#include "adapters/pdf/pango_fonts.h"
+#include "adapters/pdf/pdf_writer.h"
+#include "adapters/script/scripted_printer.h"
 #include "adapters/script/scripted_services.h"
 #include "adapters/script/windowless_surface.h"
 #include "apps/commands.h"
@@ -26,8 +30,9 @@ class PlayedHost {
           messages_(surface),
           connection_(connection),
           language_(services.language),
-          host_{surface,           utilities_,    messages_, access_, *services.languages,
-                services.regional, "Catalogador", &surface} {
+          printer_(fonts_, writePdf, transcript, answers),
+          host_{surface,    utilities_, messages_,         access_,       *services.languages,
+                gridFiles_, printer_,   services.regional, "Catalogador", &surface} {
         connection_.setListener(&statements_);
     }
     ~PlayedHost() { connection_.setListener(nullptr); }
@@ -58,6 +63,9 @@ class PlayedHost {
     SurfaceMessages messages_;
     rdoConnection& connection_;
     std::int16_t language_;
+    GridFileWriter gridFiles_;
+    PangoFonts fonts_;
+    ScriptedPrinter printer_;
     Host host_;
 };
 

@@ -1,5 +1,12 @@
+#include "adapters/help/help_pages.h"
+#include "adapters/wx/help_viewer.h"
+#include "adapters/wx/printing.h"
 #include "adapters/wx/wx_surface.h"
+#include "apps/folders.h"
 #include "apps/real_screen.h"
+#include "modules/modLenguaje.h"
+#include "runtime/error.h"
+#include "runtime/text.h"
 
 namespace catalogador {
 
@@ -16,9 +23,22 @@ BoxLabels labelsOf(std::int16_t language) {
     }
 }
 
-class WxScreen : public PlayedScreen {
+HelpLabels helpLabelsOf(std::int16_t language) {
+    constexpr std::int32_t helpCaption = 224;
+    const std::string help = replaceText(ObtenerMensaje(helpCaption), "&", "", Compare::binary);
+    switch (language) {
+        case 2:
+            return {help, "&Back", "&Forward", "C&ontents", "&Close"};
+        case 3:
+            return {help, "&Voltar", "&Avançar", "&Sumário", "&Fechar"};
+        default:
+            return {help, "&Atrás", "A&delante", "&Índice", "&Cerrar"};
+    }
+}
+
+class WxScreen : public RealScreen {
   public:
-    explicit WxScreen(std::int16_t language) : surface_(labelsOf(language)) {}
+    explicit WxScreen(std::int16_t language) : surface_(labelsOf(language)), language_(language) {}
 
     [[nodiscard]] Surface& surface() override { return surface_; }
     void setModalRunner(std::function<void(Window&)> runner) override {
@@ -28,13 +48,26 @@ class WxScreen : public PlayedScreen {
         return surface_.differences(window);
     }
 
+    [[nodiscard]] Printer& printer() override { return printer_; }
+
+    void showHelp(Window& window, int command, std::int32_t data) override {
+        wxWindow* native = surface_.nativeWindow(window);
+        if (native == nullptr)
+            throw RuntimeError(error_number::cannotCreateObject,
+                               "There is no window that the help could be shown over");
+        catalogador::showHelp(*native, HelpPages(helpFolder()), helpLabelsOf(language_),
+                              {command, data, language_});
+    }
+
   private:
     WxSurface surface_;
+    std::int16_t language_;
+    WxPrinter printer_{surface_};
 };
 
 }  // namespace
 
-std::unique_ptr<PlayedScreen> realScreen(std::int16_t language) {
+std::unique_ptr<RealScreen> realScreen(std::int16_t language) {
     return std::make_unique<WxScreen>(language);
 }
 

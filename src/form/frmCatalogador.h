@@ -14,6 +14,8 @@
 
 namespace catalogador {
 
+class vsPrinter;
+
 /// The one maintenance screen. The public class fills the members below, then load() runs the
 /// start-up sequence and the surface shows the form until it is closed.
 class frmCatalogador : public Window {
@@ -148,7 +150,12 @@ class frmCatalogador : public Window {
     void AccionF2(std::int16_t accion, ComboBox* combo, std::int32_t dato);
     void MostrarAyuda();
     void AccionExportarDatosGrilla();
+    /// The folder that exports go to unless the user says otherwise; made when it is missing.
+    std::string ObtenerDirInicial();
     void AccionImprimirDatosGrilla();
+    void PrepararImpresion(vsPrinter& vsPrint);
+    /// Date, maker and page number on every page of a document that is ended.
+    void SetearFooter(vsPrinter& vsPrint);
 
   private:
     void placeDesign();
@@ -182,6 +189,8 @@ class frmCatalogador : public Window {
     void showValueField(ValueField& field, int column);
     void placeCheck(CheckBox& check, const std::string& caption);
 
+    /// The narrow last column, which no listing fills.
+    void addExtraColumn();
     void hideColumnsOfOtherKeys();
     void setGridWidths();
     void setGridAlignments(const std::string& alignments);
@@ -191,6 +200,9 @@ class frmCatalogador : public Window {
     void appendRow();
     void setGridCell(int row, int column, const Variant& value);
     void setGridCheck(int row, int column, const Variant& value);
+    /// Writes the rows shown to the file; the extra column is away meanwhile, and stays away until
+    /// the next start when that fails.
+    void saveGrid(const SaveChoice& choice);
     void sortAsLoaded();
     void sortAsRemembered();
 

@@ -1,7 +1,9 @@
 #pragma once
 #include <string>
 
+#include "platform/grid_files.h"
 #include "platform/language.h"
+#include "platform/printing/printer.h"
 #include "platform/services.h"
 #include "platform/surface.h"
 #include "runtime/regional.h"
@@ -26,6 +28,8 @@ struct Host {
     clsMensajes& messages;
     AccessLibrary& access;
     LanguageLibraries& languages;
+    GridFiles& gridFiles;
+    Printer& printer;
     Regional regional;
     /// Title of the host application.
     std::string title = "Catalogador";

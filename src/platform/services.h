@@ -27,6 +27,8 @@ class clsUtilidades {
     virtual std::int32_t ProximoCodigo(rdoConnection& connection, const std::string& name) = 0;
     /// Date and time of the database server, to the second. Raises RuntimeError.
     virtual Date FechaServidor(rdoConnection& connection) = 0;
+    /// Date and time at the desk that the program runs at, to the second.
+    [[nodiscard]] virtual Date Ahora() const = 0;
     /// A setting by key and name; Null when it is not set.
     virtual Variant LeerConfiguracion(const std::string& key, const std::string& name) = 0;
     /// The value's text; Null gives the empty text.

@@ -66,6 +66,10 @@ class Surface {
     /// (so left and top are usually 0).
     [[nodiscard]] virtual Rect clientRect(const Window& window) const = 0;
 
+    /// Tells how far a long piece of work is and keeps the window alive; `done` equal to `total`
+    /// ends it. False when the user wants it stopped.
+    virtual bool progress(Window& /*window*/, int /*done*/, int /*total*/) { return true; }
+
     /// Lets the desktop handle what is pending, such as painting.
     virtual void processEvents() = 0;
 };

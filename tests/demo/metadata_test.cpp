@@ -108,7 +108,7 @@ TEST(DemoViews, GiveTheListsOfTheGridAsTextsOfEqualLength) {
         EXPECT_EQ(bars(row.at(4)), bars(row.at(6)));
     }
     EXPECT_EQ(views.rows.front().at(4), Variant("Código|País"));
-    EXPECT_EQ(views.rows.front().at(5), Variant("900|5200"));
+    EXPECT_EQ(views.rows.front().at(5), Variant("1000|6000"));
     EXPECT_EQ(views.rows.front().at(6), Variant("4|1"));
 }
 

@@ -8,9 +8,9 @@
 # environment the transcript becomes the accepted one: read it before.
 set -eu
 
-program=$1
-database=$2
-script=$3
+program=$(realpath "$1")
+database=$(realpath "$2")
+script=$(realpath "$3")
 surface=$4
 expected=${script%.script}.expected
 
@@ -25,6 +25,16 @@ cp "$database" "$work/journey.db"
 # What the desk that the test runs at is set to must not show.
 export HOME="$work" XDG_CONFIG_HOME="$work" LC_ALL=C.UTF-8
 cd "$work"
+# Nor the fonts it has: what is printed depends on them.
+cat >fonts.conf <<'FONTS'
+<?xml version="1.0"?>
+<!DOCTYPE fontconfig SYSTEM "fonts.dtd">
+<fontconfig>
+  <dir>/usr/share/fonts/truetype/dejavu</dir>
+  <alias><family>Tahoma</family><prefer><family>DejaVu Sans</family></prefer></alias>
+</fontconfig>
+FONTS
+export FONTCONFIG_FILE="$work/fonts.conf"
 
 eval "set -- $(sed -n 's/^#! //p' "$script" | tr '\n' ' ')"
 status=0

@@ -1,5 +1,7 @@
 #pragma once
+#include "platform/grid_files.h"
 #include "platform/language.h"
+#include "platform/printing/printer.h"
 #include "platform/services.h"
 
 namespace catalogador {
@@ -17,12 +19,31 @@ class PlainUtilities : public clsUtilidades {
         ++calls;
         return {2025, 12, 31, 23, 59, 58};
     }
+    [[nodiscard]] Date Ahora() const override { return {2025, 12, 31, 23, 59, 58}; }
     Variant LeerConfiguracion(const std::string&, const std::string&) override { return Null{}; }
     [[nodiscard]] std::string TextoDe(const Variant&) const override { return {}; }
     [[nodiscard]] std::string CarpetaAplicacion() const override { return "/programs"; }
     [[nodiscard]] std::string RutaAplicacion(const std::string&) const override { return {}; }
     void AbrirArchivo(const std::string&) override { ++calls; }
     void MostrarAyuda(Window&, int, std::int32_t) override { ++calls; }
+};
+
+class PlainGridFiles : public GridFiles {
+  public:
+    void save(const RecordGrid&, const std::string&, int, const GridFileOptions&) override {}
+};
+
+class PlainPrinter : public Printer, private FontMeasure {
+  public:
+    std::optional<PrinterChoice> setUp(Window&) override { return std::nullopt; }
+    void show(Window&, const PrintedDocument&, const PrinterChoice&) override {}
+    [[nodiscard]] const FontMeasure& fonts() const override { return *this; }
+
+  private:
+    [[nodiscard]] int width(std::string_view text, const PrintFont&) const override {
+        return static_cast<int>(text.size()) * 100;
+    }
+    [[nodiscard]] int lineHeight(const PrintFont&) const override { return 240; }
 };
 
 class PlainMessages : public clsMensajes {

@@ -56,7 +56,9 @@ class PlayerTest : public testing::Test {
     PlainMessages messages_;
     PlainAccess access_;
     PlainLanguages languages_;
-    Host host_{surface_, utilities_, messages_, access_, languages_, {}};
+    PlainGridFiles gridFiles_;
+    PlainPrinter printer_;
+    Host host_{surface_, utilities_, messages_, access_, languages_, gridFiles_, printer_, {}};
     SmallWindow window_{surface_};
     std::optional<Player> player_;
 };

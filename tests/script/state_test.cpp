@@ -20,7 +20,9 @@ class StateOfForm : public testing::Test {
     PlainMessages messages_;
     PlainAccess access_;
     PlainLanguages languages_;
-    Host host_{surface_, utilities_, messages_, access_, languages_, {}};
+    PlainGridFiles gridFiles_;
+    PlainPrinter printer_;
+    Host host_{surface_, utilities_, messages_, access_, languages_, gridFiles_, printer_, {}};
     frmCatalogador form_{host_};
 
     static std::vector<std::string> keysOf(const Json& object) {

@@ -34,13 +34,12 @@ class TracedQuestions : public clsAccesos {
 
 }  // namespace
 
-void ScriptedUtilities::traceCall(const char* call, const std::string& argument,
-                                  const Json& result) {
+void TracedUtilities::traceCall(const char* call, const std::string& argument, const Json& result) {
     transcript_.trace(
         {{"event", "service"}, {"call", call}, {"argument", argument}, {"result", result}});
 }
 
-std::int32_t ScriptedUtilities::ProximoCodigo(rdoConnection& connection, const std::string& name) {
+std::int32_t TracedUtilities::ProximoCodigo(rdoConnection& connection, const std::string& name) {
     const TranscriptStatements::Quiet quiet(statements_);
     const std::int32_t code = real_.ProximoCodigo(connection, name);
     traceCall("ProximoCodigo", name, code);
@@ -48,23 +47,26 @@ std::int32_t ScriptedUtilities::ProximoCodigo(rdoConnection& connection, const s
 }
 
 Date ScriptedUtilities::serverDate(rdoConnection& connection) {
-    if (answers_.clock) return *answers_.clock;
+    return answers_.clock ? *answers_.clock : TracedUtilities::serverDate(connection);
+}
+
+Date TracedUtilities::serverDate(rdoConnection& connection) {
     const TranscriptStatements::Quiet quiet(statements_);
     return real_.FechaServidor(connection);
 }
 
-Date ScriptedUtilities::FechaServidor(rdoConnection& connection) {
+Date TracedUtilities::FechaServidor(rdoConnection& connection) {
     const Date date = serverDate(connection);
     traceCall("FechaServidor", "", isoText(date));
     return date;
 }
 
 void ScriptedUtilities::AbrirArchivo(const std::string& path) {
-    transcript_.print({{"event", "file-opened"}, {"path", path}});
+    transcript().print({{"event", "file-opened"}, {"path", path}});
 }
 
 void ScriptedUtilities::MostrarAyuda(Window& /*window*/, int command, std::int32_t data) {
-    transcript_.print({{"event", "help"}, {"command", command}, {"data", data}});
+    transcript().print({{"event", "help"}, {"command", command}, {"data", data}});
 }
 
 std::unique_ptr<clsAccesos> TracedAccess::create() {

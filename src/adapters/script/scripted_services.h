@@ -5,16 +5,15 @@
 
 namespace catalogador {
 
-/// The utility object of a played screen: the real one, but for the clock that a script may set and
-/// for what would start another program, which is printed instead.
-class ScriptedUtilities : public clsUtilidades {
+/// The utility object with its calls traced.
+class TracedUtilities : public clsUtilidades {
   public:
-    ScriptedUtilities(clsUtilidades& real, Transcript& transcript, TranscriptStatements& statements,
-                      const ScriptAnswers& answers)
-        : real_(real), transcript_(transcript), statements_(statements), answers_(answers) {}
+    TracedUtilities(clsUtilidades& real, Transcript& transcript, TranscriptStatements& statements)
+        : real_(real), transcript_(transcript), statements_(statements) {}
 
     std::int32_t ProximoCodigo(rdoConnection& connection, const std::string& name) override;
     Date FechaServidor(rdoConnection& connection) override;
+    [[nodiscard]] Date Ahora() const override { return real_.Ahora(); }
     Variant LeerConfiguracion(const std::string& key, const std::string& name) override {
         return real_.LeerConfiguracion(key, name);
     }
@@ -27,16 +26,42 @@ class ScriptedUtilities : public clsUtilidades {
     [[nodiscard]] std::string RutaAplicacion(const std::string& appKey) const override {
         return real_.RutaAplicacion(appKey);
     }
-    void AbrirArchivo(const std::string& path) override;
-    void MostrarAyuda(Window& window, int command, std::int32_t data) override;
+    void AbrirArchivo(const std::string& path) override { real_.AbrirArchivo(path); }
+    void MostrarAyuda(Window& window, int command, std::int32_t data) override {
+        real_.MostrarAyuda(window, command, data);
+    }
+
+  protected:
+    [[nodiscard]] Transcript& transcript() { return transcript_; }
+    /// The server's date as FechaServidor gives it, without a trace of the statement.
+    virtual Date serverDate(rdoConnection& connection);
 
   private:
     void traceCall(const char* call, const std::string& argument, const Json& result);
-    Date serverDate(rdoConnection& connection);
 
     clsUtilidades& real_;
     Transcript& transcript_;
     TranscriptStatements& statements_;
+};
+
+/// The utility object of a played screen: the real one, but for the clock that a script may set and
+/// for what would start another program, which is printed instead.
+class ScriptedUtilities : public TracedUtilities {
+  public:
+    ScriptedUtilities(clsUtilidades& real, Transcript& transcript, TranscriptStatements& statements,
+                      const ScriptAnswers& answers)
+        : TracedUtilities(real, transcript, statements), answers_(answers) {}
+
+    [[nodiscard]] Date Ahora() const override {
+        return answers_.clock.value_or(TracedUtilities::Ahora());
+    }
+    void AbrirArchivo(const std::string& path) override;
+    void MostrarAyuda(Window& window, int command, std::int32_t data) override;
+
+  protected:
+    Date serverDate(rdoConnection& connection) override;
+
+  private:
     const ScriptAnswers& answers_;
 };
 

@@ -9,62 +9,50 @@ namespace catalogador {
 
 void ScriptedSurface::formOpening(frmCatalogador& form) {
     forms_.push_back(&form);
-    transcript_.print({{"event", "opened"},
-                       {"view", form.mlngIdVista},
-                       {"depth", depth()},
-                       {"language", currentLanguageLibrary()}});
+    transcript().print({{"event", "opened"},
+                        {"view", form.mlngIdVista},
+                        {"depth", depth()},
+                        {"language", currentLanguageLibrary()}});
 }
 
 void ScriptedSurface::formClosed(frmCatalogador& form) {
-    transcript_.print({{"event", "closed"},
-                       {"view", form.mlngIdVista},
-                       {"depth", depth()},
-                       {"idModificado", form.mlngIdUltimo}});
+    transcript().print({{"event", "closed"},
+                        {"view", form.mlngIdVista},
+                        {"depth", depth()},
+                        {"idModificado", form.mlngIdUltimo}});
     forms_.erase(std::find(forms_.begin(), forms_.end(), &form), forms_.end());
     menu_.reset();
 }
 
-void ScriptedSurface::focusChanged(Window& window) {
-    const Control* focus = window.focus();
-    transcript_.trace({{"event", "focus"}, {"control", focus == nullptr ? "" : focus->name()}});
-    inner_.focusChanged(window);
-}
-
-void ScriptedSurface::pointerChanged(int pointer) {
-    pointer_ = pointer;
-    transcript_.trace({{"event", "pointer"}, {"value", pointer}});
-    inner_.pointerChanged(pointer);
-}
-
 int ScriptedSurface::messageBox(const std::string& text, int style, const std::string& title) {
     const int answer = answers_.answerTo(style);
-    transcript_.print({{"event", "message"},
-                       {"text", text},
-                       {"style", style},
-                       {"title", title},
-                       {"answer", answer}});
+    transcript().print({{"event", "message"},
+                        {"text", text},
+                        {"style", style},
+                        {"title", title},
+                        {"answer", answer}});
     return answer;
 }
 
 void ScriptedSurface::errorBox(const std::string& text, const std::string& title,
                                const std::string& detail, const std::string& context) {
-    transcript_.print({{"event", "error"},
-                       {"text", text},
-                       {"title", title},
-                       {"detail", detail},
-                       {"context", context}});
+    transcript().print({{"event", "error"},
+                        {"text", text},
+                        {"title", title},
+                        {"detail", detail},
+                        {"context", context}});
 }
 
 std::optional<SaveChoice> ScriptedSurface::saveDialog(const SaveDialog& dialog) {
     std::optional<SaveChoice> choice = answers_.takeSave();
-    transcript_.print({{"event", "dialog"},
-                       {"kind", "save"},
-                       {"title", dialog.title},
-                       {"folder", dialog.folder},
-                       {"file", dialog.file},
-                       {"filter", dialog.filter},
-                       {"flags", dialog.flags},
-                       {"answer", choice ? choice->path : "cancel"}});
+    transcript().print({{"event", "dialog"},
+                        {"kind", "save"},
+                        {"title", dialog.title},
+                        {"folder", dialog.folder},
+                        {"file", dialog.file},
+                        {"filter", dialog.filter},
+                        {"flags", dialog.flags},
+                        {"answer", choice ? choice->path : "cancel"}});
     return choice;
 }
 
@@ -75,7 +63,7 @@ void ScriptedSurface::showMenu(Window& window, const Menu& menu) {
         items.push_back(
             {{"id", place.actionId}, {"enabled", action != nullptr && action->enabled}});
     }
-    transcript_.print({{"event", "menu"}, {"items", items}});
+    transcript().print({{"event", "menu"}, {"items", items}});
     menu_ = menu;
 }
 

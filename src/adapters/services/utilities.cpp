@@ -1,5 +1,11 @@
 #include "adapters/services/utilities.h"
 
+#include <unistd.h>
+
+#include <cstdlib>
+#include <ctime>
+#include <filesystem>
+
 #include "adapters/services/code_sequences.h"
 #include "adapters/services/opening.h"
 #include "adapters/services/server_clock.h"
@@ -37,6 +43,14 @@ Date Utilities::FechaServidor(rdoConnection& connection) {
     return serverTime(connection);
 }
 
+Date Utilities::Ahora() const {
+    const std::time_t now = std::time(nullptr);
+    std::tm local{};
+    localtime_r(&now, &local);
+    return {local.tm_year + 1900, local.tm_mon + 1, local.tm_mday,
+            local.tm_hour,        local.tm_min,     local.tm_sec};
+}
+
 Variant Utilities::LeerConfiguracion(const std::string& key, const std::string& name) {
     const auto setting = settings_.read(key, name);
     return setting ? Variant(*setting) : Variant(Null{});
@@ -47,7 +61,12 @@ std::string Utilities::TextoDe(const Variant& value) const {
 }
 
 std::string Utilities::RutaAplicacion(const std::string& appKey) const {
-    return settings_.read(appKey, "Ruta").value_or(programFolder_);
+    if (const auto setting = settings_.read(appKey, "Ruta")) return *setting;
+    // What is kept beside the program's folder goes to the user's where nobody may write there.
+    const std::string beside = std::filesystem::path(programFolder_).parent_path().string();
+    const char* home = std::getenv("HOME");
+    if (home == nullptr || access(beside.c_str(), W_OK) == 0) return programFolder_;
+    return std::string(home) + "/" + appKey;
 }
 
 void Utilities::AbrirArchivo(const std::string& path) {

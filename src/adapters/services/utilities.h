@@ -18,6 +18,7 @@ class Utilities : public clsUtilidades {
 
     std::int32_t ProximoCodigo(rdoConnection& connection, const std::string& name) override;
     Date FechaServidor(rdoConnection& connection) override;
+    [[nodiscard]] Date Ahora() const override;
     Variant LeerConfiguracion(const std::string& key, const std::string& name) override;
     [[nodiscard]] std::string TextoDe(const Variant& value) const override;
     [[nodiscard]] std::string CarpetaAplicacion() const override { return programFolder_; }

@@ -33,8 +33,12 @@ double contrast(const wxColour& one, const wxColour& other) {
 // The toolkit of the desktop gives fields a height that is meant for fingers; its style sheet is
 // the only way to change that.
 constexpr const char* compactStyle =
-    "entry { min-height: 0; padding: 0 4px; }"
-    "combobox button { min-height: 0; padding: 0 4px; }"
+    "entry { min-height: 0; padding: 0 3px; }"
+    "combobox button { min-height: 0; padding: 0 4px; background: @theme_base_color;"
+    " box-shadow: none; }"
+    "combobox button:disabled { background: #DFDFDF; }"
+    "combobox button:focus { border-color: @theme_selected_bg_color;"
+    " box-shadow: inset 0 0 0 1px @theme_selected_bg_color; outline: none; }"
     "checkbutton { min-height: 0; padding: 0; }"
     "toolbar { padding: 2px; } toolbar button { min-height: 22px; padding: 1px 5px; }";
 

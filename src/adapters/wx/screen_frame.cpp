@@ -77,12 +77,18 @@ ScreenFrame::ScreenFrame(Window& window, wxWindow* below)
         event.Skip();
         CallAfter([this] { onResize(); });
     });
+    Bind(wxEVT_ACTIVATE, [this](wxActivateEvent& event) {
+        event.Skip();
+        // A window that was disabled under another one comes back without any focus.
+        if (event.GetActive() && !released_) takeFocus();
+    });
     Bind(wxEVT_IDLE, [this](wxIdleEvent& event) {
         sync();
         event.Skip();
     });
     Bind(wxEVT_MENU, [this](wxCommandEvent& event) {
         if (!released_) window_.commandBars.execute(event.GetId());
+        sync();
     });
 }
 
@@ -176,7 +182,7 @@ void ScreenFrame::syncFocus() {
 
 void ScreenFrame::takeFocus() {
     wxWindow* native = window_.focus() == nullptr ? nullptr : nativeOf(*window_.focus());
-    if (native != nullptr && !native->HasFocus()) native->SetFocus();
+    if (native != nullptr) native->SetFocus();
 }
 
 void ScreenFrame::runLoop() {
@@ -237,16 +243,24 @@ bool ScreenFrame::handleKey(int keyCode, int modifiers) {
 }
 
 void ScreenFrame::onKey(wxKeyEvent& event) {
+    // Keys that a nested screen has no use for are not meant for the screen below it.
+    event.StopPropagation();
     if (released_) return event.Skip();
     const int code = event.GetKeyCode();
     const int modifiers = modelModifiers(event);
     const bool shortcut = (modifiers & modifier::control) != 0 && code >= 'A' && code <= 'Z';
     const int keyCode = shortcut ? code : modelKey(code);
     // An open menu of the combo has the keys for itself, and Alt belongs to the menu bar.
-    const bool used =
-        keyCode != 0 && (modifiers & modifier::alt) == 0 && handleKey(keyCode, modifiers);
+    const int loopsBefore = modalLoopsBegun;
+    const bool used = keyCode != 0 && (modifiers & modifier::alt) == 0 &&
+                      (handleKey(keyCode, modifiers) || modalLoopsBegun != loopsBefore);
     if (window_.isClosed() && loop_ != nullptr) loop_->ScheduleExit();
-    if (!used) event.Skip();
+    // At once, not when idle: the next key may be waiting already, and it is meant for the control
+    // that has the focus now.
+    if (used)
+        sync();
+    else
+        event.Skip();
 }
 
 void ScreenFrame::popupLater(const Menu& menu) {

@@ -20,6 +20,11 @@ namespace catalogador {
 
 struct BoxLabels;
 
+/// Modal loops (boxes, dialogs, nested screens) that were begun in this process. The toolkit offers
+/// a key that nobody used to the surrounding windows as well, and forgets that it has done so once
+/// another loop has run; so a key that began one must count as used.
+inline int modalLoopsBegun = 0;
+
 /// The native window of one form: menu bar, toolbar and the panel with its controls. Changes of
 /// the model are gathered and shown together, before the next event is waited for.
 class ScreenFrame : public wxFrame {

@@ -7,6 +7,7 @@
 #include <wx/image.h>
 #include <wx/init.h>
 #include <wx/log.h>
+#include <wx/modalhook.h>
 #include <wx/utils.h>
 
 #include <algorithm>
@@ -28,6 +29,14 @@ class ScreenApplication : public wxApp {
     bool OnExceptionInMainLoop() override { throw; }
 };
 
+class DialogCount : public wxModalDialogHook {
+  protected:
+    int Enter(wxDialog* /*dialog*/) override {
+        ++modalLoopsBegun;
+        return wxID_NONE;
+    }
+};
+
 void startToolkit() {
 #ifdef __WXGTK__
     if (std::getenv("DISPLAY") == nullptr && std::getenv("WAYLAND_DISPLAY") == nullptr)
@@ -46,6 +55,8 @@ void startToolkit() {
     wxTheApp->SetAppName("catalogador");
     wxTheApp->SetExitOnFrameDelete(false);
     useCompactFields();
+    static DialogCount dialogs;
+    dialogs.Register();
 }
 
 }  // namespace
@@ -65,6 +76,10 @@ ScreenFrame* WxSurface::frameOf(const Window& window) const {
     return found == frames_.end() ? nullptr : *found;
 }
 
+wxWindow* WxSurface::nativeWindow(const Window& window) const {
+    return frameOf(window);
+}
+
 ScreenFrame* WxSurface::topFrame() const {
     return frames_.empty() ? nullptr : frames_.back();
 }
@@ -74,6 +89,7 @@ void WxSurface::open(Window& window) {
 }
 
 void WxSurface::showModal(Window& window) {
+    ++modalLoopsBegun;
     ScreenFrame* frame = frameOf(window);
     pointerChanged(0);
     frame->sync();

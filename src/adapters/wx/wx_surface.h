@@ -7,6 +7,8 @@
 
 #include "platform/surface.h"
 
+class wxWindow;
+
 namespace catalogador {
 
 class ScreenFrame;
@@ -42,6 +44,9 @@ class WxSurface : public Surface {
     [[nodiscard]] Size screenSize() const override;
     [[nodiscard]] Rect clientRect(const Window& window) const override;
     void processEvents() override;
+
+    /// The native window of a form, null while it has none.
+    [[nodiscard]] wxWindow* nativeWindow(const Window& window) const;
 
     /// What showModal runs, once the window is painted, in the place of waiting for a user.
     void setModalRunner(std::function<void(Window&)> runner) { runner_ = std::move(runner); }

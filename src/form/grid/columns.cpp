@@ -37,11 +37,15 @@ void frmCatalogador::InicializarGrilla() {
         mstrAnchoColumnas = text("ABMColumnasAncho");
         setGridWidths();
         setGridAlignments(text("ABMColumnasAlineacion"));
-        grdGrilla.setColumns(grdGrilla.columns() + 1);
-        grdGrilla.setColumnWidth(grdGrilla.columns() - 1, extraColumnWidth);
+        addExtraColumn();
         grdGrilla.clearRows();
         setGridAppearance();
     });
+}
+
+void frmCatalogador::addExtraColumn() {
+    grdGrilla.setColumns(grdGrilla.columns() + 1);
+    grdGrilla.setColumnWidth(grdGrilla.columns() - 1, extraColumnWidth);
 }
 
 void frmCatalogador::hideColumnsOfOtherKeys() {

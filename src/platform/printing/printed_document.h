@@ -1,4 +1,5 @@
 #pragma once
+#include <cstddef>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -11,10 +12,9 @@ struct PrintFont {
     std::string name;
     double points = 8;
     bool bold = false;
-    bool operator==(const PrintFont&) const = default;
 };
 
-/// How texts are measured on paper, in twips.
+/// How large texts are on paper, in twips.
 class FontMeasure {
   public:
     virtual ~FontMeasure() = default;
@@ -22,7 +22,7 @@ class FontMeasure {
     [[nodiscard]] virtual int lineHeight(const PrintFont& font) const = 0;
 };
 
-/// Paper and margins, in twips. A4 with margins of one inch unless said otherwise.
+/// Paper and margins, in twips; A4 with margins of one inch unless said otherwise.
 struct PageSetup {
     Size paper{11906, 16838};
     int left = 1440;
@@ -31,17 +31,23 @@ struct PageSetup {
     int bottom = 1440;
 };
 
-/// One line of text; `align` is 6 right, 7 left, 8 centre, as the place it was written with.
-/// `left`, `top`, `width` and `height` are twips from the page's corner; the text never needs more
-/// than `width`.
+/// Where in its room a text was put.
+namespace print_align {
+constexpr int right = 6;
+constexpr int left = 7;
+constexpr int centre = 8;
+}  // namespace print_align
+
+/// One line of text. `place` is what it covers, in twips from the page's corner.
 struct PrintedText {
     std::string text;
     Rect place;
-    PrintFont font;
-    int align = 7;
+    /// Number of its font in the document.
+    std::size_t font = 0;
+    int align = print_align::left;
 };
 
-/// A filled rectangle, or a line where it is one unit high or wide. Twips from the page's corner.
+/// A filled rectangle, in twips from the page's corner. Lines are thin ones.
 struct PrintedBox {
     Rect place;
     Color fill;
@@ -56,6 +62,7 @@ struct PrintedPage {
 struct PrintedDocument {
     std::string title;
     PageSetup setup;
+    std::vector<PrintFont> fonts;
     std::vector<PrintedPage> pages;
 };
 

@@ -1,0 +1,22 @@
+#include "adapters/export/grid_file_writer.h"
+
+#include "adapters/export/tab_text.h"
+#include "adapters/export/workbook.h"
+#include "runtime/error.h"
+
+namespace catalogador {
+
+void GridFileWriter::save(const RecordGrid& grid, const std::string& path, int format,
+                          const GridFileOptions& options) {
+    if (format != grid_format::workbook && format != grid_format::tabText)
+        throw RuntimeError(error_number::invalidProcedureCall,
+                           "There is no save format " + std::to_string(format));
+    ReplacedFile file(path);
+    if (format == grid_format::workbook)
+        writeWorkbook(grid, file, options);
+    else
+        writeTabText(grid, file, options);
+    file.commit();
+}
+
+}  // namespace catalogador

@@ -1,0 +1,11 @@
+#pragma once
+#include <pango/pangocairo.h>
+
+#include "platform/printing/printed_document.h"
+
+namespace catalogador {
+
+/// Makes a layout write in that font; one unit is a twip.
+void setFont(PangoLayout* layout, const PrintFont& font);
+
+}  // namespace catalogador

@@ -1,0 +1,30 @@
+#pragma once
+#include <wx/cmndata.h>
+
+#include <memory>
+
+#include "adapters/pdf/pango_fonts.h"
+#include "platform/printing/printer.h"
+
+namespace catalogador {
+
+class WxSurface;
+
+/// The printers of the desktop, with a preview window. The surface must outlive it.
+class WxPrinter : public Printer {
+  public:
+    explicit WxPrinter(WxSurface& surface);
+
+    std::optional<PrinterChoice> setUp(Window& window) override;
+    void show(Window& window, const PrintedDocument& document,
+              const PrinterChoice& choice) override;
+    [[nodiscard]] const FontMeasure& fonts() const override { return fonts_; }
+
+  private:
+    WxSurface& surface_;
+    PangoFonts fonts_;
+    /// What was chosen last is offered again.
+    wxPageSetupDialogData setup_;
+};
+
+}  // namespace catalogador
