@@ -15,11 +15,11 @@ namespace {
 BoxLabels labelsOf(std::int16_t language) {
     switch (language) {
         case 2:
-            return {"Yes", "No", "OK"};
+            return {"Yes", "No", "OK", "en"};
         case 3:
-            return {"Sim", "Não", "OK"};
+            return {"Sim", "Não", "OK", "pt_BR"};
         default:
-            return {"Sí", "No", "Aceptar"};
+            return {"Sí", "No", "Aceptar", "es"};
     }
 }
 

@@ -1,10 +1,15 @@
 #include <wx/filedlg.h>
+#include <wx/filefn.h>
+#include <wx/filename.h>
 #include <wx/msgdlg.h>
+
+#include <algorithm>
 
 #include "adapters/wx/appearance.h"
 #include "adapters/wx/screen_frame.h"
 #include "adapters/wx/wx_surface.h"
 #include "platform/services.h"
+#include "runtime/text.h"
 
 namespace catalogador {
 
@@ -17,6 +22,18 @@ constexpr int questionIcon = 0x20;
 constexpr int secondButtonDefault = 0x100;
 constexpr int answerOk = 1;
 constexpr int promptBeforeOverwriting = 2;
+
+/// The path with the extension of the chosen entry of the filter list, unless it has one.
+wxString withExtension(const wxString& path, const SaveDialog& dialog, int filterIndex) {
+    const std::vector<std::string> filter = splitText(dialog.filter, "|");
+    const std::size_t pattern = 2 * static_cast<std::size_t>(std::max(0, filterIndex)) + 1;
+    if (wxFileName(path).HasExt() || pattern >= filter.size()) return path;
+    const std::string& mask = filter[pattern];
+    const std::size_t dot = mask.rfind('.');
+    if (dot == std::string::npos || mask.find_first_of("*?;", dot) != std::string::npos)
+        return path;
+    return path + wxText(mask.substr(dot));
+}
 
 }  // namespace
 
@@ -47,10 +64,17 @@ void showErrorBox(wxWindow* parent, const BoxLabels& labels, const std::string& 
 std::optional<SaveChoice> showSaveDialog(wxWindow* parent, const SaveDialog& dialog) {
     long flags = wxFD_SAVE;
     if ((dialog.flags & promptBeforeOverwriting) != 0) flags |= wxFD_OVERWRITE_PROMPT;
-    wxFileDialog box(parent, wxText(dialog.title), wxText(dialog.folder), wxText(dialog.file),
+    const std::string file = replaceText(dialog.file, "/", "-", Compare::binary);
+    wxFileDialog box(parent, wxText(dialog.title), wxText(dialog.folder), wxText(file),
                      wxText(dialog.filter), flags);
-    if (box.ShowModal() != wxID_OK) return std::nullopt;
-    return SaveChoice{utf8Text(box.GetPath()), box.GetFilterIndex() + 1};
+    while (box.ShowModal() == wxID_OK) {
+        const wxString complete = withExtension(box.GetPath(), dialog, box.GetFilterIndex());
+        if (complete == box.GetPath() || !wxFileExists(complete))
+            return SaveChoice{utf8Text(complete), box.GetFilterIndex() + 1};
+        // The dialog has asked about the name without its extension; it has to ask about this one.
+        box.SetPath(complete);
+    }
+    return std::nullopt;
 }
 
 }  // namespace catalogador

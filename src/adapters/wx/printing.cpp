@@ -7,6 +7,8 @@
 #include <wx/printdlg.h>
 #include <wx/utils.h>
 
+#include <cmath>
+
 #include "adapters/pdf/pdf_writer.h"
 #include "adapters/wx/appearance.h"
 #include "adapters/wx/screen_frame.h"
@@ -49,18 +51,17 @@ class Printout : public wxPrintout {
         if (context == nullptr) return false;
         cairo_save(context);
         if (IsPreview()) {
-            // The preview hands out a page picture: this many pixels, whatever its zoom.
-            int width = 0;
-            int height = 0;
-            GetPageSizePixels(&width, &height);
-            double scaleX = 1;
-            double scaleY = 1;
-            dc.GetUserScale(&scaleX, &scaleY);
+            FitThisSizeToPaper({document_.setup.paper.width, document_.setup.paper.height});
+            double scale = 1;
+            dc.GetUserScale(&scale, &scale);
             cairo_identity_matrix(context);
-            const double scale = scaleX * width / document_.setup.paper.width;
             cairo_scale(context, scale, scale);
         } else {
-            cairo_scale(context, 1 / twipsPerPoint, 1 / twipsPerPoint);
+            // What is printed is counted in points, whatever the desktop has scaled the context to.
+            cairo_matrix_t given;
+            cairo_get_matrix(context, &given);
+            const double scale = 1 / (twipsPerPoint * std::hypot(given.xx, given.yx));
+            cairo_scale(context, scale, scale);
         }
         drawPage(context, document_, static_cast<std::size_t>(page - 1));
         cairo_restore(context);
@@ -107,6 +108,8 @@ std::optional<PrinterChoice> WxPrinter::setUp(Window& window) {
     wxPageSetupDialog dialog(surface_.nativeWindow(window), &setup_);
     if (dialog.ShowModal() != wxID_OK) return std::nullopt;
     setup_ = dialog.GetPageSetupData();
+    setup_.SetPaperId(setup_.GetPrintData().GetPaperId());
+    setup_.CalculatePaperSizeFromId();
     PrinterChoice choice;
     wxSize paper = setup_.GetPaperSize();
     if (setup_.GetPrintData().GetOrientation() == wxLANDSCAPE && paper.x < paper.y)
@@ -138,6 +141,8 @@ void WxPrinter::show(Window& window, const PrintedDocument& document, const Prin
     shown->CentreOnScreen();
     shown->InitializeWithModality(wxPreviewFrame_AppModal);
     shown->Show();
+    shown->Raise();
+    preview->GetCanvas()->SetFocus();
     ++modalLoopsBegun;
     loop.Run();
 }

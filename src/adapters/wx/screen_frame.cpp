@@ -243,8 +243,10 @@ bool ScreenFrame::handleKey(int keyCode, int modifiers) {
 }
 
 void ScreenFrame::onKey(wxKeyEvent& event) {
-    // Keys that a nested screen has no use for are not meant for the screen below it.
-    event.StopPropagation();
+    // What a window above this one, a nested screen or the help, has no use for is not meant for
+    // this one.
+    if (wxGetTopLevelParent(wxDynamicCast(event.GetEventObject(), wxWindow)) != this)
+        return event.Skip();
     if (released_) return event.Skip();
     const int code = event.GetKeyCode();
     const int modifiers = modelModifiers(event);

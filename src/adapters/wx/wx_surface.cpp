@@ -8,6 +8,8 @@
 #include <wx/init.h>
 #include <wx/log.h>
 #include <wx/modalhook.h>
+#include <wx/progdlg.h>
+#include <wx/translation.h>
 #include <wx/utils.h>
 
 #include <algorithm>
@@ -37,7 +39,7 @@ class DialogCount : public wxModalDialogHook {
     }
 };
 
-void startToolkit() {
+void startToolkit(const std::string& language) {
 #ifdef __WXGTK__
     if (std::getenv("DISPLAY") == nullptr && std::getenv("WAYLAND_DISPLAY") == nullptr)
         throw RuntimeError(error_number::cannotCreateObject,
@@ -55,6 +57,11 @@ void startToolkit() {
     wxTheApp->SetAppName("catalogador");
     wxTheApp->SetExitOnFrameDelete(false);
     useCompactFields();
+    // Only the texts: numbers and dates are written as the program's own settings say.
+    auto* texts = new wxTranslations;
+    texts->SetLanguage(wxText(language));
+    texts->AddStdCatalog();
+    wxTranslations::Set(texts);
     static DialogCount dialogs;
     dialogs.Register();
 }
@@ -62,7 +69,7 @@ void startToolkit() {
 }  // namespace
 
 WxSurface::WxSurface(BoxLabels labels) : labels_(std::move(labels)) {
-    startToolkit();
+    startToolkit(labels_.language);
 }
 
 WxSurface::~WxSurface() {
@@ -146,13 +153,38 @@ void WxSurface::syncAll() {
     for (ScreenFrame* frame : frames_) frame->sync();
 }
 
+bool WxSurface::progress(Window& window, int done, int total) {
+    constexpr int shownAfter = 1000;
+    if (done >= total) {
+        endProgress();
+        return true;
+    }
+    if (progressBegan_ == 0) progressBegan_ = wxGetUTCTimeMillis();
+    if (!progress_ && wxGetUTCTimeMillis() - progressBegan_ < shownAfter) return true;
+    const wxString text = wxString::Format("%d / %d", done, total);
+    if (!progress_)
+        progress_ = std::make_unique<wxProgressDialog>(
+            wxText(window.caption()), text, total, nativeWindow(window),
+            wxPD_APP_MODAL | wxPD_CAN_ABORT | wxPD_REMAINING_TIME);
+    if (progress_->Update(done, text)) return true;
+    endProgress();
+    return false;
+}
+
+void WxSurface::endProgress() {
+    progress_.reset();
+    progressBegan_ = 0;
+}
+
 int WxSurface::messageBox(const std::string& text, int style, const std::string& title) {
+    endProgress();
     syncAll();
     return showMessageBox(topFrame(), labels_, text, style, title);
 }
 
 void WxSurface::errorBox(const std::string& text, const std::string& title,
                          const std::string& detail, const std::string& context) {
+    endProgress();
     syncAll();
     showErrorBox(topFrame(), labels_, text, title, detail, context);
 }

@@ -1,4 +1,6 @@
 #pragma once
+#include <wx/longlong.h>
+
 #include <functional>
 #include <map>
 #include <memory>
@@ -7,6 +9,7 @@
 
 #include "platform/surface.h"
 
+class wxProgressDialog;
 class wxWindow;
 
 namespace catalogador {
@@ -18,6 +21,8 @@ struct BoxLabels {
     std::string yes;
     std::string no;
     std::string ok;
+    /// Language code of the toolkit's own texts: "es".
+    std::string language;
 };
 
 /// Real windows by wxWidgets. One object a process; it starts the toolkit and ends it.
@@ -43,6 +48,8 @@ class WxSurface : public Surface {
     [[nodiscard]] int textWidth(std::string_view text) const override;
     [[nodiscard]] Size screenSize() const override;
     [[nodiscard]] Rect clientRect(const Window& window) const override;
+    /// A work of more than a second shows how far it is, with a button that stops it.
+    bool progress(Window& window, int done, int total) override;
     void processEvents() override;
 
     /// The native window of a form, null while it has none.
@@ -57,11 +64,14 @@ class WxSurface : public Surface {
     [[nodiscard]] ScreenFrame* frameOf(const Window& window) const;
     [[nodiscard]] ScreenFrame* topFrame() const;
     void syncAll();
+    void endProgress();
 
     BoxLabels labels_;
     std::vector<ScreenFrame*> frames_;
     std::function<void(Window&)> runner_;
     int pointer_ = 0;
+    wxLongLong progressBegan_ = 0;
+    std::unique_ptr<wxProgressDialog> progress_;
 };
 
 }  // namespace catalogador
