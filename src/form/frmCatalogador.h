@@ -198,6 +198,8 @@ class frmCatalogador : public Window {
     std::string listingStatement();
     void appendRows();
     void appendRow();
+    /// Whether a column of the form's resultset holds yes or no.
+    [[nodiscard]] bool isBit(int column) const;
     void setGridCell(int row, int column, const Variant& value);
     void setGridCheck(int row, int column, const Variant& value);
     /// Writes the rows shown to the file; the extra column is away meanwhile, and stays away until

@@ -111,12 +111,10 @@ bool frmCatalogador::startNewRow() {
 }
 
 bool frmCatalogador::recordUnchanged() {
-    // The stamp is read before the test for the end: a record that vanished is an error here.
-    const Date stamp = stampOfRecord();
     std::int32_t problem = 0;
     if (mrdoRegistro->atEnd())
         problem = recordGoneMessage;
-    else if (stamp > mdatModificado)
+    else if (stampOfRecord() > mdatModificado)
         problem = recordChangedMessage;
     if (problem == 0) {
         mrdoRegistro->Edit();

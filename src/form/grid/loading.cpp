@@ -66,6 +66,9 @@ void frmCatalogador::appendRow() {
     const int row = grdGrilla.addRow();
     const int shown = std::min(mrdoRegistro->columnCount(), grdGrilla.columns());
     for (int column = 0; column < shown; ++column) {
+        // A first row that holds Null must not take the check boxes away from the other rows.
+        if (row == RecordGrid::fixedRows && column > 0 && isBit(column))
+            grdGrilla.setColumnBoolean(column - 1, true);
         const Variant value = mrdoRegistro->value(column);
         if (value.isNull()) continue;
         if (column == 0)
@@ -79,15 +82,18 @@ void frmCatalogador::appendRow() {
     }
 }
 
+bool frmCatalogador::isBit(int column) const {
+    return mrdoRegistro->column(column).type == bitColumnType;
+}
+
 void frmCatalogador::setGridCell(int row, int column, const Variant& value) {
-    if (mrdoRegistro->column(column).type == bitColumnType)
+    if (isBit(column))
         setGridCheck(row, column, value);
     else
         grdGrilla.setText(row, column - 1, trim(toText(value, host_.regional)));
 }
 
 void frmCatalogador::setGridCheck(int row, int column, const Variant& value) {
-    if (row == RecordGrid::fixedRows) grdGrilla.setColumnBoolean(column - 1, true);
     bool checked = toBoolean(value, host_.regional);
     if (mlngIdVista == viewClassifications) {
         const std::string code = toText(mrdoRegistro->value(0), host_.regional);
