@@ -22,6 +22,8 @@ void frmCatalogador::AccionFiltrar() {
             mblnSinFiltro = true;
             box.setVisible(true);
             setFocus(box);
+            // What is typed now is another filter.
+            box.select(0, lengthInCharacters(box.text()));
             mblnFiltroAbierto = true;
             return;
         }
