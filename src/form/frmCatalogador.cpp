@@ -94,17 +94,33 @@ void frmCatalogador::wireEvents() {
     wireFields();
 }
 
+/// The native window of a form, which goes away even when an error escapes from the form.
+class frmCatalogador::OpenForm {
+  public:
+    OpenForm(frmCatalogador& form, Host& host) : form_(form), host_(host) {
+        host_.surface.open(form_);
+        form_.setOpen(true);
+    }
+    ~OpenForm() {
+        form_.setOpen(false);
+        host_.surface.close(form_);
+        if (host_.listener != nullptr) host_.listener->formClosed(form_);
+    }
+    OpenForm(const OpenForm&) = delete;
+    OpenForm& operator=(const OpenForm&) = delete;
+
+  private:
+    frmCatalogador& form_;
+    Host& host_;
+};
+
 void frmCatalogador::showModal() {
     if (host_.listener != nullptr) host_.listener->formOpening(*this);
-    surface().open(*this);
-    setOpen(true);
+    const OpenForm opened(*this, host_);
     Form_Load();
     if (focus() == nullptr) moveFocus(true);
     surface().showModal(*this);
     requestClose();
-    setOpen(false);
-    surface().close(*this);
-    if (host_.listener != nullptr) host_.listener->formClosed(*this);
 }
 
 int frmCatalogador::kindOf(const std::string& tag) {

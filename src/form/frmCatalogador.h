@@ -158,6 +158,8 @@ class frmCatalogador : public Window {
     void SetearFooter(vsPrinter& vsPrint);
 
   private:
+    class OpenForm;
+
     void placeDesign();
     void wireEvents();
     void wireGrid();

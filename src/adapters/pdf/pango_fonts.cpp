@@ -23,6 +23,10 @@ void setFont(PangoLayout* layout, const PrintFont& font) {
                                              font.points * twipsPerPoint * PANGO_SCALE);
     pango_layout_set_font_description(layout, description);
     pango_font_description_free(description);
+    PangoAttrList* attributes = pango_attr_list_new();
+    pango_attr_list_insert(attributes, pango_attr_font_features_new("kern=0, liga=0, clig=0"));
+    pango_layout_set_attributes(layout, attributes);
+    pango_attr_list_unref(attributes);
 }
 
 PangoFonts::PangoFonts() {

@@ -1,6 +1,7 @@
 #include "platform/printing/grid_pages.h"
 
 #include <algorithm>
+#include <array>
 #include <numeric>
 
 #include "platform/controls/record_grid.h"
@@ -20,10 +21,17 @@ constexpr Color lineColor{0x00C8C0B8};
 constexpr Color headerLineColor{0x00806850};
 
 int alignOf(int gridAlignment) {
-    constexpr int centre = 4;
-    constexpr int right = 7;
-    if (gridAlignment == centre) return print_align::centre;
-    return gridAlignment == right ? print_align::right : print_align::left;
+    // The codes go by threes: left, centred, right; which of the three tells top from bottom.
+    constexpr int codesPerSide = 3;
+    constexpr std::array sides{print_align::left, print_align::centre, print_align::right};
+    const int last = static_cast<int>(sides.size()) - 1;
+    return sides[static_cast<std::size_t>(std::clamp(gridAlignment / codesPerSide, 0, last))];
+}
+
+/// What is kept free at each side of a cell.
+int marginOf(int cellWidth) {
+    constexpr int narrow = 8;
+    return std::min(cellMargin, cellWidth / narrow);
 }
 
 std::string cellText(const RecordGrid& grid, int row, int column) {
@@ -45,7 +53,11 @@ class GridPages {
           body_(printing.measure, document.fonts[printing.font]),
           header_(printing.measure, document.fonts[printing.headerFont]),
           widths_(printedWidths(
-              grid, document.setup.paper.width - document.setup.left - document.setup.right)),
+              grid, document.setup.paper.width - document.setup.left - document.setup.right,
+              [this](int column) {
+                  return std::max(narrowestColumn,
+                                  header_.widestWord(grid_.header(column)) + 2 * cellMargin);
+              })),
           page_(&document.pages.back()),
           top_(printing.top) {}
 
@@ -66,7 +78,7 @@ class GridPages {
         for (int column = 0; column < grid_.columns(); ++column) {
             const int width = widths_[static_cast<std::size_t>(column)];
             if (width == 0) continue;
-            const int room = std::max(1, width - 2 * cellMargin);
+            const int room = width - 2 * marginOf(width);
             cells.push_back({column, fit.lines(textOf(column), room, mostLines)});
         }
         return cells;
@@ -83,11 +95,14 @@ class GridPages {
         int left = document_.setup.left;
         for (const Cell& cell : cells) {
             const int width = widths_[static_cast<std::size_t>(cell.column)];
-            const int align = alignOf(alignmentOf(cell.column));
+            const int margin = marginOf(width);
+            const int align = grid_.columnIsBoolean(cell.column)
+                                  ? print_align::centre
+                                  : alignOf(alignmentOf(cell.column));
             int top = top_ + rowMargin;
             for (const std::string& line : cell.lines) {
-                putText(line, {left + cellMargin, top, width - 2 * cellMargin, lineHeight}, fit,
-                        font, align);
+                putText(line, {left + margin, top, width - 2 * margin, lineHeight}, fit, font,
+                        align);
                 top += lineHeight;
             }
             left += width;
@@ -95,7 +110,7 @@ class GridPages {
     }
 
     void putText(const std::string& text, Rect room, TextFit& fit, std::size_t font, int align) {
-        const int width = std::min(fit.width(text), room.width);
+        const int width = fit.width(text);
         if (align == print_align::right) room.left += room.width - width;
         if (align == print_align::centre) room.left += (room.width - width) / 2;
         room.width = width;
@@ -117,8 +132,10 @@ class GridPages {
         const PageSetup& setup = document_.setup;
         page_->boxes.push_back(
             {{setup.left, top_, setup.paper.width - setup.left - setup.right, height}, headerFill});
+        // The header's own code is no longer the alignment once the header was clicked.
         putCells(cells, header_, printing_.headerFont, lineHeight, [&](int column) {
-            return grid_.visibleRows() > 0 ? grid_.alignment(grid_.visibleRow(0), column) : 0;
+            return grid_.visibleRows() > 0 ? grid_.alignment(grid_.visibleRow(0), column)
+                                           : static_cast<int>(grid_.headerData(column).value_or(0));
         });
         top_ += height;
         putLine(top_, headerLineColor);
@@ -136,10 +153,8 @@ class GridPages {
             top_ = document_.setup.top;
             putHeader();
         }
-        putCells(cells, body_, printing_.font, lineHeight, [&](int column) {
-            constexpr int centre = 4;
-            return grid_.columnIsBoolean(column) ? centre : grid_.alignment(row, column);
-        });
+        putCells(cells, body_, printing_.font, lineHeight,
+                 [&](int column) { return grid_.alignment(row, column); });
         top_ += height;
         putLine(top_ - lineThickness, lineColor);
     }
@@ -155,31 +170,63 @@ class GridPages {
     int top_;
 };
 
+bool isPrinted(const RecordGrid& grid, int column) {
+    const bool extra = column + 1 == grid.columns() && grid.header(column).empty();
+    return !extra && !grid.columnHidden(column) && grid.columnWidth(column) > 0;
+}
+
+/// What a column gets of the page's width.
+struct Share {
+    int column = 0;
+    double wanted = 0;
+    double least = 0;
+    double given = 0;
+    bool atLeast = false;
+};
+
+/// Divides the room in the proportion of what is wanted; who would get less than the least gets
+/// that, and the others divide what remains.
+void share(std::vector<Share>& shares, double room) {
+    double least = 0;
+    for (const Share& each : shares) least += each.least;
+    if (least > room)
+        for (Share& each : shares)
+            each.least = std::min(each.least, room / static_cast<double>(shares.size()));
+    for (bool settled = false; !settled;) {
+        double remaining = room;
+        double wanted = 0;
+        for (const Share& each : shares) {
+            if (each.atLeast)
+                remaining -= each.least;
+            else
+                wanted += each.wanted;
+        }
+        settled = true;
+        for (Share& each : shares) {
+            each.given = each.atLeast ? each.least : remaining * each.wanted / wanted;
+            if (each.given >= each.least) continue;
+            each.atLeast = true;
+            settled = false;
+        }
+    }
+}
+
 }  // namespace
 
-std::vector<int> printedWidths(const RecordGrid& grid, int room) {
+std::vector<int> printedWidths(const RecordGrid& grid, int room,
+                               const std::function<int(int column)>& leastOf) {
     std::vector<int> widths(static_cast<std::size_t>(grid.columns()), 0);
-    std::vector<std::size_t> printed;
-    for (int column = 0; column < grid.columns(); ++column) {
-        const bool extra = column + 1 == grid.columns() && grid.header(column).empty();
-        if (grid.columnHidden(column) || extra || grid.columnWidth(column) <= 0) continue;
-        printed.push_back(static_cast<std::size_t>(column));
-    }
-    if (printed.empty()) return widths;
-    const int least = std::min(narrowestColumn, room / static_cast<int>(printed.size()));
-    double wanted = 0;
-    for (const std::size_t column : printed)
-        wanted += std::max(least, grid.columnWidth(static_cast<int>(column)));
-    // Every column has the least width; what is left of the room is shared by what they want more.
-    const double spare = room - static_cast<double>(least) * static_cast<double>(printed.size());
-    const double more = wanted - static_cast<double>(least) * static_cast<double>(printed.size());
+    std::vector<Share> shares;
+    for (int column = 0; column < grid.columns(); ++column)
+        if (isPrinted(grid, column))
+            shares.push_back({column, grid.columnWidth(column), leastOf(column)});
+    share(shares, room);
     int left = room;
-    for (const std::size_t column : printed) {
-        const int above = std::max(least, grid.columnWidth(static_cast<int>(column))) - least;
-        const bool last = column == printed.back();
-        widths[column] =
-            last ? left : least + static_cast<int>(more > 0 ? spare * above / more : 0);
-        left -= widths[column];
+    for (const Share& each : shares) {
+        const bool last = &each == &shares.back();
+        const int width = last ? left : static_cast<int>(each.given);
+        widths[static_cast<std::size_t>(each.column)] = width;
+        left -= width;
     }
     return widths;
 }

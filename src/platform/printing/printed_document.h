@@ -14,7 +14,8 @@ struct PrintFont {
     bool bold = false;
 };
 
-/// How large texts are on paper, in twips.
+/// How large texts are on paper, in twips. Texts are set without kerning and ligatures: one is as
+/// wide as its characters are together.
 class FontMeasure {
   public:
     virtual ~FontMeasure() = default;

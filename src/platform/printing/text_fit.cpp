@@ -2,95 +2,140 @@
 
 #include <algorithm>
 
-#include "runtime/text.h"
-
 namespace catalogador {
 
 namespace {
 
-constexpr std::size_t mostRemembered = 65536;
 constexpr std::string_view ellipsis = "…";
+/// Broken into lines shorter than this, a number or a word can no longer be read.
+constexpr std::string_view shortestLine = "0000";
+constexpr std::size_t commonCharacters = 0x800;
 
-bool startsCharacter(char byte) {
-    return (static_cast<unsigned char>(byte) & 0xC0U) != 0x80U;
+bool continuesCharacter(char byte) {
+    return (static_cast<unsigned char>(byte) & 0xC0U) == 0x80U;
 }
 
-/// The last place at or before `end` where a character begins.
-std::size_t characterAt(std::string_view text, std::size_t end) {
-    while (end > 0 && end < text.size() && !startsCharacter(text[end])) --end;
-    return end;
+/// The character that begins at that byte.
+std::string_view characterAt(std::string_view text, std::size_t begin) {
+    std::size_t end = begin + 1;
+    while (end < text.size() && continuesCharacter(text[end])) ++end;
+    return text.substr(begin, end - begin);
 }
 
-std::size_t afterFirstCharacter(std::string_view text) {
-    std::size_t end = std::min<std::size_t>(1, text.size());
-    while (end < text.size() && !startsCharacter(text[end])) ++end;
-    return end;
+/// Code point of a character of one or two bytes; what is longer or ill-formed is not common.
+std::size_t commonCode(std::string_view character) {
+    const auto first = static_cast<unsigned char>(character[0]);
+    if (character.size() == 1 && first < 0x80U) return first;
+    if (character.size() != 2 || (first & 0xE0U) != 0xC0U) return commonCharacters;
+    return ((first & 0x1FU) << 6U) | (static_cast<unsigned char>(character[1]) & 0x3FU);
 }
 
+std::string_view withoutBlanksBefore(std::string_view text) {
+    return text.substr(std::min(text.find_first_not_of(' '), text.size()));
+}
+
+std::string_view withoutBlanksAfter(std::string_view text) {
+    return text.substr(0, text.find_last_not_of(' ') + 1);
+}
+
+/// Line ends and tabs that follow one another become one blank.
 std::string onOneLine(std::string_view text) {
-    std::string line(text);
-    std::ranges::replace_if(
-        line, [](char byte) { return static_cast<unsigned char>(byte) < 0x20; }, ' ');
+    std::string line;
+    line.reserve(text.size());
+    bool control = false;
+    for (const char byte : text) {
+        const bool isControl = static_cast<unsigned char>(byte) < 0x20;
+        if (!isControl || !control) line += isControl ? ' ' : byte;
+        control = isControl;
+    }
     return line;
 }
 
 }  // namespace
 
 TextFit::TextFit(const FontMeasure& measure, const PrintFont& font)
-    : measure_(measure), font_(font), widest_(measure.width("W", font)) {}
+    : measure_(measure), font_(font), common_(commonCharacters, -1) {}
 
-int TextFit::width(std::string_view text) {
-    if (known_.size() >= mostRemembered) known_.clear();
-    const auto [found, isNew] = known_.try_emplace(std::string(text), 0);
-    if (isNew) found->second = measure_.width(text, font_);
+int TextFit::characterWidth(std::string_view character) {
+    const std::size_t code = commonCode(character);
+    if (code < commonCharacters) {
+        int& width = common_[code];
+        if (width < 0) width = measure_.width(character, font_);
+        return width;
+    }
+    const auto [found, isNew] = others_.try_emplace(std::string(character), 0);
+    if (isNew) found->second = measure_.width(character, font_);
     return found->second;
 }
 
-std::size_t TextFit::fitting(std::string_view text, int room) {
-    std::size_t fits = afterFirstCharacter(text);
-    std::size_t beyond = text.size();
-    if (measure_.width(text, font_) <= room) return beyond;
-    // Between the first character and the whole text, by halves.
-    while (true) {
-        const std::size_t middle = characterAt(text, fits + (beyond - fits) / 2);
-        if (middle <= fits) break;
-        if (measure_.width(text.substr(0, middle), font_) <= room)
-            fits = middle;
-        else
-            beyond = middle;
+int TextFit::width(std::string_view text) {
+    int width = 0;
+    for (std::size_t at = 0; at < text.size();) {
+        const std::string_view character = characterAt(text, at);
+        width += characterWidth(character);
+        at += character.size();
     }
-    const std::size_t next = fits + afterFirstCharacter(text.substr(fits));
-    const bool oneMore = next < text.size() && measure_.width(text.substr(0, next), font_) <= room;
-    return oneMore ? next : fits;
+    return width;
+}
+
+int TextFit::widestWord(std::string_view text) {
+    int widest = 0;
+    for (std::size_t at = 0; at < text.size();) {
+        const std::size_t end = std::min(text.find(' ', at), text.size());
+        widest = std::max(widest, width(text.substr(at, end - at)));
+        at = end + 1;
+    }
+    return widest;
+}
+
+std::size_t TextFit::fitting(std::string_view text, int room) {
+    std::size_t at = 0;
+    while (at < text.size()) {
+        const std::string_view character = characterAt(text, at);
+        room -= characterWidth(character);
+        if (room < 0) break;
+        at += character.size();
+    }
+    return at;
+}
+
+std::string_view TextFit::takeLine(std::string_view& rest, int room) {
+    std::size_t end = fitting(rest, room);
+    if (end < rest.size() && rest[end] != ' ') {
+        const std::size_t blank = rest.rfind(' ', end);
+        if (blank != std::string_view::npos) end = blank;
+    }
+    const std::string_view line = rest.substr(0, end);
+    rest = withoutBlanksBefore(rest.substr(end));
+    return withoutBlanksAfter(line);
 }
 
 std::string TextFit::shortened(std::string_view text, int room) {
-    const int left = std::max(0, room - measure_.width(ellipsis, font_));
-    std::string_view kept = text.substr(0, fitting(text, left));
-    while (kept.ends_with(' ')) kept.remove_suffix(1);
-    return std::string(kept) + std::string(ellipsis);
+    const int left = room - characterWidth(ellipsis);
+    if (left < 0) return "";
+    return std::string(withoutBlanksAfter(text.substr(0, fitting(text, left)))) +
+           std::string(ellipsis);
 }
 
 std::vector<std::string> TextFit::lines(std::string_view text, int room, std::size_t most) {
-    if (text.empty()) return {};
     const std::string whole = onOneLine(text);
-    const auto surely = static_cast<long>(lengthInCharacters(whole)) * widest_;
-    if (surely <= room || width(whole) <= room) return {whole};
+    std::string_view rest = withoutBlanksAfter(withoutBlanksBefore(whole));
+    if (room < width(shortestLine)) most = 1;
     std::vector<std::string> lines;
-    std::string_view rest = whole;
     while (!rest.empty()) {
-        if (lines.size() + 1 == most && measure_.width(rest, font_) > room) {
-            lines.push_back(shortened(rest, room));
+        if (fitting(rest, room) == rest.size()) {
+            lines.emplace_back(rest);
             break;
         }
-        std::size_t end = fitting(rest, room);
-        if (end < rest.size() && rest[end] != ' ')
-            if (const std::size_t blank = rest.rfind(' ', end);
-                blank != std::string_view::npos && blank > 0)
-                end = blank;
-        lines.emplace_back(rest.substr(0, end));
-        rest.remove_prefix(end);
-        while (rest.starts_with(' ')) rest.remove_prefix(1);
+        std::string_view after = rest;
+        const std::string_view line = takeLine(after, room);
+        if (lines.size() + 1 >= most || line.empty()) {
+            if (std::string last = shortened(rest, room); !last.empty())
+                lines.push_back(std::move(last));
+            break;
+        }
+        lines.emplace_back(line);
+        rest = after;
     }
     return lines;
 }

@@ -3,6 +3,7 @@
 #include <algorithm>
 
 #include "platform/printing/grid_pages.h"
+#include "platform/printing/text_fit.h"
 #include "runtime/error.h"
 
 namespace catalogador {
@@ -12,6 +13,7 @@ namespace {
 constexpr int leastTopMargin = 900;
 constexpr int leastBottomMargin = 560;
 constexpr int leastSideMargin = 280;
+constexpr int leastRoom = 1440;
 constexpr int headerGap = 140;
 constexpr int ruleGap = 90;
 constexpr int ruleThickness = 12;
@@ -24,6 +26,12 @@ vsPrinter::vsPrinter(const FontMeasure& measure, PageSetup setup) : measure_(mea
     setup.bottom = std::max(setup.bottom, leastBottomMargin);
     setup.left = std::max(setup.left, leastSideMargin);
     setup.right = std::max(setup.right, leastSideMargin);
+    if (setup.paper.width - setup.left - setup.right < leastRoom)
+        setup.left = setup.right = leastSideMargin;
+    if (setup.paper.height - setup.top - setup.bottom < leastRoom) {
+        setup.top = leastTopMargin;
+        setup.bottom = leastBottomMargin;
+    }
     document_.setup = setup;
 }
 
@@ -51,12 +59,14 @@ PrintedPage& vsPrinter::newPage() {
     if (!header.empty()) {
         const std::size_t font = fontOf({headerFontName, headerFontSize, false});
         const int height = measure_.lineHeight(document_.fonts[font]);
-        const int width = std::min(measure_.width(header, document_.fonts[font]),
-                                   setup.paper.width - setup.left - setup.right);
-        page.texts.push_back({header,
-                              {setup.left, setup.top - headerGap - height, width, height},
-                              font,
-                              print_align::left});
+        TextFit fit(measure_, document_.fonts[font]);
+        const int room = setup.paper.width - setup.left - setup.right;
+        for (const std::string& line : fit.lines(header, room, 1))
+            page.texts.push_back(
+                {line,
+                 {setup.left, setup.top - headerGap - height, fit.width(line), height},
+                 font,
+                 print_align::left});
     }
     if (pageSetting == pageSettingRules) {
         putRule(page, setup.top - ruleGap);

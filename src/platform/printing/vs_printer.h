@@ -14,7 +14,8 @@ constexpr int pageSettingRules = 3;
 /// start the document, write, end the document, then put overlays on its pages.
 class vsPrinter {
   public:
-    /// `measure` must outlive the printer. Margins too small for header and footer are widened.
+    /// `measure` must outlive the printer. Margins too small for header and footer are widened,
+    /// those that leave no room between them are made as small as they may be.
     vsPrinter(const FontMeasure& measure, PageSetup setup);
 
     int pageSetting = 0;
