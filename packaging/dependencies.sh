@@ -5,7 +5,7 @@ build_packages=(g++ cmake ninja-build ccache pkg-config unixodbc-dev libsqliteod
     libxlsxwriter-dev libcairo2-dev libpango1.0-dev
     libwxgtk3.2-dev wx3.2-i18n nlohmann-json3-dev libcli11-dev libgtest-dev libgmock-dev iso-codes)
 screen_packages=(xvfb xauth openbox xdotool imagemagick fonts-dejavu-core adwaita-icon-theme
-    librsvg2-common python3-openpyxl libreoffice-calc-nogui poppler-utils)
+    librsvg2-common librsvg2-bin python3-openpyxl libreoffice-calc-nogui poppler-utils)
 check_packages=(clang-format gettext)
 lint_packages=(clang-tidy)
 
