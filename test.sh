@@ -12,6 +12,7 @@ cd "$(dirname "${BASH_SOURCE[0]}")"
 . packaging/dependencies.sh
 . packaging/build.sh
 . packaging/virtual_display.sh
+. packaging/database_servers.sh
 
 passed=0
 failed=0
@@ -49,16 +50,20 @@ quick() {
 }
 
 this_system() {
-    install_missing "${build_packages[@]}" "${check_packages[@]}" "${screen_packages[@]}"
+    install_missing "${build_packages[@]}" "${check_packages[@]}" "${screen_packages[@]}" \
+        "${server_packages[@]}"
     build release
+    trap 'stop_display; stop_servers' EXIT
+    echo "== starting PostgreSQL and MariaDB"
+    start_servers
     run_tests release -LE window -j "$(nproc)"
-    trap stop_display EXIT
+    stop_servers
     start_display
     # One after the other: two windows on one display would fight for the focus.
     run_tests release -L window
     stop_display
     build asan
-    run_tests asan -LE 'window|check' -j "$(nproc)"
+    run_tests asan -LE 'window|check|servers' -j "$(nproc)"
 }
 
 windows() {

@@ -2,7 +2,6 @@
 
 #include <filesystem>
 
-#include "adapters/odbc/odbc_connection.h"
 #include "runtime/error.h"
 #include "runtime/text.h"
 
@@ -47,8 +46,12 @@ std::unique_ptr<rdoConnection> createDatabase(const std::string& file) {
 
 std::unique_ptr<rdoConnection> openDatabase(const Options& options) {
     if (options.connectionString.empty()) return openFile(options.database);
+    return openServer(options.connectionString);
+}
+
+std::unique_ptr<OdbcConnection> openServer(const std::string& connectionString) {
     try {
-        return OdbcConnection::open(options.connectionString);
+        return OdbcConnection::open(connectionString);
     } catch (const RuntimeError& error) {
         fail(error, "cannot connect to the database",
              "check driver, server, user and password in --connect ('odbcinst -q -d' lists the "

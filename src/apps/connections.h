@@ -2,6 +2,7 @@
 #include <memory>
 #include <string>
 
+#include "adapters/odbc/odbc_connection.h"
 #include "apps/options.h"
 #include "platform/rdo.h"
 
@@ -10,6 +11,8 @@ namespace catalogador {
 /// Opens the database that was named. Raises RuntimeError with one line that says what to do and
 /// shows no password.
 std::unique_ptr<rdoConnection> openDatabase(const Options& options);
+/// The same for a connection string. Raises RuntimeError with what to do.
+std::unique_ptr<OdbcConnection> openServer(const std::string& connectionString);
 /// Opens a SQLite file that may not exist yet.
 std::unique_ptr<rdoConnection> createDatabase(const std::string& file);
 

@@ -48,9 +48,36 @@ std::filesystem::path write(const Options& options) {
     return file;
 }
 
+SchemaDialect schemaOf(Dialect dialect) {
+    switch (dialect) {
+        case Dialect::postgresql:
+            return SchemaDialect::postgresql;
+        case Dialect::mariadb:
+            return SchemaDialect::mariadb;
+        case Dialect::sqlite:
+            return SchemaDialect::sqlite;
+        default:
+            throw RuntimeError(error_number::invalidProcedureCall,
+                               "there is no schema for this kind of database; the demonstration "
+                               "needs PostgreSQL, MariaDB or SQLite");
+    }
+}
+
+int fillServer(const Options& options) {
+    const auto connection = openServer(options.connectionString);
+    DemoOptions demo;
+    demo.userName = systemUser();
+    demo.dialect = schemaOf(connection->dialect());
+    writeDemo(*connection, demo);
+    std::cout << "The demonstration is in the database. Open it with: catalogador open --connect "
+                 "(the same) --view 1\n";
+    return exitPlayed;
+}
+
 }  // namespace
 
 int demoCommand(const Options& options) {
+    if (!options.connectionString.empty()) return fillServer(options);
     try {
         const std::string file = write(options).string();
         std::cout << "The demonstration database is " << file << "\n"

@@ -103,9 +103,14 @@ void addCommands(CLI::App& app, Options& options) {
         ->type_name("SEQUENCE")
         ->required();
     add->get_option("--value")->required();
-    command("demo", "Writes a demonstration database", Command::demo)
-        ->add_option("DIRECTORY", options.directory, "Where demo.db is written")
-        ->required();
+    CLI::App* demo = command("demo", "Writes a demonstration database", Command::demo);
+    CLI::Option_group* place = demo->add_option_group("Place");
+    place->add_option("DIRECTORY", options.directory, "Where demo.db (SQLite) is written");
+    place
+        ->add_option("--connect", options.connectionString,
+                     "ODBC connection string of an empty database, whose tables are made")
+        ->type_name("STRING");
+    place->require_option(1);
     command("schema", "Prints the statements that create every table", Command::schema)
         ->add_option("--dialect", options.dialect, "Whose statements")
         ->required()

@@ -3,7 +3,8 @@
 #include <gtest/gtest.h>
 
 #include <algorithm>
-#include <numeric>
+#include <stdexcept>
+#include <utility>
 
 #include "even_font.h"
 #include "platform/controls/record_grid.h"
@@ -46,6 +47,34 @@ class GridPagesTest : public testing::Test {
         return found;
     }
 
+    /// A text's place is where it is drawn, so it is held against its measured width as well.
+    void expectNothingOverlaps() const {
+        const PageSetup& setup = printer_.document().setup;
+        for (const PrintedPage& page : printer_.document().pages)
+            for (std::size_t i = 0; i < page.texts.size(); ++i) {
+                const auto& [text, a, font, align] = page.texts[i];
+                EXPECT_EQ(a.width, measure_.width(text, {}));
+                EXPECT_GE(a.left, setup.left) << text;
+                EXPECT_LE(a.left + a.width, setup.paper.width - setup.right) << text;
+                EXPECT_LE(a.top + a.height, setup.paper.height - setup.bottom) << text;
+                for (std::size_t j = i + 1; j < page.texts.size(); ++j) {
+                    const Rect& b = page.texts[j].place;
+                    const bool apart = a.left + a.width <= b.left || b.left + b.width <= a.left ||
+                                       a.top + a.height <= b.top || b.top + b.height <= a.top;
+                    EXPECT_TRUE(apart) << text << " / " << page.texts[j].text;
+                }
+            }
+    }
+    [[nodiscard]] const PrintedText& find(const std::string& text) const {
+        for (const PrintedText& each : printer_.document().pages.front().texts)
+            if (each.text == text) return each;
+        throw std::out_of_range(text);
+    }
+
+    static constexpr const char* longName =
+        "Un nombre muy largo que hay que partir en varias líneas, y que aun así no cabe entero en "
+        "las tres que una celda puede tener de ninguna manera que se intente";
+
     EvenFont measure_;
     RecordGrid grid_{"grid"};
     vsPrinter printer_{measure_, {}};
@@ -74,31 +103,25 @@ TEST_F(GridPagesTest, EveryPageBeginsWithTheHeaderAndEveryRowIsPrintedOnce) {
 }
 
 TEST_F(GridPagesTest, NoTextLeavesTheMarginsOrCoversAnother) {
-    addRows(120,
-            "Un nombre muy largo que hay que partir en varias líneas, y que aun así no cabe "
-            "entero en las tres que una celda puede tener");
-    for (const PrintedPage& page : print()) {
-        const PageSetup& setup = printer_.document().setup;
-        for (const PrintedText& text : page.texts) {
-            EXPECT_GE(text.place.left, setup.left) << text.text;
-            EXPECT_LE(text.place.left + text.place.width, setup.paper.width - setup.right);
-            EXPECT_LE(text.place.top + text.place.height, setup.paper.height - setup.bottom);
-        }
-        for (std::size_t i = 0; i < page.texts.size(); ++i)
-            for (std::size_t j = i + 1; j < page.texts.size(); ++j) {
-                const Rect& a = page.texts[i].place;
-                const Rect& b = page.texts[j].place;
-                const bool apart = a.left + a.width <= b.left || b.left + b.width <= a.left ||
-                                   a.top + a.height <= b.top || b.top + b.height <= a.top;
-                EXPECT_TRUE(apart) << page.texts[i].text << " / " << page.texts[j].text;
-            }
+    addRows(120, longName);
+    print();
+    expectNothingOverlaps();
+}
+
+TEST_F(GridPagesTest, NoTextLeavesItsCellHoweverManyColumnsThereAre) {
+    for (const int columns : {12, 40, 300}) {
+        grid_.setColumns(0);
+        grid_.setColumns(columns);
+        grid_.clearRows();
+        addRows(3, longName);
+        for (int column = 3; column < columns; ++column) grid_.setText(1, column, "123456789");
+        print();
+        expectNothingOverlaps();
     }
 }
 
 TEST_F(GridPagesTest, ARowIsNeverDividedBetweenPages) {
-    addRows(90,
-            "Un nombre muy largo que hay que partir en varias líneas, y que aun así no cabe "
-            "entero en las tres que una celda puede tener de ninguna manera que se intente");
+    addRows(90, longName);
     for (const PrintedPage& page : print()) {
         std::size_t codes = 0;
         std::size_t lines = 0;
@@ -106,8 +129,8 @@ TEST_F(GridPagesTest, ARowIsNeverDividedBetweenPages) {
             if (text.align == print_align::right) ++codes;
             if (text.align == print_align::left) ++lines;
         }
-        // One code and three lines of the name a row; the header row has three texts.
-        EXPECT_EQ(lines, (codes - 1) * 3 + 2);
+        // One code and three lines of the name a row, and the header row.
+        EXPECT_EQ(lines, (codes - 1) * 3 + 1);
     }
 }
 
@@ -133,25 +156,36 @@ TEST_F(GridPagesTest, ChecksAreDrawnAsBoxes) {
               1);
 }
 
-TEST(PrintedWidths, FillTheRoomInTheProportionOfTheScreen) {
-    RecordGrid grid("grid");
-    grid.setFormatString("a|b|c");
-    grid.setColumnWidth(0, 1000);
-    grid.setColumnWidth(1, 2000);
-    grid.setColumnWidth(2, 4000);
-    const std::vector<int> widths = printedWidths(grid, 14000);
-    EXPECT_EQ(std::accumulate(widths.begin(), widths.end(), 0), 14000);
-    EXPECT_LT(widths[0], widths[1]);
-    EXPECT_LT(widths[1], widths[2]);
+TEST_F(GridPagesTest, AlignmentCodesGoByThrees) {
+    const std::vector<std::pair<int, int>> codes{{0, print_align::left},   {2, print_align::left},
+                                                 {3, print_align::centre}, {5, print_align::centre},
+                                                 {6, print_align::right},  {8, print_align::right}};
+    for (const auto& [code, align] : codes) {
+        grid_.clearRows();
+        addRows(1, "x");
+        grid_.setAlignment(1, 1, code);
+        print();
+        EXPECT_EQ(find("x").align, align) << code;
+        EXPECT_EQ(find("Nombre").align, align) << code;
+    }
+    EXPECT_EQ(find("Vigente").align, print_align::centre);
 }
 
-TEST(PrintedWidths, KeepAManyColumnsAllOnThePage) {
-    RecordGrid grid("grid");
-    grid.setColumns(60);
-    for (int column = 0; column < 60; ++column) grid.setColumnWidth(column, column * 100);
-    const std::vector<int> widths = printedWidths(grid, 9000);
-    EXPECT_EQ(std::accumulate(widths.begin(), widths.end(), 0), 9000);
-    for (std::size_t column = 1; column < 59; ++column) EXPECT_GE(widths[column], 150);
+TEST_F(GridPagesTest, WithoutRowsTheHeaderIsAlignedAsItsColumnWillBe) {
+    grid_.setHeaderData(0, 8);
+    print();
+    EXPECT_EQ(find("Código").align, print_align::right);
+    EXPECT_EQ(find("Nombre").align, print_align::left);
+}
+
+TEST_F(GridPagesTest, NeitherHeadersNorUsualWordsAreBroken) {
+    grid_.setColumnWidth(0, 200);
+    grid_.setColumnWidth(1, 20000);
+    addRows(1);
+    grid_.setText(1, 0, "1234567890");
+    print();
+    EXPECT_EQ(find("Código").place.width, 6 * EvenFont::characterWidth);
+    EXPECT_EQ(find("1234567890").place.width, 10 * EvenFont::characterWidth);
 }
 
 }  // namespace

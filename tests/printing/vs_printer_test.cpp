@@ -62,6 +62,70 @@ TEST_F(VsPrinterTest, AnOverlayWritesLeftCentredAndRightOnItsPage) {
     for (const PrintedText& text : texts) EXPECT_EQ(text.place.top, 16838 - 1440 + 150);
 }
 
+TEST_F(VsPrinterTest, PagesAreNumberedEachOnItsOwn) {
+    grid_.setFormatString("Código");
+    for (int i = 0; i < 140; ++i) grid_.setText(grid_.addRow(), 0, "x");
+    printer_.startDocument("");
+    printer_.renderGrid(grid_);
+    printer_.endDocument();
+    ASSERT_EQ(printer_.pageCount(), 3);
+    for (int page = 1; page <= 3; ++page) {
+        printer_.startOverlay(page);
+        printer_.moveTo(printer_.marginLeft(), printer_.marginBottomLine() + 150);
+        printer_.writeAligned(std::to_string(page) + " de 3", print_align::right);
+        printer_.endOverlay();
+    }
+    EXPECT_EQ(printer_.document().pages[0].texts.back().text, "1 de 3");
+    EXPECT_EQ(printer_.document().pages[1].texts.back().text, "2 de 3");
+    EXPECT_EQ(printer_.document().pages[2].texts.back().text, "3 de 3");
+}
+
+TEST_F(VsPrinterTest, AHeaderThatIsTooLongEndsInAnEllipsis) {
+    printer_.header = std::string(200, 'x');
+    printer_.startDocument("");
+    const PrintedText& header = printer_.document().pages[0].texts.front();
+    EXPECT_TRUE(header.text.ends_with("…"));
+    EXPECT_LE(header.place.left + header.place.width, 11906 - 1440);
+}
+
+TEST_F(VsPrinterTest, PageSettingThreeRulesOffHeaderAndFooter) {
+    printer_.startDocument("");
+    EXPECT_TRUE(printer_.document().pages[0].boxes.empty());
+    printer_.pageSetting = pageSettingRules;
+    printer_.startDocument("");
+    const auto& boxes = printer_.document().pages[0].boxes;
+    ASSERT_EQ(boxes.size(), 2U);
+    EXPECT_LT(boxes[0].place.top, 1440);
+    EXPECT_GT(boxes[1].place.top, printer_.marginBottomLine());
+    EXPECT_LT(boxes[1].place.top, printer_.marginBottomLine() + 150);
+}
+
+/// As wide as the font is large.
+class GrowingFont : public EvenFont {
+  public:
+    [[nodiscard]] int width(std::string_view text, const PrintFont& font) const override {
+        return static_cast<int>(static_cast<double>(lengthInCharacters(text)) * font.points * 12);
+    }
+};
+
+TEST_F(VsPrinterTest, ManyColumnsArePrintedSmaller) {
+    const GrowingFont growing;
+    const auto pointsFor = [&](int columns) {
+        RecordGrid grid("grid");
+        std::string headers = "Abreviatura";
+        for (int column = 1; column < columns; ++column) headers += "|Abreviatura";
+        grid.setFormatString(headers);
+        vsPrinter printer(growing, {});
+        printer.startDocument("");
+        printer.renderGrid(grid);
+        const PrintedText& text = printer.document().pages[0].texts.front();
+        return printer.document().fonts[text.font].points;
+    };
+    EXPECT_EQ(pointsFor(3), 8);
+    EXPECT_EQ(pointsFor(9), 6.5);
+    EXPECT_EQ(pointsFor(40), 5);
+}
+
 TEST_F(VsPrinterTest, ThereIsNoOverlayOnAPageThatIsNotThere) {
     printer_.startDocument("");
     EXPECT_THROW(printer_.startOverlay(0), RuntimeError);
@@ -75,6 +139,18 @@ TEST_F(VsPrinterTest, TooSmallMarginsAreWidened) {
     const vsPrinter printer(measure_, setup);
     EXPECT_GT(printer.marginLeft(), 0);
     EXPECT_LT(printer.marginBottomLine() + 150 + EvenFont::height, setup.paper.height);
+}
+
+TEST_F(VsPrinterTest, MarginsThatLeaveNoRoomAreGivenUp) {
+    PageSetup setup;
+    setup.left = setup.top = setup.right = setup.bottom = 9000;
+    vsPrinter printer(measure_, setup);
+    grid_.setFormatString("Código");
+    for (int i = 0; i < 20; ++i) grid_.setText(grid_.addRow(), 0, "x");
+    printer.startDocument("");
+    printer.renderGrid(grid_);
+    EXPECT_EQ(printer.pageCount(), 1);
+    EXPECT_LT(printer.marginLeft(), 1440);
 }
 
 }  // namespace

@@ -2,17 +2,15 @@
 
 #include <algorithm>
 #include <array>
-#include <numeric>
 
 #include "platform/controls/record_grid.h"
+#include "platform/printing/column_widths.h"
 #include "platform/printing/text_fit.h"
 
 namespace catalogador {
 
 namespace {
 
-constexpr int narrowestColumn = 420;
-constexpr int cellMargin = 60;
 constexpr int rowMargin = 30;
 constexpr int lineThickness = 8;
 constexpr std::size_t mostLines = 3;
@@ -26,12 +24,6 @@ int alignOf(int gridAlignment) {
     constexpr std::array sides{print_align::left, print_align::centre, print_align::right};
     const int last = static_cast<int>(sides.size()) - 1;
     return sides[static_cast<std::size_t>(std::clamp(gridAlignment / codesPerSide, 0, last))];
-}
-
-/// What is kept free at each side of a cell.
-int marginOf(int cellWidth) {
-    constexpr int narrow = 8;
-    return std::min(cellMargin, cellWidth / narrow);
 }
 
 std::string cellText(const RecordGrid& grid, int row, int column) {
@@ -54,10 +46,9 @@ class GridPages {
           header_(printing.measure, document.fonts[printing.headerFont]),
           widths_(printedWidths(
               grid, document.setup.paper.width - document.setup.left - document.setup.right,
-              [this](int column) {
-                  return std::max(narrowestColumn,
-                                  header_.widestWord(grid_.header(column)) + 2 * cellMargin);
-              })),
+              leastWidths(grid, body_, header_))),
+          lineHeight_(printing.measure.lineHeight(document.fonts[printing.font])),
+          headerLineHeight_(printing.measure.lineHeight(document.fonts[printing.headerFont])),
           page_(&document.pages.back()),
           top_(printing.top) {}
 
@@ -78,7 +69,7 @@ class GridPages {
         for (int column = 0; column < grid_.columns(); ++column) {
             const int width = widths_[static_cast<std::size_t>(column)];
             if (width == 0) continue;
-            const int room = width - 2 * marginOf(width);
+            const int room = width - 2 * cellMargin(width);
             cells.push_back({column, fit.lines(textOf(column), room, mostLines)});
         }
         return cells;
@@ -95,7 +86,7 @@ class GridPages {
         int left = document_.setup.left;
         for (const Cell& cell : cells) {
             const int width = widths_[static_cast<std::size_t>(cell.column)];
-            const int margin = marginOf(width);
+            const int margin = cellMargin(width);
             const int align = grid_.columnIsBoolean(cell.column)
                                   ? print_align::centre
                                   : alignOf(alignmentOf(cell.column));
@@ -125,15 +116,14 @@ class GridPages {
     }
 
     void putHeader() {
-        const int lineHeight = printing_.measure.lineHeight(document_.fonts[printing_.headerFont]);
         const std::vector<Cell> cells =
             cellsOf(header_, [&](int column) { return grid_.header(column); });
-        const int height = static_cast<int>(linesOf(cells)) * lineHeight + 2 * rowMargin;
+        const int height = static_cast<int>(linesOf(cells)) * headerLineHeight_ + 2 * rowMargin;
         const PageSetup& setup = document_.setup;
         page_->boxes.push_back(
             {{setup.left, top_, setup.paper.width - setup.left - setup.right, height}, headerFill});
         // The header's own code is no longer the alignment once the header was clicked.
-        putCells(cells, header_, printing_.headerFont, lineHeight, [&](int column) {
+        putCells(cells, header_, printing_.headerFont, headerLineHeight_, [&](int column) {
             return grid_.visibleRows() > 0 ? grid_.alignment(grid_.visibleRow(0), column)
                                            : static_cast<int>(grid_.headerData(column).value_or(0));
         });
@@ -143,17 +133,16 @@ class GridPages {
     }
 
     void putRow(int row) {
-        const int lineHeight = printing_.measure.lineHeight(document_.fonts[printing_.font]);
         const std::vector<Cell> cells =
             cellsOf(body_, [&](int column) { return cellText(grid_, row, column); });
         const int height =
-            static_cast<int>(linesOf(cells)) * lineHeight + 2 * rowMargin + lineThickness;
+            static_cast<int>(linesOf(cells)) * lineHeight_ + 2 * rowMargin + lineThickness;
         if (top_ + height > document_.setup.paper.height - document_.setup.bottom) {
             page_ = &newPage_();
             top_ = document_.setup.top;
             putHeader();
         }
-        putCells(cells, body_, printing_.font, lineHeight,
+        putCells(cells, body_, printing_.font, lineHeight_,
                  [&](int column) { return grid_.alignment(row, column); });
         top_ += height;
         putLine(top_ - lineThickness, lineColor);
@@ -166,70 +155,13 @@ class GridPages {
     TextFit body_;
     TextFit header_;
     std::vector<int> widths_;
+    int lineHeight_;
+    int headerLineHeight_;
     PrintedPage* page_;
     int top_;
 };
 
-bool isPrinted(const RecordGrid& grid, int column) {
-    const bool extra = column + 1 == grid.columns() && grid.header(column).empty();
-    return !extra && !grid.columnHidden(column) && grid.columnWidth(column) > 0;
-}
-
-/// What a column gets of the page's width.
-struct Share {
-    int column = 0;
-    double wanted = 0;
-    double least = 0;
-    double given = 0;
-    bool atLeast = false;
-};
-
-/// Divides the room in the proportion of what is wanted; who would get less than the least gets
-/// that, and the others divide what remains.
-void share(std::vector<Share>& shares, double room) {
-    double least = 0;
-    for (const Share& each : shares) least += each.least;
-    if (least > room)
-        for (Share& each : shares)
-            each.least = std::min(each.least, room / static_cast<double>(shares.size()));
-    for (bool settled = false; !settled;) {
-        double remaining = room;
-        double wanted = 0;
-        for (const Share& each : shares) {
-            if (each.atLeast)
-                remaining -= each.least;
-            else
-                wanted += each.wanted;
-        }
-        settled = true;
-        for (Share& each : shares) {
-            each.given = each.atLeast ? each.least : remaining * each.wanted / wanted;
-            if (each.given >= each.least) continue;
-            each.atLeast = true;
-            settled = false;
-        }
-    }
-}
-
 }  // namespace
-
-std::vector<int> printedWidths(const RecordGrid& grid, int room,
-                               const std::function<int(int column)>& leastOf) {
-    std::vector<int> widths(static_cast<std::size_t>(grid.columns()), 0);
-    std::vector<Share> shares;
-    for (int column = 0; column < grid.columns(); ++column)
-        if (isPrinted(grid, column))
-            shares.push_back({column, grid.columnWidth(column), leastOf(column)});
-    share(shares, room);
-    int left = room;
-    for (const Share& each : shares) {
-        const bool last = &each == &shares.back();
-        const int width = last ? left : static_cast<int>(each.given);
-        widths[static_cast<std::size_t>(each.column)] = width;
-        left -= width;
-    }
-    return widths;
-}
 
 void printGrid(const RecordGrid& grid, PrintedDocument& document, const GridPrinting& printing,
                const std::function<PrintedPage&()>& newPage) {

@@ -1,6 +1,5 @@
 #pragma once
 #include <functional>
-#include <vector>
 
 #include "platform/printing/printed_document.h"
 
@@ -16,12 +15,6 @@ struct GridPrinting {
     /// Where the first page has room from, in twips from the page's corner.
     int top = 0;
 };
-
-/// Widths in twips of the columns of the grid, scaled so that they fill `room`; 0 for those that
-/// are not printed: hidden ones, and a last one without a header. No column becomes narrower than
-/// `leastOf` gives for it; where that is more than the room, no narrower than its even share.
-std::vector<int> printedWidths(const RecordGrid& grid, int room,
-                               const std::function<int(int column)>& leastOf);
 
 /// Appends the rows that the grid shows to the last page of the document and to as many new ones as
 /// they need; `newPage` makes one. Every page begins with the header row, no row is divided between

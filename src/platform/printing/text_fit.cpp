@@ -78,11 +78,12 @@ int TextFit::width(std::string_view text) {
     return width;
 }
 
-int TextFit::widestWord(std::string_view text) {
+int TextFit::widestWord(std::string_view text, int limit) {
     int widest = 0;
     for (std::size_t at = 0; at < text.size();) {
         const std::size_t end = std::min(text.find(' ', at), text.size());
-        widest = std::max(widest, width(text.substr(at, end - at)));
+        if (const int word = width(text.substr(at, end - at)); word <= limit)
+            widest = std::max(widest, word);
         at = end + 1;
     }
     return widest;

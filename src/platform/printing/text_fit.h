@@ -1,5 +1,6 @@
 #pragma once
 #include <cstddef>
+#include <limits>
 #include <string>
 #include <string_view>
 #include <unordered_map>
@@ -16,8 +17,9 @@ class TextFit {
     TextFit(const FontMeasure& measure, const PrintFont& font);
 
     [[nodiscard]] int width(std::string_view text);
-    /// Width of the widest piece of the text between two blanks.
-    [[nodiscard]] int widestWord(std::string_view text);
+    /// Width of the widest piece of the text between two blanks, of those no wider than `limit`.
+    [[nodiscard]] int widestWord(std::string_view text,
+                                 int limit = std::numeric_limits<int>::max());
     /// The text in lines that are no wider than `room` twips: broken at blanks, a word that is
     /// wider broken inside; what does not fit into `most` lines is left out and the last line ends
     /// in an ellipsis. A room of hardly any characters takes one line only. Line ends in the text

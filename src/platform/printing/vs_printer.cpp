@@ -1,7 +1,10 @@
 #include "platform/printing/vs_printer.h"
 
 #include <algorithm>
+#include <numeric>
 
+#include "platform/controls/record_grid.h"
+#include "platform/printing/column_widths.h"
 #include "platform/printing/grid_pages.h"
 #include "platform/printing/text_fit.h"
 #include "runtime/error.h"
@@ -14,6 +17,8 @@ constexpr int leastTopMargin = 900;
 constexpr int leastBottomMargin = 560;
 constexpr int leastSideMargin = 280;
 constexpr int leastRoom = 1440;
+constexpr double smallestGridFont = 5;
+constexpr double fontStep = 0.5;
 constexpr int headerGap = 140;
 constexpr int ruleGap = 90;
 constexpr int ruleThickness = 12;
@@ -89,10 +94,25 @@ void vsPrinter::write(std::string_view text) {
         y_ += measure_.lineHeight(document_.fonts[font]);
 }
 
+double vsPrinter::gridFontSize(const RecordGrid& grid) const {
+    const int room = document_.setup.paper.width - document_.setup.left - document_.setup.right;
+    double size = fontSize;
+    for (; size > smallestGridFont; size -= fontStep) {
+        const PrintFont font{fontName, size, false};
+        const PrintFont bold{fontName, size, true};
+        TextFit body(measure_, font);
+        TextFit headers(measure_, bold);
+        const std::vector<int> least = leastWidths(grid, body, headers);
+        if (std::accumulate(least.begin(), least.end(), 0) <= room) break;
+    }
+    return size;
+}
+
 void vsPrinter::renderGrid(const RecordGrid& grid) {
+    const double size = gridFontSize(grid);
     GridPrinting printing{measure_};
-    printing.font = fontOf({fontName, fontSize, false});
-    printing.headerFont = fontOf({fontName, fontSize, true});
+    printing.font = fontOf({fontName, size, false});
+    printing.headerFont = fontOf({fontName, size, true});
     printing.top = y_;
     // Known before the pages are made, since a page that adds a font moves the others.
     fontOf({headerFontName, headerFontSize, false});

@@ -30,7 +30,8 @@ class vsPrinter {
     void startDocument(const std::string& title);
     /// Moves on by one line for each "\r\n".
     void write(std::string_view text);
-    /// Draws the rows that the grid shows over the width of the page, from here on.
+    /// Draws the rows that the grid shows over the width of the page, from here on; in a smaller
+    /// font where the columns would otherwise be too narrow for their words.
     void renderGrid(const RecordGrid& grid);
     void endDocument();
     [[nodiscard]] int pageCount() const;
@@ -52,6 +53,7 @@ class vsPrinter {
   private:
     PrintedPage& newPage();
     std::size_t fontOf(const PrintFont& font);
+    [[nodiscard]] double gridFontSize(const RecordGrid& grid) const;
     void putRule(PrintedPage& page, int top) const;
 
     const FontMeasure& measure_;

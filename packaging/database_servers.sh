@@ -1,0 +1,86 @@
+# Sourced by test.sh: a PostgreSQL and a MariaDB server of its own on the loopback address, in a
+# folder of its own, which end with stop_servers. The servers of the machine are left alone.
+# shellcheck shell=bash
+
+server_packages=(postgresql-15 odbc-postgresql mariadb-server-core mariadb-client-core odbc-mariadb)
+
+# Servers refuse to run as root.
+as_server_user() {
+    if [ "$(id -u)" -eq 0 ]; then runuser -u "$server_user" -- "$@"; else "$@"; fi
+}
+
+free_port() {
+    local port
+    while :; do
+        port=$((20000 + RANDOM % 20000))
+        (: <"/dev/tcp/127.0.0.1/$port") 2>/dev/null || break
+    done
+    echo "$port"
+}
+
+# Sets CATALOGADOR_TEST_POSTGRESQL and CATALOGADOR_TEST_MARIADB, connection strings of empty databases.
+start_servers() {
+    # Not one of the machine's own server users, whose folders this must not reach.
+    server_user=nobody
+    servers_folder=$(mktemp -d)
+    chmod 711 "$servers_folder"
+    start_postgresql
+    start_mariadb
+}
+
+server_folder() {
+    mkdir "$servers_folder/$1"
+    [ "$(id -u)" -ne 0 ] || chown "$server_user" "$servers_folder/$1"
+    echo "$servers_folder/$1"
+}
+
+start_postgresql() {
+    local programs=/usr/lib/postgresql/15/bin folder port
+    folder=$(server_folder postgresql)
+    port=$(free_port)
+    as_server_user "$programs/initdb" -D "$folder/data" -U catalogador -A trust -E UTF8 \
+        --locale=C.UTF-8 --no-sync >"$servers_folder/postgresql.log" 2>&1 || server_failed postgresql
+    # What a power failure would leave of these databases is of no interest.
+    (cd / && as_server_user "$programs/postgres" -D "$folder/data" -p "$port" \
+        -c listen_addresses=127.0.0.1 -c unix_socket_directories="$folder" -c fsync=off \
+        -c log_statement=all >>"$servers_folder/postgresql.log" 2>&1) &
+    server_processes="$! ${server_processes:-}"
+    wait_for 30 as_server_user "$programs/createdb" -h 127.0.0.1 -p "$port" -U catalogador tests ||
+        server_failed postgresql
+    export CATALOGADOR_TEST_POSTGRESQL="Driver={PostgreSQL Unicode};Server=127.0.0.1;Port=$port;Database=tests;UID=catalogador"
+}
+
+start_mariadb() {
+    local folder port
+    folder=$(server_folder mariadb)
+    port=$(free_port)
+    as_server_user mariadb-install-db --no-defaults --datadir="$folder/data" --skip-test-db \
+        --auth-root-authentication-method=normal >"$servers_folder/mariadb.log" 2>&1 ||
+        server_failed mariadb
+    (cd / && as_server_user mariadbd --no-defaults --datadir="$folder/data" --port="$port" \
+        --bind-address=127.0.0.1 --socket="$folder/socket" --pid-file="$folder/pid" \
+        --character-set-server=utf8mb4 --innodb-flush-log-at-trx-commit=0 \
+        >>"$servers_folder/mariadb.log" 2>&1) &
+    server_processes="$! ${server_processes:-}"
+    wait_for 30 mariadb --no-defaults -h 127.0.0.1 -P "$port" -u root \
+        -e "create database if not exists tests" || server_failed mariadb
+    export CATALOGADOR_TEST_MARIADB="Driver={MariaDB Unicode};Server=127.0.0.1;Port=$port;Database=tests;UID=root"
+}
+
+server_failed() {
+    echo "The $1 server did not start:" >&2
+    tail -n 30 "$servers_folder/$1.log" >&2
+    return 1
+}
+
+stop_servers() {
+    local process
+    for process in ${server_processes:-}; do
+        # The process is the shell that waits for the server; the server is its child's child.
+        pkill -TERM -P "$process" 2>/dev/null || kill "$process" 2>/dev/null || true
+    done
+    for process in ${server_processes:-}; do wait "$process" 2>/dev/null || true; done
+    server_processes=""
+    [ -z "${servers_folder:-}" ] || rm -rf --one-file-system "$servers_folder"
+    servers_folder=""
+}
