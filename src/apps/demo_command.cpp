@@ -39,7 +39,7 @@ class Draft {
 std::filesystem::path write(const Options& options) {
     const std::filesystem::path folder(options.directory);
     std::filesystem::create_directories(folder);
-    const std::filesystem::path file = folder / "demo.db";
+    std::filesystem::path file = folder / "demo.db";
     Draft draft(file);
     DemoOptions demo;
     demo.userName = systemUser();

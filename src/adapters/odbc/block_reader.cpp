@@ -78,7 +78,8 @@ bool BlockReader::fetchBlock() {
 }
 
 void BlockReader::bind() {
-    std::size_t rowBytes = 0;
+    // A resultset without columns is not read; one byte keeps the division sound all the same.
+    std::size_t rowBytes = 1;
     for (const Buffer& buffer : buffers_) rowBytes += buffer.width + sizeof(SQLLEN);
     capacity_ = std::clamp(blockBytes / rowBytes, std::size_t{1}, rowsPerBlock);
     status_.assign(capacity_, SQL_ROW_NOROW);

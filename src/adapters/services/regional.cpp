@@ -1,7 +1,7 @@
 #include "adapters/services/regional.h"
 
 #include <langinfo.h>
-#include <locale.h>
+#include <clocale>
 
 #include <algorithm>
 #include <array>

@@ -26,7 +26,7 @@ Date toSecond(const Variant& value) {
 
 Variant firstValue(rdoConnection& connection, const char* sql) {
     const auto rows = connection.OpenResultset(sql);
-    const Variant value = rows->value(0);
+    Variant value = rows->value(0);
     rows->Close();
     return value;
 }

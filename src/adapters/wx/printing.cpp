@@ -24,11 +24,11 @@ constexpr double twipsPerPoint = 20;
 constexpr double previewShareOfScreen = 0.85;
 
 int twipsOfMillimetres(int millimetres) {
-    return static_cast<int>(millimetres * twipsPerMillimetre + 0.5);
+    return static_cast<int>(std::lround(millimetres * twipsPerMillimetre));
 }
 
 int millimetresOf(int twips) {
-    return static_cast<int>(twips / twipsPerMillimetre + 0.5);
+    return static_cast<int>(std::lround(twips / twipsPerMillimetre));
 }
 
 /// Hands the pages of a document to the toolkit's preview and printing.

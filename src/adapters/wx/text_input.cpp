@@ -1,7 +1,10 @@
 #include "adapters/wx/text_input.h"
 
+#include <algorithm>
+
 #include "adapters/wx/appearance.h"
 #include "platform/controls/window.h"
+#include "runtime/text.h"
 
 namespace catalogador {
 
@@ -42,8 +45,12 @@ void bindTextInput(wxTextCtrl& native, TextBox& box) {
 }
 
 void syncText(wxTextCtrl& native, const TextBox& box) {
+    // A longer text that the program has set is shown whole; the limit holds for typing.
+    const std::size_t length = lengthInCharacters(box.text());
+    const auto limit = static_cast<std::size_t>(std::max(0, static_cast<int>(box.maxLength())));
+    const std::size_t room = limit == 0 ? 0 : std::max(limit, length);
+    native.SetMaxLength(static_cast<unsigned long>(room));
     if (native.GetValue() != wxText(box.text())) native.ChangeValue(wxText(box.text()));
-    native.SetMaxLength(static_cast<unsigned long>(box.maxLength()));
     if (!box.hasFocus()) return;
     long from = 0;
     long to = 0;

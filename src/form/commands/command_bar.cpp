@@ -118,7 +118,7 @@ void frmCatalogador::OpcionesRibbon() {
         commandBars.systemIcon = action::application;
         commandBars.quickAccess = {{action::exportRows}, {action::printRows}};
         commandBars.themeFile =
-            host_.utilities.CarpetaAplicacion() + "\\Complementos\\Misc\\Office2007Silver.dll";
+            host_.utilities.CarpetaAplicacion() + R"(\Complementos\Misc\Office2007Silver.dll)";
     });
 }
 
