@@ -20,12 +20,16 @@ free_port() {
 
 # Sets CATALOGADOR_TEST_POSTGRESQL and CATALOGADOR_TEST_MARIADB, connection strings of empty databases.
 start_servers() {
+    prepare_servers
+    start_postgresql
+    start_mariadb
+}
+
+prepare_servers() {
     # Not one of the machine's own server users, whose folders this must not reach.
     server_user=nobody
     servers_folder=$(mktemp -d)
     chmod 711 "$servers_folder"
-    start_postgresql
-    start_mariadb
 }
 
 server_folder() {
@@ -41,10 +45,9 @@ start_postgresql() {
     as_server_user "$programs/initdb" -D "$folder/data" -U catalogador -A trust -E UTF8 \
         --locale=C.UTF-8 --no-sync >"$servers_folder/postgresql.log" 2>&1 || server_failed postgresql
     # What a power failure would leave of these databases is of no interest.
-    (cd / && as_server_user "$programs/postgres" -D "$folder/data" -p "$port" \
+    run_server postgresql "$programs/postgres" -D "$folder/data" -p "$port" \
         -c listen_addresses=127.0.0.1 -c unix_socket_directories="$folder" -c fsync=off \
-        -c log_statement=all >>"$servers_folder/postgresql.log" 2>&1) &
-    server_processes="$! ${server_processes:-}"
+        -c log_statement=all
     wait_for 30 as_server_user "$programs/createdb" -h 127.0.0.1 -p "$port" -U catalogador tests ||
         server_failed postgresql
     export CATALOGADOR_TEST_POSTGRESQL="Driver={PostgreSQL Unicode};Server=127.0.0.1;Port=$port;Database=tests;UID=catalogador"
@@ -57,11 +60,9 @@ start_mariadb() {
     as_server_user mariadb-install-db --no-defaults --datadir="$folder/data" --skip-test-db \
         --auth-root-authentication-method=normal >"$servers_folder/mariadb.log" 2>&1 ||
         server_failed mariadb
-    (cd / && as_server_user mariadbd --no-defaults --datadir="$folder/data" --port="$port" \
+    run_server mariadb mariadbd --no-defaults --datadir="$folder/data" --port="$port" \
         --bind-address=127.0.0.1 --socket="$folder/socket" --pid-file="$folder/pid" \
-        --character-set-server=utf8mb4 --innodb-flush-log-at-trx-commit=0 \
-        >>"$servers_folder/mariadb.log" 2>&1) &
-    server_processes="$! ${server_processes:-}"
+        --character-set-server=utf8mb4 --innodb-flush-log-at-trx-commit=0
     wait_for 30 mariadb --no-defaults -h 127.0.0.1 -P "$port" -u root \
         -e "create database if not exists tests" || server_failed mariadb
     export CATALOGADOR_TEST_MARIADB="Driver={MariaDB Unicode};Server=127.0.0.1;Port=$port;Database=tests;UID=root"
@@ -73,14 +74,47 @@ server_failed() {
     return 1
 }
 
-stop_servers() {
+# run_server NAME COMMAND...: and remembers how, for resume_servers
+run_server() {
+    local name=$1
+    shift
+    server_name=$name
+    server_command=("$@")
+    (cd / && as_server_user "$@" >>"$servers_folder/$name.log" 2>&1) &
+    server_processes="$! ${server_processes:-}"
+}
+
+# The server that was started last, stopped and started again on the same data and port.
+pause_servers() { end_servers; }
+resume_servers() {
+    run_server "$server_name" "${server_command[@]}"
+    wait_for 30 server_answers || server_failed "$server_name"
+}
+server_answers() {
+    local connection
+    case $server_name in
+        postgresql) connection=$CATALOGADOR_TEST_POSTGRESQL ;;
+        mariadb) connection=$CATALOGADOR_TEST_MARIADB ;;
+    esac
+    echo 'sql "Select 1"' | "$program" run --connect "$connection" --view 0
+}
+
+signal_server() {
+    [ ! -f "$2" ] || kill -s "$1" "$(head -n 1 "$2")" 2>/dev/null || true
+}
+
+end_servers() {
     local process
-    for process in ${server_processes:-}; do
-        # The process is the shell that waits for the server; the server is its child's child.
-        pkill -TERM -P "$process" 2>/dev/null || kill "$process" 2>/dev/null || true
-    done
+    # What makes each end at once, whoever is still connected.
+    signal_server INT "$servers_folder/postgresql/data/postmaster.pid"
+    signal_server TERM "$servers_folder/mariadb/pid"
     for process in ${server_processes:-}; do wait "$process" 2>/dev/null || true; done
     server_processes=""
-    [ -z "${servers_folder:-}" ] || rm -rf --one-file-system "$servers_folder"
+}
+
+stop_servers() {
+    [ -n "${servers_folder:-}" ] || return 0
+    end_servers
+    rm -rf --one-file-system "$servers_folder"
     servers_folder=""
 }

@@ -81,11 +81,29 @@ void resolveAliases(std::vector<ColumnInfo>& columns, const std::vector<SelectIt
 }  // namespace
 
 OdbcSession::OdbcSession(const std::string& connectionString)
-    : environment_(SQL_HANDLE_ENV, nullptr) {
+    : connectionString_(connectionString), environment_(SQL_HANDLE_ENV, nullptr) {
     environment_.check(
         SQLSetEnvAttr(environment_.get(), SQL_ATTR_ODBC_VERSION, attributeValue(SQL_OV_ODBC3), 0));
+    connect();
+}
+
+OdbcSession::~OdbcSession() {
+    for (const OdbcHandle& lost : lostConnections_) SQLDisconnect(lost.get());
+    if (!connected_) return;
+    if (transactions_ > 0) SQLEndTran(SQL_HANDLE_DBC, connection_.get(), SQL_ROLLBACK);
+    SQLDisconnect(connection_.get());
+}
+
+void OdbcSession::connect() {
+    connected_ = false;
     connection_ = OdbcHandle(SQL_HANDLE_DBC, environment_.get());
-    connect(connectionString);
+    const SQLRETURN result =
+        SQLDriverConnect(connection_.get(), nullptr, sqlText(connectionString_),
+                         static_cast<SQLSMALLINT>(connectionString_.size()), nullptr, 0, nullptr,
+                         SQL_DRIVER_NOPROMPT);
+    if (!SQL_SUCCEEDED(result))
+        throw RuntimeError(error_number::statementFailed,
+                           withoutPasswords(connection_.diagnostics(), connectionString_));
     try {
         prepareDialect();
     } catch (...) {
@@ -95,19 +113,22 @@ OdbcSession::OdbcSession(const std::string& connectionString)
     connected_ = true;
 }
 
-OdbcSession::~OdbcSession() {
-    if (!connected_) return;
-    if (transactions_ > 0) SQLEndTran(SQL_HANDLE_DBC, connection_.get(), SQL_ROLLBACK);
-    SQLDisconnect(connection_.get());
+bool OdbcSession::meansLost(const RuntimeError& error) const {
+    if (dialect_ == Dialect::sqlite) return false;
+    // The classes of a broken connection and of a server that is ending or starting.
+    const std::string& text = error.description();
+    if (text.starts_with("08") || text.starts_with("57P0")) return true;
+    SQLUINTEGER dead = SQL_CD_FALSE;
+    const SQLRETURN result = SQLGetConnectAttr(connection_.get(), SQL_ATTR_CONNECTION_DEAD, &dead,
+                                               SQL_IS_UINTEGER, nullptr);
+    return SQL_SUCCEEDED(result) && dead == SQL_CD_TRUE;
 }
 
-void OdbcSession::connect(const std::string& connectionString) {
-    const SQLRETURN result = SQLDriverConnect(connection_.get(), nullptr, sqlText(connectionString),
-                                              static_cast<SQLSMALLINT>(connectionString.size()),
-                                              nullptr, 0, nullptr, SQL_DRIVER_NOPROMPT);
-    if (SQL_SUCCEEDED(result)) return;
-    throw RuntimeError(error_number::statementFailed,
-                       withoutPasswords(connection_.diagnostics(), connectionString));
+void OdbcSession::reconnectIfLost() {
+    if (!lost_ || transactions_ > 0) return;
+    if (connected_) lostConnections_.push_back(std::move(connection_));
+    connect();
+    lost_ = false;
 }
 
 void OdbcSession::prepareDialect() {
@@ -119,11 +140,11 @@ void OdbcSession::prepareDialect() {
     syntax_ = syntaxOf(dialect_);
     if (dialect_ == Dialect::postgresql) {
         // Texts must be read by the server as they are read here.
-        run("SET standard_conforming_strings = on", {});
-        run("SET lock_timeout = '5s'", {});
+        executeOnce("SET standard_conforming_strings = on", {}, nullptr);
+        executeOnce("SET lock_timeout = '5s'", {}, nullptr);
     } else if (dialect_ == Dialect::mariadb) {
-        run("SET SESSION innodb_lock_wait_timeout = 5", {});
-        const auto rows = query("SELECT @@SESSION.sql_mode", {});
+        executeOnce("SET SESSION innodb_lock_wait_timeout = 5", {}, nullptr);
+        const auto rows = rowsOf(executeOnce("SELECT @@SESSION.sql_mode", {}, nullptr), "");
         const auto* mode = rows.empty() ? nullptr : rows[0][0].as<std::string>();
         const auto has = [&](const char* flag) {
             return mode != nullptr && mode->find(flag) != std::string::npos;
@@ -138,6 +159,22 @@ OdbcHandle OdbcSession::execute(const std::string& sql, const std::vector<Parame
     std::string text = singleStatement(sql, syntax_);
     // The driver looks for quotes and "?" inside of comments too.
     if (dialect_ == Dialect::sqlite) text = withoutComments(text, syntax_);
+    reconnectIfLost();
+    try {
+        return executeOnce(text, parameters, warnings);
+    } catch (const RuntimeError& error) {
+        if (!meansLost(error)) throw;
+        lost_ = true;
+        const bool query = upperCase(leftCharacters(text, 6)) == "SELECT";
+        if (!query || transactions_ > 0) throw;
+    }
+    reconnectIfLost();
+    return executeOnce(text, parameters, warnings);
+}
+
+OdbcHandle OdbcSession::executeOnce(const std::string& text,
+                                    const std::vector<Parameter>& parameters,
+                                    std::string* warnings) {
     OdbcHandle statement(SQL_HANDLE_STMT, connection_.get());
     // Drivers that lack one of these say so, and what they do then is found out later.
     SQLSetStmtAttr(statement.get(), SQL_ATTR_CURSOR_TYPE, attributeValue(SQL_CURSOR_STATIC), 0);
@@ -173,7 +210,11 @@ std::int64_t OdbcSession::touchedRows(const OdbcHandle& statement) {
 
 std::vector<std::vector<Variant>> OdbcSession::query(const std::string& sql,
                                                      const std::vector<Parameter>& parameters) {
-    const OdbcHandle statement = execute(sql, parameters);
+    return rowsOf(execute(sql, parameters), sql);
+}
+
+std::vector<std::vector<Variant>> OdbcSession::rowsOf(const OdbcHandle& statement,
+                                                      const std::string& sql) const {
     const auto columns = columnsOf(statement, sql);
     std::vector<std::vector<Variant>> rows;
     if (columns.empty()) return rows;
@@ -201,13 +242,14 @@ std::int64_t OdbcSession::write(const ParameterizedStatement& statement) {
 }
 
 void OdbcSession::begin() {
+    reconnectIfLost();
     if (transactions_ > 0)
         run("SAVEPOINT " + savepoint(), {});
     else if (dialect_ == Dialect::sqlite)
         // A lock that is taken at once can be waited for; one that is taken later may fail.
         run("BEGIN IMMEDIATE", {});
     else
-        setAutocommit(false);
+        leaveAutocommit();
     ++transactions_;
 }
 
@@ -237,9 +279,31 @@ void OdbcSession::endTransaction(SQLSMALLINT how) {
         transactions_ = 0;
         return;
     }
-    connection_.check(SQLEndTran(SQL_HANDLE_DBC, connection_.get(), how));
+    // Whatever comes of it, the transaction is over: a server that is gone has rolled it back.
     transactions_ = 0;
-    setAutocommit(true);
+    // Not every driver tells that there is nothing left to commit.
+    if (lost_ && how == SQL_COMMIT)
+        throw RuntimeError(error_number::statementFailed,
+                           "08S01: The connection was lost; nothing of the transaction is stored");
+    try {
+        connection_.check(SQLEndTran(SQL_HANDLE_DBC, connection_.get(), how));
+        setAutocommit(true);
+    } catch (const RuntimeError& error) {
+        lost_ = lost_ || meansLost(error);
+        throw;
+    }
+}
+
+void OdbcSession::leaveAutocommit() {
+    try {
+        return setAutocommit(false);
+    } catch (const RuntimeError& error) {
+        if (!meansLost(error)) throw;
+        lost_ = true;
+    }
+    // Nothing was done in the transaction yet.
+    reconnectIfLost();
+    setAutocommit(false);
 }
 
 void OdbcSession::setAutocommit(bool on) {

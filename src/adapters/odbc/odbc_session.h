@@ -10,6 +10,7 @@
 #include "adapters/odbc/statement_text.h"
 #include "adapters/odbc/write_statements.h"
 #include "platform/rdo.h"
+#include "runtime/error.h"
 
 namespace catalogador {
 
@@ -25,8 +26,10 @@ class OdbcSession {
     [[nodiscard]] Dialect dialect() const { return dialect_; }
     [[nodiscard]] const SqlSyntax& syntax() const { return syntax_; }
 
-    /// Runs one statement; the handle that is given back holds its rows, if any. `warnings` gets
-    /// what the driver has to say of a statement that was run.
+    /// Runs one statement on a connection that lives: one that was lost is made again first, and a
+    /// query that finds it lost is asked once more. A write is never repeated, nor anything in a
+    /// transaction. The handle that is given back holds the rows, if any. `warnings` gets what the
+    /// driver has to say of a statement that was run.
     OdbcHandle execute(const std::string& sql, const std::vector<Parameter>& parameters = {},
                        std::string* warnings = nullptr);
     /// The columns of the rows that a statement returned when it was executed; none when it
@@ -52,18 +55,30 @@ class OdbcSession {
     StatementListener* listener = nullptr;
 
   private:
-    void connect(const std::string& connectionString);
+    [[nodiscard]] std::vector<std::vector<Variant>> rowsOf(const OdbcHandle& statement,
+                                                           const std::string& sql) const;
+    void connect();
     void prepareDialect();
+    OdbcHandle executeOnce(const std::string& text, const std::vector<Parameter>& parameters,
+                           std::string* warnings);
+    /// Whether a failure means that the connection is gone.
+    [[nodiscard]] bool meansLost(const RuntimeError& error) const;
+    void reconnectIfLost();
     void setAutocommit(bool on);
+    void leaveAutocommit();
     void endTransaction(SQLSMALLINT how);
     [[nodiscard]] std::string savepoint() const;
 
+    std::string connectionString_;
     OdbcHandle environment_;
     OdbcHandle connection_;
+    /// Connections that were lost, kept as long as resultsets may hold statements of theirs.
+    std::vector<OdbcHandle> lostConnections_;
     Dialect dialect_ = Dialect::other;
     SqlSyntax syntax_;
     int transactions_ = 0;
     bool connected_ = false;
+    bool lost_ = false;
 };
 
 /// A transaction that is rolled back unless it was committed.
