@@ -1,10 +1,10 @@
 #include "adapters/services/regional.h"
 
 #include <langinfo.h>
-#include <clocale>
 
 #include <algorithm>
 #include <array>
+#include <clocale>
 #include <cstdlib>
 #include <memory>
 #include <optional>
