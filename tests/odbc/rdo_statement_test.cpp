@@ -18,6 +18,7 @@ TEST_P(RdoStatement, TellsHowManyRowsItTouched) {
     EXPECT_EQ(connection->Execute("Update " + table + " Set a = a + 10 Where a > 1"), 2);
     EXPECT_EQ(connection->Execute("Update " + table + " Set a = 0 Where a = 99"), 0);
     EXPECT_EQ(connection->Execute("Delete From " + table + ";"), 3);
+    EXPECT_EQ(connection->Execute("Alter Table " + table + " Add b INTEGER"), 0);
 }
 
 TEST_P(RdoStatement, OpenedWithoutRowsIsAtEndAndWasRun) {

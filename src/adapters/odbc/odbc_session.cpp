@@ -203,9 +203,10 @@ std::vector<ColumnInfo> OdbcSession::columnsOf(const OdbcHandle& statement,
 }
 
 std::int64_t OdbcSession::touchedRows(const OdbcHandle& statement) {
-    SQLLEN count = -1;
+    SQLLEN count = 0;
     SQLRowCount(statement.get(), &count);
-    return count;
+    // Some drivers answer -1 for a statement that has no rows to count.
+    return std::max<SQLLEN>(count, 0);
 }
 
 std::vector<std::vector<Variant>> OdbcSession::query(const std::string& sql,
