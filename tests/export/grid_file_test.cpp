@@ -124,6 +124,46 @@ TEST_P(GridFileTest, AFileThatCannotGrowLeavesTheEarlierOneAndNothingElse) {
     EXPECT_EQ(filesInFolder(), 1);
 }
 
+TEST_F(GridFileTest, AWorkbookThatIsCutShortAnywhereNeverTakesTheOldOnesPlace) {
+    save(path("whole"), grid_format::workbook);
+    const auto wholeBytes = std::filesystem::file_size(path("whole"));
+    rlimit before{};
+    getrlimit(RLIMIT_FSIZE, &before);
+    const auto handler = std::signal(SIGXFSZ, SIG_IGN);
+    int failed = 0;
+    // Some of the library's intermediate files are larger than the workbook itself.
+    for (rlim_t bytes = 0; bytes < wholeBytes + 4096; bytes += 61) {
+        write(path("t"), "earlier");
+        const rlimit small{bytes, before.rlim_max};
+        setrlimit(RLIMIT_FSIZE, &small);
+        const bool fails = !failureOf(path("t"), grid_format::workbook).empty();
+        setrlimit(RLIMIT_FSIZE, &before);
+        if (fails) {
+            ++failed;
+            EXPECT_EQ(contentOf(path("t")), "earlier") << bytes;
+        } else {
+            // The time that a workbook carries makes a few bytes of difference.
+            EXPECT_NEAR(static_cast<double>(std::filesystem::file_size(path("t"))),
+                        static_cast<double>(wholeBytes), 16)
+                << bytes;
+        }
+        EXPECT_EQ(filesInFolder(), 2) << bytes;
+    }
+    std::signal(SIGXFSZ, handler);
+    EXPECT_GT(failed, 0);
+}
+
+TEST_F(GridFileTest, AFailedExportLeavesNoFileOpen) {
+    const auto openFiles = [] {
+        const std::filesystem::directory_iterator first("/proc/self/fd");
+        return std::distance(first, std::filesystem::directory_iterator());
+    };
+    options_.progress = [](int, int) { return false; };
+    const auto before = openFiles();
+    failureOf(path("t"), grid_format::workbook);
+    EXPECT_EQ(openFiles(), before);
+}
+
 TEST_P(GridFileTest, AFolderThatIsMissingIsSaid) {
     const std::string said = failureOf(path("missing/t"), GetParam());
     EXPECT_NE(said.find("missing/t could not be written: No such file"), std::string::npos) << said;

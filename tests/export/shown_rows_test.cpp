@@ -2,7 +2,7 @@
 
 #include <gtest/gtest.h>
 
-#include "adapters/export/workbook.h"
+#include "adapters/export/workbook_text.h"
 
 namespace catalogador {
 namespace {
@@ -18,8 +18,9 @@ TEST(PlainNumber, TakesDigitsSignAndTheDecimalSeparatorOfTheLocale) {
 }
 
 TEST(PlainNumber, LeavesWhatAWorkbookWouldChange) {
-    for (const char* text : {"", "-", "007", "-01", "1e3", "&H10", " 1", "1 ", "+1", "1.", ".5",
-                             "1,000", "1.2.3", "1234567890123456", "12345678.12345678", "nan"})
+    for (const char* text :
+         {"", "-", "007", "-01", "1e3", "&H10", " 1", "1 ", "+1", "1.", ".5", "1,000", "1.2.3",
+          "-0", "-0.00", "1234567890123456", "12345678.12345678", "nan"})
         EXPECT_FALSE(plainNumber(text, {})) << text;
     EXPECT_TRUE(plainNumber("123456789012345", {}));
 }
@@ -52,6 +53,17 @@ TEST(SheetName, HoldsNothingThatASheetMayNotBeCalled) {
     EXPECT_EQ(sheetName(""), "1");
     EXPECT_EQ(sheetName("///"), "1");
     EXPECT_EQ(sheetName("History"), "History_");
+}
+
+TEST(SheetName, HoldsNoControlCharacterAndNothingThatIsNoText) {
+    EXPECT_EQ(sheetName("a\nb\x01"), "a b");
+    EXPECT_EQ(sheetName("M\xE9xico"), "1");
+}
+
+TEST(WorkbookText, KeepsWhatASpreadsheetWouldReadAsACharacterByItsNumber) {
+    EXPECT_EQ(workbookText("_x0041_"), "_x005F_x0041_");
+    EXPECT_EQ(workbookText("a_x00e1_b"), "a_x005F_x00e1_b");
+    EXPECT_EQ(workbookText("_x41_ _X0041_ _x00G1_ _x0041"), "_x41_ _X0041_ _x00G1_ _x0041");
 }
 
 TEST(SheetName, IsCutAtACharacterToWhatASheetMayHold) {

@@ -13,7 +13,7 @@ void GridFileWriter::save(const RecordGrid& grid, const std::string& path, int f
                            "There is no save format " + std::to_string(format));
     ReplacedFile file(path);
     if (format == grid_format::workbook)
-        writeWorkbook(grid, file, options);
+        writeWorkbook(grid, file, path, options);
     else
         writeTabText(grid, file, options);
     file.commit();

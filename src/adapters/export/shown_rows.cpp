@@ -54,6 +54,7 @@ std::optional<double> plainNumber(std::string_view text, const Regional& regiona
     number.append(whole).append(".").append(part.empty() ? "0" : part);
     double value = 0;
     std::from_chars(number.data(), number.data() + number.size(), value);
+    if (value == 0 && number.front() == '-') return std::nullopt;
     return value;
 }
 

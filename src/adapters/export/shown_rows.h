@@ -12,8 +12,8 @@ namespace catalogador {
 /// Numbers of the columns that are not hidden.
 std::vector<int> shownColumns(const RecordGrid& grid);
 
-/// The value of a text that is nothing but a number: no blanks, no exponent, no leading zeros, at
-/// most 15 digits, since a workbook would change more.
+/// The value of a text that is nothing but a number: no blanks, no exponent, no leading zeros, no
+/// negative zero, at most 15 digits, since a workbook would change more.
 std::optional<double> plainNumber(std::string_view text, const Regional& regional);
 
 /// What a column holds throughout.
