@@ -106,8 +106,9 @@ class RecordGrid : public Control {
     /// The first row whose code is that number, 0 when there is none.
     [[nodiscard]] int findCode(std::int32_t code) const;
 
-    /// Sorts by a column: numbers by value, everything else as text without regard to case; equal
-    /// rows keep their order. The selected cell keeps its row number, not its record.
+    /// Sorts by a column: empty cells, then numbers by value (with a point or a comma for the
+    /// decimals), then everything else as text without regard to case; equal rows keep their
+    /// order. The selected cell keeps its row number, not its record.
     void sort(int column, int order);
     [[nodiscard]] int sortColumn() const { return sortColumn_; }
     [[nodiscard]] int sortOrder() const { return sortOrder_; }

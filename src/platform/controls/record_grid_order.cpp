@@ -1,6 +1,8 @@
 #include <algorithm>
 #include <charconv>
+#include <cmath>
 #include <limits>
+#include <tuple>
 
 #include "platform/controls/record_grid.h"
 #include "runtime/error.h"
@@ -12,36 +14,38 @@ namespace {
 
 constexpr std::uint32_t notVisible = std::numeric_limits<std::uint32_t>::max();
 
-/// A cell prepared for comparing: its number, when the whole cell is one, and its folded text.
+/// What kind of cell comes before what other one; without this order a column that mixes numbers
+/// and texts would have none.
+enum class CellKind : std::uint8_t { empty, number, text };
+
+/// A cell prepared for comparing: its number, when the whole cell is one, else its folded text.
 struct SortKey {
+    CellKind kind = CellKind::text;
     double number = 0;
-    bool isNumber = false;
     std::string folded;
 };
 
 std::optional<double> cellNumber(std::string_view text) {
-    text = trim(text);
-    if (!text.empty() && text.front() == '+') text.remove_prefix(1);
+    std::string plain(trim(text));
+    if (!plain.empty() && plain.front() == '+') plain.erase(0, 1);
+    // Cells hold numbers as the user writes them; a comma is the decimal separator of many.
+    if (const auto comma = plain.find(','); comma != std::string::npos) plain[comma] = '.';
     double number = 0;
-    const auto [end, error] =
-        std::from_chars(text.data(), text.data() + text.size(), number, std::chars_format::fixed);
-    if (error != std::errc() || end != text.data() + text.size()) return std::nullopt;
+    const char* last = plain.data() + plain.size();
+    const auto [end, error] = std::from_chars(plain.data(), last, number, std::chars_format::fixed);
+    // The names "inf" and "nan" are texts.
+    if (error != std::errc() || end != last || !std::isfinite(number)) return std::nullopt;
     return number;
 }
 
 SortKey sortKey(std::string_view text) {
-    SortKey key;
-    if (const auto number = cellNumber(text)) {
-        key.number = *number;
-        key.isNumber = true;
-    }
-    key.folded = foldCase(text);
-    return key;
+    if (const auto number = cellNumber(text)) return {CellKind::number, *number, {}};
+    return {text.empty() ? CellKind::empty : CellKind::text, 0, foldCase(text)};
 }
 
 bool less(const SortKey& left, const SortKey& right) {
-    if (left.isNumber && right.isNumber) return left.number < right.number;
-    return left.folded < right.folded;
+    return std::tie(left.kind, left.number, left.folded) <
+           std::tie(right.kind, right.number, right.folded);
 }
 
 }  // namespace
