@@ -31,20 +31,13 @@ ViewAccess readViewAccess(Host& host, rdoConnection& conexion, std::int16_t idVi
     return access;
 }
 
-}  // namespace
-
-bool ValidarAccesoForm(Host& host, rdoConnection& conexion, std::int16_t idVista,
-                       std::int16_t empresa, const std::string& appKey, std::int32_t& usuario) {
-    const ViewAccess access = readViewAccess(host, conexion, idVista);
-    std::string permisos;
-    if (access.rule.empty()) {
-        if (usuario < 0 || appKey.empty())
-            ObtenerPermisos(host, conexion, "Contactos", 0, appKey, permisos, usuario);
-        return true;
-    }
+/// Whether the user has the right that the view's rule asks for; says so to the user when not.
+bool ruleAllows(Host& host, rdoConnection& conexion, const ViewAccess& access, std::int16_t empresa,
+                std::int32_t& usuario) {
     std::vector<std::string> parts = splitText(access.rule, "|");
     parts.resize(3);
     const std::int16_t company = leadingNumber(parts[2]) == 0 ? std::int16_t{0} : empresa;
+    std::string permisos;
     // Rights of a rule are kept without an application key, whatever the host's key is.
     ObtenerPermisos(host, conexion, parts[0], company, "", permisos, usuario);
     if (!permisos.empty() && containsText(permisos, parts[1], Compare::text)) return true;
@@ -52,6 +45,21 @@ bool ValidarAccesoForm(Host& host, rdoConnection& conexion, std::int16_t idVista
         replaceText(ObtenerMensaje(117), "[p]", access.title, Compare::binary), styleExclamation,
         "ATENCIÓN");
     return false;
+}
+
+}  // namespace
+
+bool ValidarAccesoForm(Host& host, rdoConnection& conexion, std::int16_t idVista,
+                       std::int16_t empresa, const std::string& appKey, std::int32_t& usuario) {
+    // No view is open yet, so the error has no view's title to be shown under.
+    return trapped(host, "ValidarAccesoForm", "", false, [&] {
+        const ViewAccess access = readViewAccess(host, conexion, idVista);
+        if (!access.rule.empty()) return ruleAllows(host, conexion, access, empresa, usuario);
+        std::string permisos;
+        if (usuario < 0 || appKey.empty())
+            ObtenerPermisos(host, conexion, "Contactos", 0, appKey, permisos, usuario);
+        return true;
+    });
 }
 
 bool ObtenerPermisos(Host& host, rdoConnection& conexion, const std::string& opcion,
