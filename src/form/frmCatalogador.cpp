@@ -1,5 +1,7 @@
 #include "form/frmCatalogador.h"
 
+#include <algorithm>
+
 #include "modules/modIds.h"
 #include "runtime/convert.h"
 #include "runtime/text.h"
@@ -124,7 +126,8 @@ void frmCatalogador::showModal() {
 }
 
 int frmCatalogador::kindOf(const std::string& tag) {
-    return static_cast<int>(leadingNumber(tag));
+    // The tag of the yes/no box can hold any number of the metadata.
+    return static_cast<int>(std::clamp(leadingNumber(tag), -1.0, 1.0e6));
 }
 
 std::string frmCatalogador::textOrEmpty(const char* column) const {
