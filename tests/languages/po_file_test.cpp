@@ -84,6 +84,38 @@ TEST_F(PoFileTest, SaysFileAndLineOfWhatIsMalformed) {
     }
 }
 
+TEST_F(PoFileTest, TakesContextsAndEmptyTextsOverSeveralLines) {
+    EXPECT_EQ(read("msgctxt \"\"\n\"11\"\n\"00\"\nmsgid \"\"\n\"a\"\n\"b\"\nmsgstr \"\"\n\"A\"\n"
+                   "\"B\"\n\nmsgctxt \"2\"\nmsgid \"c\"\nmsgstr \"\"\n"),
+              (Texts{{"1100", "AB"}, {"2", ""}}));
+}
+
+TEST_F(PoFileTest, LeavesOutEntriesWithoutTextAndThoseWithPlurals) {
+    EXPECT_EQ(read("msgctxt \"1\"\nmsgid \"a\"\n\n"
+                   "msgctxt \"2\"\nmsgid \"b\"\nmsgid_plural \"bs\"\nmsgstr[0] \"B\"\n"
+                   "msgstr[1] \"Bs\"\n\n"
+                   "msgctxt \"3\"\n"),
+              (Texts{}));
+}
+
+TEST_F(PoFileTest, OnlyTheEntryAfterTheMarkIsFuzzy) {
+    EXPECT_EQ(read("msgctxt \"1\"\nmsgid \"a\"\nmsgstr \"A\"\n"
+                   "#: place\n#, c-format, fuzzy\n#| msgid \"old\"\n"
+                   "msgctxt \"2\"\nmsgid \"b\"\nmsgstr \"B\"\n"
+                   "# fuzzy in words only\nmsgctxt \"3\"\nmsgid \"c\"\nmsgstr \"C\"\n"
+                   "#, c-format\nmsgctxt \"4\"\nmsgid \"d\"\nmsgstr \"D\"\n"),
+              (Texts{{"1", "A"}, {"3", "C"}, {"4", "D"}}));
+}
+
+TEST_F(PoFileTest, AnEmptyFileHasNoTexts) {
+    EXPECT_EQ(read(""), (Texts{}));
+    EXPECT_EQ(read("\n\n# nothing\n"), (Texts{}));
+}
+
+TEST_F(PoFileTest, AFolderInPlaceOfAFileIsSaid) {
+    EXPECT_THROW(readPoFile(folder_.string()), RuntimeError);
+}
+
 TEST_F(PoFileTest, AFileThatIsMissingIsSaid) {
     try {
         readPoFile(path());
@@ -101,6 +133,12 @@ TEST_F(PoFileTest, ALibraryIsFoundByItsNameAndHasNoTextThatItLacks) {
     EXPECT_EQ(library->resLoad(1100), "A");
     EXPECT_THROW(static_cast<void>(library->resLoad(1101)), RuntimeError);
     EXPECT_THROW(languages.create("LNG_QTX_007.clsResources"), RuntimeError);
+}
+
+TEST_F(PoFileTest, ALibraryWhoseFileIsBrokenIsNotCreated) {
+    std::ofstream(path()) << "nonsense";
+    CatalogueLanguages languages(folder_.string());
+    EXPECT_THROW(languages.create("LNG_QTX_001.clsResources"), RuntimeError);
 }
 
 }  // namespace
