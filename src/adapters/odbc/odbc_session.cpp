@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <array>
+#include <utility>
 
 #include "adapters/odbc/bound_parameters.h"
 #include "adapters/odbc/connection_string.h"
@@ -80,8 +81,8 @@ void resolveAliases(std::vector<ColumnInfo>& columns, const std::vector<SelectIt
 
 }  // namespace
 
-OdbcSession::OdbcSession(const std::string& connectionString)
-    : connectionString_(connectionString), environment_(SQL_HANDLE_ENV, nullptr) {
+OdbcSession::OdbcSession(std::string connectionString)
+    : connectionString_(std::move(connectionString)), environment_(SQL_HANDLE_ENV, nullptr) {
     environment_.check(
         SQLSetEnvAttr(environment_.get(), SQL_ATTR_ODBC_VERSION, attributeValue(SQL_OV_ODBC3), 0));
     connect();

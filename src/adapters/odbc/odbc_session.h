@@ -18,7 +18,7 @@ namespace catalogador {
 class OdbcSession {
   public:
     /// Raises RuntimeError (statementFailed) with the driver's text, never with a password.
-    explicit OdbcSession(const std::string& connectionString);
+    explicit OdbcSession(std::string connectionString);
     ~OdbcSession();
     OdbcSession(const OdbcSession&) = delete;
     OdbcSession& operator=(const OdbcSession&) = delete;
