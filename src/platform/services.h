@@ -25,7 +25,7 @@ class clsUtilidades {
     /// such sequence, or it is used up). A database error also gives -1 and is left in
     /// currentError().
     virtual std::int32_t ProximoCodigo(rdoConnection& connection, const std::string& name) = 0;
-    /// Date and time of the database server, to the second. Raises RuntimeError.
+    /// Date and time of the database server, as exactly as it tells. Raises RuntimeError.
     virtual Date FechaServidor(rdoConnection& connection) = 0;
     /// Date and time at the desk that the program runs at, to the second.
     [[nodiscard]] virtual Date Ahora() const = 0;

@@ -49,10 +49,10 @@ TEST(Schema, UsesTheTypesOfEachDatabase) {
     EXPECT_NE(sqlite.find("CTeValor1 NUMERIC NULL"), std::string::npos);
     const std::string postgresql = schemaStatements(SchemaDialect::postgresql);
     EXPECT_NE(postgresql.find("CTeSiNo1 BOOLEAN NULL"), std::string::npos);
-    EXPECT_NE(postgresql.find("Modificado TIMESTAMP NULL"), std::string::npos);
+    EXPECT_NE(postgresql.find("Modificado TIMESTAMP(6) NULL"), std::string::npos);
     const std::string mariadb = schemaStatements(SchemaDialect::mariadb);
     EXPECT_NE(mariadb.find("CTeSiNo1 BIT(1) NULL"), std::string::npos);
-    EXPECT_NE(mariadb.find("Modificado DATETIME NULL"), std::string::npos);
+    EXPECT_NE(mariadb.find("Modificado DATETIME(6) NULL"), std::string::npos);
     EXPECT_NE(mariadb.find(") CHARACTER SET utf8mb4;"), std::string::npos);
 }
 

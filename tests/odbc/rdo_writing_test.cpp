@@ -363,5 +363,18 @@ TEST_P(RdoWriting, HappensWhileRowsAreStillBeingRead) {
     EXPECT_EQ(other->query("SELECT a FROM " + table + " WHERE b = 1").size(), 600U);
 }
 
+TEST_P(RdoWriting, SeesTheWriteOfAnotherUserAlsoWithinATransactionOfTheHost) {
+    if (dialect() == Dialect::sqlite) GTEST_SKIP() << "its transactions keep other users out";
+    create("Code INTEGER, Text VARCHAR(20)", {"1, 'first'"});
+    connection->begin();
+    const auto rows = connection->OpenResultset(select("Where Code = 1"));
+    other->run("UPDATE " + table + " SET Text = 'second'");
+    rows->Edit();
+    rows->setValue("Text", "first");
+    EXPECT_EQ(errorNumberOf([&] { rows->Update(); }), error_number::rowChanged);
+    connection->rollback();
+    EXPECT_EQ(all().at(0).at(1), Variant("second"));
+}
+
 }  // namespace
 }  // namespace catalogador

@@ -84,9 +84,43 @@ TEST_P(ServicesOn, GivesTheLocalTimeOfTheServer) {
     std::tm local{};
     localtime_r(&now, &local);
     const Date date = utilities.FechaServidor(*connection);
-    EXPECT_EQ(date.nanosecond, 0);
     EXPECT_NEAR(date.year, local.tm_year + 1900, 1);
     EXPECT_NEAR(date.hour * 60 + date.minute, local.tm_hour * 60 + local.tm_min, 1);
+}
+
+TEST_P(ServicesOn, GivesALaterTimeAtEveryQuestionAlsoInATransaction) {
+    create("Stamp " + types().timestamp);
+    connection->begin();
+    Date last = utilities.FechaServidor(*connection);
+    for (int i = 0; i < 20; ++i) {
+        connection->query("SELECT COUNT(*) FROM accUsuarios");
+        const Date next = utilities.FechaServidor(*connection);
+        EXPECT_GT(next, last);
+        last = next;
+    }
+    connection->commit();
+}
+
+TEST_P(ServicesOn, KeepsTheWholeStampInTheColumnOfTheSchema) {
+    create("Stamp " + std::string(dialect() == Dialect::mariadb ? "DATETIME(6)" : "TIMESTAMP"));
+    auto rows = connection->OpenResultset(select());
+    Date stamp = utilities.FechaServidor(*connection);
+    stamp.nanosecond = 123'456'000;
+    rows->AddNew();
+    rows->setValue("Stamp", stamp);
+    rows->Update();
+    EXPECT_EQ(all().at(0).at(0), Variant(stamp));
+}
+
+TEST_P(ServicesOn, GivesStampsThatAColumnOfWholeSecondsTakesToo) {
+    create("Stamp " + std::string(dialect() == Dialect::postgresql ? "TIMESTAMP(0)" : "DATETIME"));
+    auto rows = connection->OpenResultset(select());
+    rows->AddNew();
+    Date stamp = utilities.FechaServidor(*connection);
+    stamp.nanosecond = 123'456'000;
+    rows->setValue("Stamp", stamp);
+    rows->Update();
+    EXPECT_EQ(all().size(), 1U);
 }
 
 TEST_P(ServicesOn, GivesRightsByParametersOnly) {

@@ -27,7 +27,8 @@ using TypeNames = std::array<std::string_view, dialectCount>;
 
 // Numbers are approximate where an exact type would show decimals nobody typed ("724.0000"), and
 // NUMERIC on SQLite, which keeps whole numbers whole. A bit is what the drivers report as a bit.
-// Keys need a length on MariaDB, and TIMESTAMP would change by itself there.
+// Keys need a length on MariaDB, and TIMESTAMP would change by itself there. Stamps keep
+// microseconds, or two saves within a second would look like one.
 constexpr std::array<TypeNames, static_cast<std::size_t>(ColumnType::count)> typeNames{{
     {"SMALLINT", "SMALLINT", "SMALLINT"},
     {"INTEGER", "INTEGER", "INT"},
@@ -38,7 +39,7 @@ constexpr std::array<TypeNames, static_cast<std::size_t>(ColumnType::count)> typ
     {"VARCHAR(2000)", "VARCHAR(2000)", "VARCHAR(2000)"},
     {"TEXT", "TEXT", "TEXT"},
     {"BIT", "BOOLEAN", "BIT(1)"},
-    {"TIMESTAMP", "TIMESTAMP", "DATETIME"},
+    {"TIMESTAMP", "TIMESTAMP(6)", "DATETIME(6)"},
 }};
 
 struct Column {

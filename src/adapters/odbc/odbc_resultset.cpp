@@ -227,8 +227,10 @@ void OdbcResultset::writeOneRow(const ParameterizedStatement& statement, bool co
     std::int64_t touched = session_->write(statement);
     if (touched == 0 && countUnchanged && session_->dialect() == Dialect::mariadb) {
         // A row that had these values already is not counted as touched.
-        const auto count =
+        auto count =
             withinCondition(countStatement(session_->dialect(), *table_, expectedValues()));
+        // Counted as it is now, not as it was when a transaction of the host began.
+        count.text += " FOR UPDATE";
         const auto rows = session_->query(count.text, count.parameters);
         touched = *rows.at(0).at(0).as<std::int64_t>();
     }

@@ -1,6 +1,7 @@
 #include "adapters/services/server_clock.h"
 
-#include <array>
+#include <chrono>
+#include <ctime>
 
 #include "adapters/odbc/odbc_connection.h"
 #include "runtime/convert.h"
@@ -10,40 +11,71 @@ namespace catalogador {
 
 namespace {
 
-constexpr const char* sqliteTime = "Select datetime('now', 'localtime')";
 constexpr const char* standardTime = "Select localtimestamp";
+/// The standard's stands still during a transaction.
+constexpr const char* postgresqlTime = "Select clock_timestamp()::timestamp";
+/// Without a number of digits it has whole seconds only.
+constexpr const char* mariadbTime = "Select localtimestamp(6)";
+constexpr const char* sqliteTime = "Select strftime('%Y-%m-%d %H:%M:%f', 'now', 'localtime')";
 
-Date toSecond(const Variant& value) {
-    std::optional<Date> date;
-    if (const Date* given = value.as<Date>())
-        date = *given;
-    else if (const auto* text = value.as<std::string>())
-        date = dateFromIso(*text);
-    if (!date) throw RuntimeError(error_number::typeMismatch, "The database gave no date");
-    date->nanosecond = 0;
-    return *date;
+constexpr std::int32_t nanosecondsOfMicrosecond = 1000;
+
+Date dateOf(const Variant& value) {
+    if (const Date* date = value.as<Date>()) return *date;
+    if (const auto* text = value.as<std::string>())
+        if (const auto date = dateFromIso(*text)) return *date;
+    throw RuntimeError(error_number::typeMismatch, "The database gave no date");
 }
 
-Variant firstValue(rdoConnection& connection, const char* sql) {
+Date firstDate(const std::vector<std::vector<Variant>>& rows) {
+    return dateOf(rows.empty() ? Variant() : rows.front().front());
+}
+
+Date firstDate(rdoConnection& connection, const char* sql) {
     const auto rows = connection.OpenResultset(sql);
-    Variant value = rows->value(0);
+    const Variant value = rows->value(0);
     rows->Close();
-    return value;
+    return dateOf(value);
+}
+
+/// What SQLite itself would read, but for the digits that it leaves out.
+Date timeOfThisMachine() {
+    using namespace std::chrono;
+    const auto now = system_clock::now();
+    const auto second = floor<seconds>(now);
+    const std::time_t time = system_clock::to_time_t(second);
+    std::tm local{};
+    localtime_r(&time, &local);
+    const auto fraction = duration_cast<microseconds>(now - second).count();
+    return {local.tm_year + 1900,
+            local.tm_mon + 1,
+            local.tm_mday,
+            local.tm_hour,
+            local.tm_min,
+            local.tm_sec,
+            static_cast<std::int32_t>(fraction) * nanosecondsOfMicrosecond};
 }
 
 }  // namespace
 
 Date serverTime(rdoConnection& connection) {
     if (auto* odbc = dynamic_cast<OdbcConnection*>(&connection)) {
-        const bool isSqlite = odbc->dialect() == Dialect::sqlite;
-        const auto rows = odbc->query(isSqlite ? sqliteTime : standardTime);
-        return toSecond(rows.empty() ? Variant() : rows.front().front());
+        switch (odbc->dialect()) {
+            case Dialect::sqlite:
+                return timeOfThisMachine();
+            case Dialect::postgresql:
+                return firstDate(odbc->query(postgresqlTime));
+            case Dialect::mariadb:
+                return firstDate(odbc->query(mariadbTime));
+            default:
+                return firstDate(odbc->query(standardTime));
+        }
     }
     try {
-        return toSecond(firstValue(connection, standardTime));
+        return firstDate(connection, standardTime);
     } catch (const RuntimeError&) {
         // What is behind the connection is not known; SQLite lacks the standard's name.
-        return toSecond(firstValue(connection, sqliteTime));
+        return firstDate(connection, sqliteTime);
     }
 }
 

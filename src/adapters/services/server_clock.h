@@ -4,8 +4,9 @@
 
 namespace catalogador {
 
-/// Local date and time of the database server, without the fraction of the second. For a SQLite
-/// file that is this machine. Raises RuntimeError.
+/// Local date and time of the database server, to the microsecond where the server tells it, so
+/// that no two saves of a record get the same stamp. For a SQLite file the server is this machine.
+/// Raises RuntimeError.
 Date serverTime(rdoConnection& connection);
 
 }  // namespace catalogador
