@@ -1,0 +1,38 @@
+#include "desk.h"
+
+#include <utility>
+
+namespace catalogador::test {
+
+int YesSurface::messageBox(const std::string& text, int style, const std::string& title) {
+    if (style != styleExclamation) return answerYes;
+    told.push_back(text);
+    return WindowlessSurface::messageBox(text, style, title);
+}
+
+void YesSurface::errorBox(const std::string& text, const std::string& /*title*/,
+                          const std::string& detail, const std::string& /*context*/) {
+    told.push_back(text + ": " + detail);
+}
+
+Desk::Desk(const std::string& connectionString)
+    : connection_(OdbcConnection::open(connectionString)) {
+    component_.Coneccion(connection_.get());
+    component_.Empresa(1);
+    component_.AppKey("VEM04");
+    component_.Idioma(1);
+}
+
+void Desk::open(std::int16_t view, const std::function<void(frmCatalogador&)>& work) {
+    surface_.setModalRunner([&](Window& window) {
+        work(dynamic_cast<frmCatalogador&>(window));
+        window.requestClose();
+    });
+    component_.ActivarABM(view, 0, "");
+}
+
+std::vector<std::string> Desk::takeTold() {
+    return std::exchange(surface_.told, {});
+}
+
+}  // namespace catalogador::test

@@ -1,0 +1,39 @@
+#pragma once
+#include <filesystem>
+#include <memory>
+#include <string>
+
+namespace catalogador::test {
+
+/// An empty database of the given kind with the tables of the system and the views of these tests,
+/// gone with its owner. All of it is done by processes of their own, so that the owner may fork.
+class OwnDatabase {
+  public:
+    /// `kind` is sqlite, postgresql or mariadb; nullptr when no server of that kind is there.
+    static std::unique_ptr<OwnDatabase> create(const std::string& kind);
+    ~OwnDatabase();
+    OwnDatabase(const OwnDatabase&) = delete;
+    OwnDatabase& operator=(const OwnDatabase&) = delete;
+
+    [[nodiscard]] const std::string& connectionString() const { return connectionString_; }
+
+  private:
+    OwnDatabase() = default;
+    bool prepare(const std::string& kind);
+
+    std::filesystem::path folder_;
+    std::string server_;
+    std::string name_;
+    std::string connectionString_;
+};
+
+/// A view whose records have a short text and the first value, and lists only the latest.
+constexpr std::int16_t viewOfNew = 90;
+/// A view that lists all records, which have every text and value.
+constexpr std::int16_t viewOfAll = 91;
+/// Rows that refer to records of viewOfAll: their first value is the record's code.
+constexpr std::int16_t viewOfDetails = 92;
+/// Rows that a follow-up rule of viewOfAll changes: their second value becomes 1.
+constexpr std::int16_t viewOfMarked = 93;
+
+}  // namespace catalogador::test
