@@ -48,6 +48,7 @@ say() {
 last_state() { grep '"event":"state"' "$work/out" | tail -n 1; }
 
 mkfifo "$work/in"
+: >"$work/out"
 "$program" run --connect "$connection" --view 5 --code 1 <"$work/in" >"$work/out" &
 running=$!
 # Keeps the pipe open between the lines.
