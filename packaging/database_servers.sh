@@ -30,6 +30,9 @@ prepare_servers() {
     server_user=nobody
     servers_folder=$(mktemp -d)
     chmod 711 "$servers_folder"
+    # With Debian's list of drivers the one of PostgreSQL leaves a log in /tmp for every connection.
+    sed 's/^CommLog *=.*/CommLog=0/' /etc/odbcinst.ini >"$servers_folder/odbcinst.ini"
+    export ODBCSYSINI=$servers_folder
 }
 
 server_folder() {
@@ -117,4 +120,5 @@ stop_servers() {
     end_servers
     rm -rf --one-file-system "$servers_folder"
     servers_folder=""
+    unset ODBCSYSINI
 }

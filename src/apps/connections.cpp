@@ -1,7 +1,9 @@
 #include "apps/connections.h"
 
+#include <charconv>
 #include <filesystem>
 
+#include "adapters/services/settings.h"
 #include "runtime/error.h"
 #include "runtime/text.h"
 
@@ -21,7 +23,35 @@ std::string onOneLine(std::string text) {
                        what + ": " + onOneLine(error.description()) + "; " + advice);
 }
 
-std::unique_ptr<rdoConnection> openFile(const std::string& file) {
+constexpr const char* settingsKey = "Database";
+
+/// Leaves the time as it is when the setting is not there.
+void readSeconds(const Settings& settings, const std::string& name,
+                 std::chrono::milliseconds& time) {
+    constexpr int longest = 86'400;
+    const auto text = settings.read(settingsKey, name);
+    if (!text) return;
+    int seconds = 0;
+    const auto [end, error] = std::from_chars(text->data(), text->data() + text->size(), seconds);
+    if (error != std::errc() || end != text->data() + text->size() || seconds < 0 ||
+        seconds > longest)
+        throw RuntimeError(error_number::invalidProcedureCall,
+                           "the setting " + name +
+                               " has to be a whole number of seconds from 0 to " +
+                               decimalText(longest) + ", not '" + *text + "'");
+    time = std::chrono::seconds(seconds);
+}
+
+Timeouts timeoutsOf(const Options& options) {
+    const Settings settings(Settings::defaultFile(), options.settings);
+    Timeouts timeouts;
+    readSeconds(settings, "LoginTimeout", timeouts.login);
+    readSeconds(settings, "StatementTimeout", timeouts.statement);
+    readSeconds(settings, "LockTimeout", timeouts.lock);
+    return timeouts;
+}
+
+std::unique_ptr<rdoConnection> openFile(const std::string& file, const Timeouts& timeouts) {
     const std::string what = "cannot open the database " + file;
     if (!std::filesystem::is_regular_file(file))
         throw RuntimeError(error_number::statementFailed,
@@ -29,7 +59,8 @@ std::unique_ptr<rdoConnection> openFile(const std::string& file) {
                                ": there is no such file; name another with --database, or make one "
                                "with 'catalogador demo DIRECTORY'");
     try {
-        auto connection = createDatabase(file);
+        auto connection =
+            OdbcConnection::open(OdbcConnection::sqliteConnectionString(file), timeouts);
         // The driver opens any file; only a statement tells whether it is a database.
         connection->OpenResultset("Select Count(*) From sqlite_master")->Close();
         return connection;
@@ -45,13 +76,14 @@ std::unique_ptr<rdoConnection> createDatabase(const std::string& file) {
 }
 
 std::unique_ptr<rdoConnection> openDatabase(const Options& options) {
-    if (options.connectionString.empty()) return openFile(options.database);
-    return openServer(options.connectionString);
+    if (options.connectionString.empty()) return openFile(options.database, timeoutsOf(options));
+    return openServer(options);
 }
 
-std::unique_ptr<OdbcConnection> openServer(const std::string& connectionString) {
+std::unique_ptr<OdbcConnection> openServer(const Options& options) {
+    const Timeouts timeouts = timeoutsOf(options);
     try {
-        return OdbcConnection::open(connectionString);
+        return OdbcConnection::open(options.connectionString, timeouts);
     } catch (const RuntimeError& error) {
         fail(error, "cannot connect to the database",
              "check driver, server, user and password in --connect ('odbcinst -q -d' lists the "

@@ -1,5 +1,9 @@
+#include <fcntl.h>
+#include <sys/stat.h>
 #include <unistd.h>
 
+#include <cerrno>
+#include <cstring>
 #include <filesystem>
 #include <iostream>
 
@@ -28,8 +32,16 @@ class Draft {
     Draft& operator=(const Draft&) = delete;
 
     [[nodiscard]] std::string path() const { return draft_.string(); }
+    /// An empty file that is its user's alone, before there is anything to read in it.
+    void create() const {
+        const int file = ::open(draft_.c_str(), O_WRONLY | O_CREAT | O_CLOEXEC, S_IRUSR | S_IWUSR);
+        if (file < 0)
+            throw std::filesystem::filesystem_error(
+                std::strerror(errno), draft_, std::error_code(errno, std::generic_category()));
+        ::close(file);
+    }
     /// Takes the place of a file that is there already.
-    void publish() { std::filesystem::rename(draft_, target_); }
+    void publish() const { std::filesystem::rename(draft_, target_); }
 
   private:
     std::filesystem::path target_;
@@ -40,7 +52,8 @@ std::filesystem::path write(const Options& options) {
     const std::filesystem::path folder(options.directory);
     std::filesystem::create_directories(folder);
     std::filesystem::path file = folder / "demo.db";
-    Draft draft(file);
+    const Draft draft(file);
+    draft.create();
     DemoOptions demo;
     demo.userName = systemUser();
     writeDemo(*createDatabase(draft.path()), demo);
@@ -64,7 +77,7 @@ SchemaDialect schemaOf(Dialect dialect) {
 }
 
 int fillServer(const Options& options) {
-    const auto connection = openServer(options.connectionString);
+    const auto connection = openServer(options);
     DemoOptions demo;
     demo.userName = systemUser();
     demo.dialect = schemaOf(connection->dialect());

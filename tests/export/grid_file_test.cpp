@@ -96,6 +96,11 @@ TEST_F(GridFileTest, AnotherFormatIsRefused) {
     EXPECT_EQ(filesInFolder(), 0);
 }
 
+TEST_P(GridFileTest, ANewFileIsItsUsersAlone) {
+    save(path("t"), GetParam());
+    EXPECT_EQ(std::filesystem::status(path("t")).permissions(), std::filesystem::perms(0600));
+}
+
 TEST_P(GridFileTest, ReplacesAnEarlierFileAndKeepsItsPermissions) {
     write(path("t"), "earlier");
     std::filesystem::permissions(path("t"), std::filesystem::perms(0640));

@@ -18,5 +18,44 @@ TEST(WithoutPasswords, LeavesTextWithoutPassword) {
     EXPECT_EQ(withoutPasswords("ana is unknown", "PWD={open"), "ana is unknown");
 }
 
+TEST(ConnectionStringKeys, AreFoundInAnySpelling) {
+    EXPECT_TRUE(hasKey("DRIVER={SQLite3};Database=x;timeout = 300", "Timeout"));
+    EXPECT_FALSE(hasKey("DRIVER={SQLite3};Database={a;Timeout=1}", "Timeout"));
+    EXPECT_FALSE(hasKey("", "Timeout"));
+}
+
+class WithTimeouts : public testing::Test {
+  protected:
+    [[nodiscard]] std::string added(const std::string& connectionString) const {
+        const std::string all = withTimeouts(connectionString, timeouts_);
+        EXPECT_EQ(all.substr(0, connectionString.size()), connectionString);
+        return all.substr(connectionString.size());
+    }
+
+    Timeouts timeouts_{std::chrono::milliseconds(2500), std::chrono::seconds(60),
+                       std::chrono::milliseconds(700)};
+};
+
+TEST_F(WithTimeouts, TellsEachDriverInItsOwnWords) {
+    EXPECT_EQ(added("Driver={SQLite3};Database=x"), ";Timeout=700");
+    EXPECT_EQ(added("driver=MariaDB Unicode"), ";CONN_TIMEOUT=3;READ_TIMEOUT=65;WRITE_TIMEOUT=65");
+    EXPECT_EQ(added("Driver={PostgreSQL Unicode}"), ";pqopt={tcp_user_timeout=65000}");
+    EXPECT_EQ(added("Driver={Other};Database=SQLite"), "");
+    EXPECT_EQ(added("DSN=MariaDB"), "");
+}
+
+TEST_F(WithTimeouts, LeavesWhatTheStringSaysItself) {
+    EXPECT_EQ(added("Driver={SQLite3};timeout=3"), "");
+    EXPECT_EQ(added("Driver={MariaDB};conn_timeout=3;Read_Timeout=1"), ";WRITE_TIMEOUT=65");
+    EXPECT_EQ(added("Driver={PostgreSQL Unicode};pqopt={keepalives=0}"), "");
+}
+
+TEST_F(WithTimeouts, WaitsWithoutEndForZero) {
+    timeouts_ = {std::chrono::seconds(0), std::chrono::seconds(0), std::chrono::seconds(0)};
+    EXPECT_EQ(added("Driver={SQLite3}"), ";Timeout=604800000");
+    EXPECT_EQ(added("Driver={MariaDB}"), ";CONN_TIMEOUT=604800");
+    EXPECT_EQ(added("Driver={PostgreSQL}"), "");
+}
+
 }  // namespace
 }  // namespace catalogador

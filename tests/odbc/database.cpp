@@ -66,8 +66,8 @@ TypeNames RdoTest::types() const {
     }
 }
 
-std::unique_ptr<OdbcConnection> RdoTest::connect() const {
-    return OdbcConnection::open(connectionString_);
+std::unique_ptr<OdbcConnection> RdoTest::connect(const Timeouts& timeouts) const {
+    return OdbcConnection::open(connectionString_, timeouts);
 }
 
 void RdoTest::create(const std::string& columns, const std::vector<std::string>& rows) {

@@ -52,7 +52,7 @@ class RdoTest : public testing::TestWithParam<DatabaseKind> {
 
     [[nodiscard]] Dialect dialect() const { return GetParam().dialect; }
     [[nodiscard]] TypeNames types() const;
-    std::unique_ptr<OdbcConnection> connect() const;
+    std::unique_ptr<OdbcConnection> connect(const Timeouts& timeouts = {}) const;
     /// Creates a table with these columns and fills it with these value lists.
     void create(const std::string& columns, const std::vector<std::string>& rows = {});
     std::vector<std::vector<Variant>> all(const std::string& order = "1");

@@ -1,4 +1,7 @@
+#include <arpa/inet.h>
 #include <gtest/gtest.h>
+#include <sys/socket.h>
+#include <unistd.h>
 
 #include <chrono>
 
@@ -188,6 +191,9 @@ TEST_P(RdoStatement, ATransactionOnALostConnectionFailsAsAWhole) {
 TEST_P(RdoStatement, StopsWaitingForALockWithAnError) {
     if (dialect() == Dialect::sqlite) GTEST_SKIP() << "tested with a shorter wait";
     create("a INTEGER", {"1"});
+    Timeouts timeouts;
+    timeouts.lock = std::chrono::seconds(1);
+    other = connect(timeouts);
     const auto rows = other->OpenResultset(select());
     connection->begin();
     connection->run("UPDATE " + table + " SET a = 1");
@@ -195,10 +201,66 @@ TEST_P(RdoStatement, StopsWaitingForALockWithAnError) {
     rows->Edit();
     rows->setValue("a", 3);
     EXPECT_EQ(errorNumberOf([&] { rows->Update(); }), error_number::statementFailed);
-    EXPECT_LT(std::chrono::steady_clock::now() - start, std::chrono::seconds(15));
+    EXPECT_LT(std::chrono::steady_clock::now() - start, std::chrono::seconds(4));
     connection->commit();
     rows->Update();
     EXPECT_EQ(all()[0][0], Variant(3));
+}
+
+TEST_P(RdoStatement, StopsAStatementThatTakesTooLong) {
+    if (dialect() == Dialect::sqlite) GTEST_SKIP() << "files have no such limit";
+    Timeouts timeouts;
+    timeouts.statement = std::chrono::seconds(1);
+    const auto hurried = connect(timeouts);
+    const std::string sleep =
+        dialect() == Dialect::postgresql ? "SELECT pg_sleep(20)" : "SELECT SLEEP(20)";
+    const auto start = std::chrono::steady_clock::now();
+    EXPECT_EQ(errorNumberOf([&] { hurried->query(sleep); }), error_number::statementFailed);
+    EXPECT_LT(std::chrono::steady_clock::now() - start, std::chrono::seconds(10));
+    EXPECT_EQ(hurried->query("SELECT 1").size(), 1U) << "the connection goes on";
+}
+
+/// A port where nobody answers.
+class SilentServer {
+  public:
+    SilentServer() : socket_(::socket(AF_INET, SOCK_STREAM, 0)) {
+        sockaddr_in address{};
+        address.sin_family = AF_INET;
+        address.sin_addr.s_addr = htonl(INADDR_LOOPBACK);
+        socklen_t size = sizeof address;
+        auto* generic = reinterpret_cast<sockaddr*>(&address);
+        if (bind(socket_, generic, size) != 0 || listen(socket_, 5) != 0 ||
+            getsockname(socket_, generic, &size) != 0)
+            throw std::runtime_error("no socket");
+        port_ = ntohs(address.sin_port);
+    }
+    ~SilentServer() { close(socket_); }
+    SilentServer(const SilentServer&) = delete;
+    SilentServer& operator=(const SilentServer&) = delete;
+
+    [[nodiscard]] std::string port() const { return std::to_string(port_); }
+
+  private:
+    int socket_;
+    std::uint16_t port_ = 0;
+};
+
+TEST_P(RdoStatement, StopsWaitingForAServerThatDoesNotAnswer) {
+    if (dialect() == Dialect::sqlite) GTEST_SKIP() << "a file answers at once";
+    const SilentServer server;
+    const std::string driver =
+        dialect() == Dialect::postgresql ? "{PostgreSQL Unicode}" : "{MariaDB Unicode}";
+    Timeouts timeouts;
+    timeouts.login = std::chrono::seconds(2);
+    const auto start = std::chrono::steady_clock::now();
+    const std::string text = errorOf([&] {
+        OdbcConnection::open("Driver=" + driver + ";Server=127.0.0.1;Port=" + server.port() +
+                                 ";Database=none;UID=ana;PWD=secret",
+                             timeouts);
+    });
+    EXPECT_FALSE(text.empty());
+    EXPECT_EQ(text.find("secret"), std::string::npos) << text;
+    EXPECT_LT(std::chrono::steady_clock::now() - start, std::chrono::seconds(12));
 }
 
 class Recorder : public StatementListener {

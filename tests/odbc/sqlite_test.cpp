@@ -16,9 +16,8 @@ using test::TemporaryFile;
 
 class Sqlite : public testing::Test {
   protected:
-    static std::string stringFor(const std::string& path, const std::string& timeout = "5000") {
-        return replaceText(OdbcConnection::sqliteConnectionString(path), "Timeout=5000",
-                           "Timeout=" + timeout, Compare::binary);
+    static std::string stringFor(const std::string& path) {
+        return OdbcConnection::sqliteConnectionString(path);
     }
 
     TemporaryFile file_;
@@ -93,10 +92,23 @@ TEST_F(Sqlite, NoticesChangeOfCaseInColumnThatIsBlindToIt) {
     EXPECT_EQ(errorNumberOf([&] { rows->Delete(); }), error_number::rowChanged);
 }
 
+TEST_F(Sqlite, WaitsForALockAsLongAsTheConnectionStringSays) {
+    connection_->run("CREATE TABLE t (a INTEGER)");
+    const auto other = OdbcConnection::open(stringFor(file_.path()) + ";Timeout=300");
+    connection_->begin();
+    const auto start = std::chrono::steady_clock::now();
+    EXPECT_EQ(errorNumberOf([&] { other->begin(); }), error_number::statementFailed);
+    EXPECT_LT(std::chrono::steady_clock::now() - start, std::chrono::seconds(4));
+    EXPECT_GE(std::chrono::steady_clock::now() - start, std::chrono::milliseconds(200));
+    connection_->rollback();
+}
+
 TEST_F(Sqlite, StopsWaitingForALockWithAnError) {
     connection_->run("CREATE TABLE t (a INTEGER)");
     connection_->run("INSERT INTO t VALUES (1)");
-    const auto other = OdbcConnection::open(stringFor(file_.path(), "300"));
+    Timeouts timeouts;
+    timeouts.lock = std::chrono::milliseconds(300);
+    const auto other = OdbcConnection::open(stringFor(file_.path()), timeouts);
     const auto rows = other->OpenResultset("Select * From t");
     connection_->begin();
     connection_->run("UPDATE t SET a = 1");

@@ -39,6 +39,7 @@ one_line_of_complaint() {
 ends 0 "demo" demo made/here
 says out made/here/demo.db
 [ "$(ls made/here)" = demo.db ] || fail "demo leaves another file behind"
+[ "$(stat -c %a made/here/demo.db)" = 600 ] || fail "others can read the demonstration database"
 ends 0 "demo over an older one" demo made/here
 database=made/here/demo.db
 echo text >file

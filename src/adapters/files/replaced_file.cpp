@@ -17,15 +17,6 @@ namespace {
 
 constexpr std::int32_t pathAccessError = 75;
 
-/// What the file would be allowed if it had been made under its own name.
-mode_t usualMode(const std::string& target) {
-    struct stat earlier {};
-    if (stat(target.c_str(), &earlier) == 0) return earlier.st_mode & 0777U;
-    const mode_t mask = umask(0);
-    umask(mask);
-    return 0666U & ~mask;
-}
-
 }  // namespace
 
 ReplacedFile::ReplacedFile(const std::string& target) : target_(target) {
@@ -35,7 +26,9 @@ ReplacedFile::ReplacedFile(const std::string& target) : target_(target) {
     path_ = folder_ + "/.catalogador-XXXXXX";
     const int file = mkstemp(path_.data());
     if (file < 0) fail(std::strerror(errno));
-    fchmod(file, usualMode(target));
+    // A new file is its user's alone; one that is replaced stays open to whom it was.
+    struct stat earlier {};
+    if (stat(target.c_str(), &earlier) == 0) fchmod(file, earlier.st_mode & 0777U);
     close(file);
 }
 

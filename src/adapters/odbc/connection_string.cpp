@@ -11,12 +11,17 @@ namespace catalogador {
 
 namespace {
 
-/// How long a statement waits for another user's lock before it fails, in milliseconds.
-constexpr std::string_view lockTimeout = "5000";
+constexpr std::chrono::seconds timeForTheNetwork{5};
 
-bool isPasswordKey(std::string_view key) {
-    const std::string name = upperCase(trim(key));
-    return name == "PWD" || name == "PASSWORD";
+struct Entry {
+    /// In capitals.
+    std::string key;
+    /// As it is written, but for the braces around it.
+    std::string_view value;
+};
+
+bool isPassword(const Entry& entry) {
+    return entry.key == "PWD" || entry.key == "PASSWORD";
 }
 
 /// Whether the driver would not take the text for the path that it is.
@@ -45,9 +50,8 @@ std::string uriOf(const std::string& file) {
     return uri;
 }
 
-/// The values of the password keys, with the braces and without.
-std::vector<std::string> passwordsOf(std::string_view connection) {
-    std::vector<std::string> passwords;
+std::vector<Entry> entriesOf(std::string_view connection) {
+    std::vector<Entry> entries;
     while (!connection.empty()) {
         const std::size_t equals = connection.find('=');
         if (equals == std::string_view::npos) break;
@@ -61,14 +65,11 @@ std::vector<std::string> passwordsOf(std::string_view connection) {
         if (end == std::string_view::npos) end = connection.size();
         std::string_view value = connection.substr(0, end);
         if (braced) value.remove_prefix(1);
-        if (isPasswordKey(key)) {
-            passwords.emplace_back(value);
-            passwords.push_back(replaceText(value, "}}", "}", Compare::binary));
-        }
+        entries.push_back({upperCase(trim(key)), value});
         const std::size_t next = connection.find(';', end);
         connection.remove_prefix(next == std::string_view::npos ? connection.size() : next + 1);
     }
-    return passwords;
+    return entries;
 }
 
 }  // namespace
@@ -77,13 +78,48 @@ std::string connectionStringOfSqliteFile(const std::string& file) {
     if (file.empty() || file.find('\0') != std::string::npos)
         throw RuntimeError(error_number::invalidProcedureCall,
                            "This is no name of a file: " + file);
-    return "DRIVER={SQLite3};Database=" + (isOdd(file) ? uriOf(file) : file) +
-           ";Timeout=" + std::string(lockTimeout) + ";FKSupport=1";
+    return "DRIVER={SQLite3};Database=" + (isOdd(file) ? uriOf(file) : file) + ";FKSupport=1";
+}
+
+bool hasKey(const std::string& connectionString, std::string_view key) {
+    const auto entries = entriesOf(connectionString);
+    return std::any_of(entries.begin(), entries.end(),
+                       [&](const Entry& entry) { return equalText(entry.key, key); });
+}
+
+std::string withTimeouts(const std::string& connectionString, const Timeouts& timeouts) {
+    const auto entries = entriesOf(connectionString);
+    const auto driver = std::find_if(entries.begin(), entries.end(),
+                                     [](const Entry& entry) { return entry.key == "DRIVER"; });
+    if (driver == entries.end()) return connectionString;
+    const auto isDriver = [&](std::string_view name) {
+        return containsText(driver->value, name, Compare::text);
+    };
+    std::string result = connectionString;
+    const auto add = [&](std::string_view key, const std::string& value) {
+        if (!hasKey(connectionString, key)) result += ";" + std::string(key) + "=" + value;
+    };
+    const bool limited = timeouts.statement.count() > 0;
+    const auto answer = wholeSeconds(timeouts.statement) + timeForTheNetwork;
+    if (isDriver("SQLite")) {
+        add("Timeout", decimalText(endless(timeouts.lock).count()));
+    } else if (isDriver("MariaDB")) {
+        add("CONN_TIMEOUT", decimalText(wholeSeconds(endless(timeouts.login)).count()));
+        if (limited) add("READ_TIMEOUT", decimalText(answer.count()));
+        if (limited) add("WRITE_TIMEOUT", decimalText(answer.count()));
+    } else if (isDriver("PostgreSQL") && limited) {
+        add("pqopt", "{tcp_user_timeout=" + decimalText(answer.count() * 1000) + "}");
+    }
+    return result;
 }
 
 std::string withoutPasswords(std::string text, const std::string& connectionString) {
-    for (const std::string& password : passwordsOf(connectionString))
-        text = replaceText(text, password, "***", Compare::binary);
+    for (const Entry& entry : entriesOf(connectionString)) {
+        if (!isPassword(entry)) continue;
+        const std::string plain = replaceText(entry.value, "}}", "}", Compare::binary);
+        text = replaceText(text, entry.value, "***", Compare::binary);
+        text = replaceText(text, plain, "***", Compare::binary);
+    }
     return text;
 }
 

@@ -1,11 +1,21 @@
 #pragma once
 #include <string>
+#include <string_view>
+
+#include "adapters/odbc/timeouts.h"
 
 namespace catalogador {
 
 /// How a SQLite database file is reached. Raises RuntimeError (invalidProcedureCall) for a path
 /// that cannot be written in a connection string. The file is created when it does not exist.
 std::string connectionStringOfSqliteFile(const std::string& file);
+
+/// Whether the connection string has a value for that key, in capitals or not.
+bool hasKey(const std::string& connectionString, std::string_view key);
+/// The connection string with what its driver, if it is a known one, has to be told of the times
+/// there; what the string says itself stays. A driver waits for an answer a little longer than the
+/// server works on it, so that it gives up only on a server that is gone.
+std::string withTimeouts(const std::string& connectionString, const Timeouts& timeouts);
 
 /// The text with "***" in place of the passwords of the connection string.
 std::string withoutPasswords(std::string text, const std::string& connectionString);

@@ -19,9 +19,10 @@ std::vector<Parameter> parametersOf(const std::vector<Variant>& values) {
 
 }  // namespace
 
-std::unique_ptr<OdbcConnection> OdbcConnection::open(const std::string& connectionString) {
+std::unique_ptr<OdbcConnection> OdbcConnection::open(const std::string& connectionString,
+                                                     const Timeouts& timeouts) {
     return std::unique_ptr<OdbcConnection>(
-        new OdbcConnection(std::make_shared<OdbcSession>(connectionString)));
+        new OdbcConnection(std::make_shared<OdbcSession>(connectionString, timeouts)));
 }
 
 std::string OdbcConnection::sqliteConnectionString(const std::string& file) {

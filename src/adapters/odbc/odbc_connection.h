@@ -5,6 +5,7 @@
 #include <vector>
 
 #include "adapters/odbc/dialect.h"
+#include "adapters/odbc/timeouts.h"
 #include "platform/rdo.h"
 #include "runtime/variant.h"
 
@@ -16,10 +17,10 @@ class OdbcSession;
 class OdbcConnection : public rdoConnection {
   public:
     /// Raises RuntimeError (statementFailed) with the driver's text, in which no password appears.
-    static std::unique_ptr<OdbcConnection> open(const std::string& connectionString);
-    /// The connection string of a SQLite file, which is created when it does not exist. Locks of
-    /// other users are waited for five seconds. Raises RuntimeError (invalidProcedureCall) for a
-    /// path that no connection string can carry.
+    static std::unique_ptr<OdbcConnection> open(const std::string& connectionString,
+                                                const Timeouts& timeouts = {});
+    /// The connection string of a SQLite file, which is created when it does not exist. Raises
+    /// RuntimeError (invalidProcedureCall) for a path that no connection string can carry.
     static std::string sqliteConnectionString(const std::string& file);
 
     ~OdbcConnection() override;

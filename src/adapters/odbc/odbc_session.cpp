@@ -2,7 +2,7 @@
 
 #include <algorithm>
 #include <array>
-#include <utility>
+#include <thread>
 
 #include "adapters/odbc/bound_parameters.h"
 #include "adapters/odbc/connection_string.h"
@@ -81,8 +81,10 @@ void resolveAliases(std::vector<ColumnInfo>& columns, const std::vector<SelectIt
 
 }  // namespace
 
-OdbcSession::OdbcSession(std::string connectionString)
-    : connectionString_(std::move(connectionString)), environment_(SQL_HANDLE_ENV, nullptr) {
+OdbcSession::OdbcSession(const std::string& connectionString, const Timeouts& timeouts)
+    : connectionString_(withTimeouts(connectionString, timeouts)),
+      timeouts_(timeouts),
+      environment_(SQL_HANDLE_ENV, nullptr) {
     environment_.check(
         SQLSetEnvAttr(environment_.get(), SQL_ATTR_ODBC_VERSION, attributeValue(SQL_OV_ODBC3), 0));
     connect();
@@ -98,6 +100,9 @@ OdbcSession::~OdbcSession() {
 void OdbcSession::connect() {
     connected_ = false;
     connection_ = OdbcHandle(SQL_HANDLE_DBC, environment_.get());
+    SQLSetConnectAttr(
+        connection_.get(), SQL_ATTR_LOGIN_TIMEOUT,
+        attributeValue(static_cast<std::uintptr_t>(wholeSeconds(timeouts_.login).count())), 0);
     const SQLRETURN result =
         SQLDriverConnect(connection_.get(), nullptr, sqlText(connectionString_),
                          static_cast<SQLSMALLINT>(connectionString_.size()), nullptr, 0, nullptr,
@@ -139,20 +144,33 @@ void OdbcSession::prepareDialect() {
                static_cast<SQLSMALLINT>(product.size()), &length);
     dialect_ = dialectOf(product.data());
     syntax_ = syntaxOf(dialect_);
-    if (dialect_ == Dialect::postgresql) {
-        // Texts must be read by the server as they are read here.
-        executeOnce("SET standard_conforming_strings = on", {}, nullptr);
-        executeOnce("SET lock_timeout = '5s'", {}, nullptr);
-    } else if (dialect_ == Dialect::mariadb) {
-        executeOnce("SET SESSION innodb_lock_wait_timeout = 5", {}, nullptr);
-        const auto rows = rowsOf(executeOnce("SELECT @@SESSION.sql_mode", {}, nullptr), "");
-        const auto* mode = rows.empty() ? nullptr : rows[0][0].as<std::string>();
-        const auto has = [&](const char* flag) {
-            return mode != nullptr && mode->find(flag) != std::string::npos;
-        };
-        syntax_.backslashEscapes = !has("NO_BACKSLASH_ESCAPES");
-        syntax_.doubleQuotedTexts = !has("ANSI_QUOTES");
-    }
+    if (dialect_ == Dialect::postgresql) return preparePostgresql();
+    if (dialect_ == Dialect::mariadb) return prepareMariadb();
+    if (dialect_ == Dialect::sqlite && !hasKey(connectionString_, "Timeout"))
+        executeOnce("PRAGMA busy_timeout = " + decimalText(endless(timeouts_.lock).count()), {},
+                    nullptr);
+}
+
+void OdbcSession::preparePostgresql() {
+    // Texts must be read by the server as they are read here.
+    executeOnce("SET standard_conforming_strings = on", {}, nullptr);
+    executeOnce("SET lock_timeout = " + decimalText(timeouts_.lock.count()), {}, nullptr);
+    executeOnce("SET statement_timeout = " + decimalText(timeouts_.statement.count()), {}, nullptr);
+}
+
+void OdbcSession::prepareMariadb() {
+    const std::string lock = decimalText(wholeSeconds(endless(timeouts_.lock)).count());
+    executeOnce(
+        "SET SESSION innodb_lock_wait_timeout = " + lock + ", lock_wait_timeout = " + lock +
+            ", max_statement_time = " + decimalText(wholeSeconds(timeouts_.statement).count()),
+        {}, nullptr);
+    const auto rows = rowsOf(executeOnce("SELECT @@SESSION.sql_mode", {}, nullptr), "");
+    const auto* mode = rows.empty() ? nullptr : rows[0][0].as<std::string>();
+    const auto has = [&](const char* flag) {
+        return mode != nullptr && mode->find(flag) != std::string::npos;
+    };
+    syntax_.backslashEscapes = !has("NO_BACKSLASH_ESCAPES");
+    syntax_.doubleQuotedTexts = !has("ANSI_QUOTES");
 }
 
 OdbcHandle OdbcSession::execute(const std::string& sql, const std::vector<Parameter>& parameters,
@@ -245,14 +263,23 @@ std::int64_t OdbcSession::write(const ParameterizedStatement& statement) {
 
 void OdbcSession::begin() {
     reconnectIfLost();
-    if (transactions_ > 0)
+    if (transactions_ > 0) {
         run("SAVEPOINT " + savepoint(), {});
-    else if (dialect_ == Dialect::sqlite)
+    } else if (dialect_ == Dialect::sqlite) {
+        letOthersWrite();
         // A lock that is taken at once can be waited for; one that is taken later may fail.
         run("BEGIN IMMEDIATE", {});
-    else
+    } else {
         leaveAutocommit();
+    }
     ++transactions_;
+}
+
+void OdbcSession::letOthersWrite() const {
+    // Whoever waits for SQLite's lock looks for it now and then only. Without a pause, one who
+    // writes again and again would take it every time.
+    constexpr std::chrono::milliseconds longerThanBetweenTwoLooks{11};
+    std::this_thread::sleep_until(lastWritten_ + longerThanBetweenTwoLooks);
 }
 
 void OdbcSession::commit() {
@@ -279,6 +306,7 @@ void OdbcSession::endTransaction(SQLSMALLINT how) {
     if (dialect_ == Dialect::sqlite) {
         run(how == SQL_COMMIT ? "COMMIT" : "ROLLBACK", {});
         transactions_ = 0;
+        lastWritten_ = std::chrono::steady_clock::now();
         return;
     }
     // Whatever comes of it, the transaction is over: a server that is gone has rolled it back.

@@ -1,4 +1,5 @@
 #pragma once
+#include <chrono>
 #include <cstdint>
 #include <memory>
 #include <string>
@@ -8,6 +9,7 @@
 #include "adapters/odbc/dialect.h"
 #include "adapters/odbc/odbc_handle.h"
 #include "adapters/odbc/statement_text.h"
+#include "adapters/odbc/timeouts.h"
 #include "adapters/odbc/write_statements.h"
 #include "platform/rdo.h"
 #include "runtime/error.h"
@@ -18,7 +20,7 @@ namespace catalogador {
 class OdbcSession {
   public:
     /// Raises RuntimeError (statementFailed) with the driver's text, never with a password.
-    explicit OdbcSession(std::string connectionString);
+    explicit OdbcSession(const std::string& connectionString, const Timeouts& timeouts = {});
     ~OdbcSession();
     OdbcSession(const OdbcSession&) = delete;
     OdbcSession& operator=(const OdbcSession&) = delete;
@@ -59,6 +61,8 @@ class OdbcSession {
                                                            const std::string& sql) const;
     void connect();
     void prepareDialect();
+    void preparePostgresql();
+    void prepareMariadb();
     OdbcHandle executeOnce(const std::string& text, const std::vector<Parameter>& parameters,
                            std::string* warnings);
     /// Whether a failure means that the connection is gone.
@@ -66,10 +70,12 @@ class OdbcSession {
     void reconnectIfLost();
     void setAutocommit(bool on);
     void leaveAutocommit();
+    void letOthersWrite() const;
     void endTransaction(SQLSMALLINT how);
     [[nodiscard]] std::string savepoint() const;
 
     std::string connectionString_;
+    Timeouts timeouts_;
     OdbcHandle environment_;
     OdbcHandle connection_;
     /// Connections that were lost, kept as long as resultsets may hold statements of theirs.
@@ -77,6 +83,7 @@ class OdbcSession {
     Dialect dialect_ = Dialect::other;
     SqlSyntax syntax_;
     int transactions_ = 0;
+    std::chrono::steady_clock::time_point lastWritten_;
     bool connected_ = false;
     bool lost_ = false;
 };
