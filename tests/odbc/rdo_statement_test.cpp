@@ -263,6 +263,17 @@ TEST_P(RdoStatement, StopsWaitingForAServerThatDoesNotAnswer) {
     EXPECT_LT(std::chrono::steady_clock::now() - start, std::chrono::seconds(12));
 }
 
+TEST_P(RdoStatement, ABackslashInATextIsACharacterLikeAnyOther) {
+    create("a VARCHAR(40)", {"'C:\\'", "'x'' Or 1=1'"});
+    const auto found = [&](const std::string& text) {
+        const auto rows = connection->OpenResultset(select("Where a = '" + text + "'"));
+        return !rows->atEnd();
+    };
+    EXPECT_TRUE(found("C:\\"));
+    EXPECT_FALSE(found("\\'' Or 1=1 -- "));
+    EXPECT_TRUE(found("x'' Or 1=1"));
+}
+
 class Recorder : public StatementListener {
   public:
     void opened(const std::string& sql, int type, int lock) override {

@@ -36,12 +36,11 @@ void rollBack(rdoConnection& connection) {
     }
 }
 
-void writeRows(rdoConnection& connection, const std::vector<TableRows>& tables,
-               SchemaDialect dialect) {
+void writeRows(rdoConnection& connection, const std::vector<TableRows>& tables) {
     connection.Execute("BEGIN");
     try {
         for (const TableRows& table : tables) {
-            for (const auto& statement : insertStatements(table, dialect)) {
+            for (const auto& statement : insertStatements(table)) {
                 connection.Execute(statement);
             }
         }
@@ -73,7 +72,7 @@ void writeDemo(rdoConnection& connection, const DemoOptions& options) {
     for (const std::string& statement : schemaStatementList(options.dialect)) {
         connection.Execute(statement);
     }
-    writeRows(connection, tables, options.dialect);
+    writeRows(connection, tables);
 }
 
 }  // namespace catalogador

@@ -33,7 +33,7 @@ std::string caseExpression(const json& metadata, const std::string& list,
     std::string sql = "Case " + column;
     for (const json& entry : listOf(metadata, list)) {
         sql += " When " + std::to_string(entry.at("code").get<int>()) + " Then " +
-               sqlLiteral(entry.at("name").get<std::string>(), SchemaDialect::sqlite);
+               sqlLiteral(entry.at("name").get<std::string>());
     }
     return sql + " End";
 }

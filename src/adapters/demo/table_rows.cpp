@@ -7,21 +7,14 @@
 #include <type_traits>
 
 #include "runtime/convert.h"
+#include "runtime/text.h"
 
 namespace catalogador {
 
 namespace {
 
-std::string quoted(std::string_view text, SchemaDialect dialect) {
-    std::string result = "'";
-    for (const char character : text) {
-        // MariaDB alone takes a backslash as the beginning of an escape.
-        const bool escaped =
-            character == '\'' || (character == '\\' && dialect == SchemaDialect::mariadb);
-        if (escaped) result += character;
-        result += character;
-    }
-    return result + "'";
+std::string quoted(std::string_view text) {
+    return "'" + replaceText(text, "'", "''", Compare::binary) + "'";
 }
 
 std::string numberText(double number) {
@@ -32,23 +25,22 @@ std::string numberText(double number) {
 
 }  // namespace
 
-std::string sqlLiteral(const Variant& value, SchemaDialect dialect) {
+std::string sqlLiteral(const Variant& value) {
     return std::visit(
-        [dialect](const auto& content) -> std::string {
+        [](const auto& content) -> std::string {
             using Content = std::decay_t<decltype(content)>;
             if constexpr (std::is_same_v<Content, Null>) return "NULL";
             if constexpr (std::is_same_v<Content, bool>) return content ? "TRUE" : "FALSE";
             if constexpr (std::is_same_v<Content, std::int64_t>) return std::to_string(content);
             if constexpr (std::is_same_v<Content, double>) return numberText(content);
             if constexpr (std::is_same_v<Content, Decimal>) return content.text;
-            if constexpr (std::is_same_v<Content, Date>) return quoted(isoText(content), dialect);
-            if constexpr (std::is_same_v<Content, std::string>) return quoted(content, dialect);
+            if constexpr (std::is_same_v<Content, Date>) return quoted(isoText(content));
+            if constexpr (std::is_same_v<Content, std::string>) return quoted(content);
         },
         value.storage());
 }
 
-std::vector<std::string> insertStatements(const TableRows& table, SchemaDialect dialect,
-                                          std::size_t rowsPerStatement) {
+std::vector<std::string> insertStatements(const TableRows& table, std::size_t rowsPerStatement) {
     std::vector<std::string> statements;
     const std::string start = "INSERT INTO " + table.table + " (" + table.columns + ") VALUES";
     for (std::size_t i = 0; i < table.rows.size(); ++i) {
@@ -59,7 +51,7 @@ std::vector<std::string> insertStatements(const TableRows& table, SchemaDialect 
         std::string_view separator;
         for (const Variant& value : table.rows[i]) {
             statement += separator;
-            statement += sqlLiteral(value, dialect);
+            statement += sqlLiteral(value);
             separator = ", ";
         }
         statement += ")";

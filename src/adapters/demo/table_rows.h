@@ -3,7 +3,6 @@
 #include <string>
 #include <vector>
 
-#include "adapters/demo/schema.h"
 #include "runtime/variant.h"
 
 namespace catalogador {
@@ -17,10 +16,10 @@ struct TableRows {
 };
 
 /// The value as it stands in a statement; texts are quoted and their quotes doubled.
-std::string sqlLiteral(const Variant& value, SchemaDialect dialect);
+std::string sqlLiteral(const Variant& value);
 
 /// INSERT statements of at most `rowsPerStatement` (1 or more) rows each.
-std::vector<std::string> insertStatements(const TableRows& table, SchemaDialect dialect,
+std::vector<std::string> insertStatements(const TableRows& table,
                                           std::size_t rowsPerStatement = 500);
 
 }  // namespace catalogador

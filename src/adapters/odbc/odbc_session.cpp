@@ -164,6 +164,9 @@ void OdbcSession::prepareMariadb() {
         "SET SESSION innodb_lock_wait_timeout = " + lock + ", lock_wait_timeout = " + lock +
             ", max_statement_time = " + decimalText(wholeSeconds(timeouts_.statement).count()),
         {}, nullptr);
+    // A text with its quotes doubled ends where the others' ends, whatever stands in it.
+    executeOnce("SET SESSION sql_mode = CONCAT(@@SESSION.sql_mode, ',NO_BACKSLASH_ESCAPES')", {},
+                nullptr);
     const auto rows = rowsOf(executeOnce("SELECT @@SESSION.sql_mode", {}, nullptr), "");
     const auto* mode = rows.empty() ? nullptr : rows[0][0].as<std::string>();
     const auto has = [&](const char* flag) {
@@ -199,8 +202,12 @@ OdbcHandle OdbcSession::executeOnce(const std::string& text,
     SQLSetStmtAttr(statement.get(), SQL_ATTR_CURSOR_TYPE, attributeValue(SQL_CURSOR_STATIC), 0);
     SQLSetStmtAttr(statement.get(), SQL_ATTR_NOSCAN, attributeValue(SQL_NOSCAN_ON), 0);
     BoundParameters bound(statement, parameters);
-    const SQLRETURN result =
-        SQLExecDirect(statement.get(), sqlText(text), static_cast<SQLINTEGER>(text.size()));
+    const auto length = static_cast<SQLINTEGER>(text.size());
+    // Run without being prepared, a statement whose answer is cut off brings MariaDB's driver down.
+    const bool prepared = dialect_ == Dialect::mariadb;
+    if (prepared) statement.check(SQLPrepare(statement.get(), sqlText(text), length));
+    const SQLRETURN result = prepared ? SQLExecute(statement.get())
+                                      : SQLExecDirect(statement.get(), sqlText(text), length);
     statement.check(result);
     if (warnings != nullptr && result == SQL_SUCCESS_WITH_INFO) *warnings = statement.diagnostics();
     return statement;
