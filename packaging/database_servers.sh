@@ -18,7 +18,8 @@ free_port() {
     echo "$port"
 }
 
-# Sets CATALOGADOR_TEST_POSTGRESQL and CATALOGADOR_TEST_MARIADB, connection strings of empty databases.
+# Sets CATALOGADOR_TEST_POSTGRESQL and CATALOGADOR_TEST_MARIADB, connection strings of empty databases,
+# and the same with _LOG, the servers' own logs of every statement.
 start_servers() {
     prepare_servers
     start_postgresql
@@ -50,10 +51,11 @@ start_postgresql() {
     # What a power failure would leave of these databases is of no interest.
     run_server postgresql "$programs/postgres" -D "$folder/data" -p "$port" \
         -c listen_addresses=127.0.0.1 -c unix_socket_directories="$folder" -c fsync=off \
-        -c log_statement=all
+        -c log_statement=all -c log_line_prefix='%m [%p] %d '
     wait_for 30 as_server_user "$programs/createdb" -h 127.0.0.1 -p "$port" -U catalogador tests ||
         server_failed postgresql
     export CATALOGADOR_TEST_POSTGRESQL="Driver={PostgreSQL Unicode};Server=127.0.0.1;Port=$port;Database=tests;UID=catalogador"
+    export CATALOGADOR_TEST_POSTGRESQL_LOG="$servers_folder/postgresql.log"
 }
 
 start_mariadb() {
@@ -65,10 +67,12 @@ start_mariadb() {
         server_failed mariadb
     run_server mariadb mariadbd --no-defaults --datadir="$folder/data" --port="$port" \
         --bind-address=127.0.0.1 --socket="$folder/socket" --pid-file="$folder/pid" \
-        --character-set-server=utf8mb4 --innodb-flush-log-at-trx-commit=0
+        --character-set-server=utf8mb4 --innodb-flush-log-at-trx-commit=0 \
+        --general-log --general-log-file="$folder/statements.log"
     wait_for 30 mariadb --no-defaults -h 127.0.0.1 -P "$port" -u root \
         -e "create database if not exists tests" || server_failed mariadb
     export CATALOGADOR_TEST_MARIADB="Driver={MariaDB Unicode};Server=127.0.0.1;Port=$port;Database=tests;UID=root"
+    export CATALOGADOR_TEST_MARIADB_LOG="$folder/statements.log"
 }
 
 server_failed() {

@@ -126,8 +126,9 @@ void frmCatalogador::showModal() {
 }
 
 int frmCatalogador::kindOf(const std::string& tag) {
-    // The tag of the yes/no box can hold any number of the metadata.
-    return static_cast<int>(std::clamp(leadingNumber(tag), -1.0, 1.0e6));
+    // No kind is that large; what the metadata says may be.
+    constexpr double largest = 1.0e6;
+    return static_cast<int>(std::clamp(leadingNumber(tag), -largest, largest));
 }
 
 std::string frmCatalogador::textOrEmpty(const char* column) const {

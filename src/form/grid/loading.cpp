@@ -10,6 +10,8 @@ namespace catalogador {
 namespace {
 
 constexpr int leftCentred = 1;
+/// More than any alignment code that there is.
+constexpr double largestAlignment = 255;
 
 /// Draws the grid again when the load ends, however it ends.
 class RedrawOff {
@@ -78,7 +80,9 @@ void frmCatalogador::appendRow() {
     }
     for (int column = 0; column < shown - 1; ++column) {
         const double code = grdGrilla.headerData(column).value_or(0);
-        grdGrilla.setAlignment(row, column, code > 0 ? static_cast<int>(code) : leftCentred);
+        grdGrilla.setAlignment(
+            row, column,
+            code > 0 ? static_cast<int>(std::min(code, largestAlignment)) : leftCentred);
     }
 }
 

@@ -84,7 +84,7 @@ void frmCatalogador::configureTextField(TextField& field, int& widest) {
     const int maxLength = maxLengthOfField();
     field.text.setMaxLength(maxLength);
     if (maxLength < shortTextLimit)
-        field.text.setWidth(maxLength * picBackColor.textWidth("Q") + shortTextMargin);
+        field.text.setWidth(field.text.maxLength() * picBackColor.textWidth("Q") + shortTextMargin);
     field.label.tag = field.index == 0 ? "1" : "2";
     readFlags(field.index);
     readF2Action(field.text.tag);

@@ -1,0 +1,157 @@
+#!/usr/bin/env python3
+"""A server that fails under an open screen, in the ways in which networks and other users do it.
+
+    server_faults.py PROGRAM postgresql|mariadb CASE
+"""
+
+import os
+import re
+import subprocess
+import sys
+import time
+
+from proxy import Proxy
+from screen import OwnDatabase, Screen, fail, require, told
+
+program = os.path.realpath(sys.argv[1])
+kind = sys.argv[2]
+VIEW = ["--view", "1", "--code", "724"]
+RECORD = "CTeIDTipoVista = 1 And CTeCodigo = 724"
+
+
+def value(connection, key):
+    return re.search(r"\b%s=([^;]*)" % key, connection).group(1)
+
+
+def stored(database):
+    return database.sql("Select CTeTextoLargo From genCodigoTexto Where " + RECORD)[0][0]
+
+
+class Client:
+    """The server's own command-line program, as another user."""
+
+    def __init__(self, connection):
+        host, port, user, name = (
+            value(connection, key) for key in ("Server", "Port", "UID", "Database")
+        )
+        command = {
+            "postgresql": ["psql", "-q", "-h", host, "-p", port, "-U", user, name],
+            "mariadb": ["mariadb", "--no-defaults", "-h", host, "-P", port, "-u", user, name],
+        }[kind]
+        self.process = subprocess.Popen(
+            command, stdin=subprocess.PIPE, stdout=subprocess.DEVNULL, text=True
+        )
+
+    def run(self, statement):
+        self.process.stdin.write(statement + ";\n")
+        self.process.stdin.flush()
+
+    def close(self):
+        self.process.stdin.close()
+        self.process.wait()
+
+
+def row_locked(database):
+    screen = Screen(program, *database.options, *VIEW, "--setting", "LockTimeout=1")
+    screen.say('set txtTexto2 "Escrita con espera"')
+    other = Client(database.connection)
+    other.run("Begin")
+    other.run("Select * From genCodigoTexto Where %s For Update" % RECORD)
+    time.sleep(1)
+    for _ in (1, 2):
+        start = time.monotonic()
+        events = screen.say("answer 6", "action 6")
+        require(len(told(events)) == 1, "told %s" % told(events))
+        require(time.monotonic() - start < 5, "the screen stood still")
+        print("told:", told(events)[0]["detail"])
+        require(screen.mode() == "2", "the record is no longer being edited")
+        require(screen.field("txtTexto2") == "Escrita con espera", "what was typed is gone")
+    other.run("Rollback")
+    other.close()
+    events = screen.say("answer 6", "action 6")
+    require(told(events) == [], "told %s" % told(events))
+    require(stored(database) == "Escrita con espera", "the record was not saved")
+    require(screen.close() == 0, "the program did not end well")
+
+
+def through(proxy, database):
+    return re.sub(r"Port=[^;]*", "Port=%d" % proxy.port, database.connection)
+
+
+def connection_cut(database):
+    """Anywhere in the answers to a save and to the reading of the list that follows it."""
+    proxy = Proxy(int(value(database.connection, "Port")))
+    screen = Screen(program, "--connect", through(proxy, database), *VIEW)
+    refused = 0
+    for number, answered in enumerate([*range(0, 2400, 60), *range(3000, 30000, 3000)]):
+        screen.say("action 7", "grid select 724")
+        screen.say("action 4")
+        text = "Cortada %d" % number
+        screen.say('set txtTexto2 "%s"' % text)
+        require(screen.field("txtTexto2") == text, "the record does not open after a cut")
+        proxy.cut_after(answered)
+        events = screen.say("answer 6", "action 6")
+        proxy.left = None
+        require(len(told(events)) <= 1, "after %d bytes: told %s" % (answered, told(events)))
+        if screen.mode() == "0":
+            require(stored(database) == text, "a save that was told as done is not stored")
+            continue
+        refused += 1
+        require(len(told(events)) == 1, "after %d bytes: nothing was told" % answered)
+        require(screen.field("txtTexto2") == text, "what was typed is gone")
+        was_stored = stored(database) == text
+        events = screen.say("answer 6", "action 6")
+        # When the cut took away only the answer to the commit, the stamp says so now.
+        expected = 1 if was_stored else 0
+        require(len(told(events)) == expected, "then told %s" % told(events))
+        require(stored(database) == text, "the second save is not stored")
+    print("%d cuts, %d refused saves" % (proxy.cuts, refused))
+    require(proxy.cuts > 20 and refused > 0, "the cuts missed what they were for")
+    require(screen.close() == 0, "the program did not end well")
+
+
+def server_silent(database):
+    """The connection stands, but nothing comes through: the driver has to give up by itself."""
+    proxy = Proxy(int(value(database.connection, "Port")))
+    limits = ["--setting", "StatementTimeout=1", "--setting", "LoginTimeout=2"]
+    screen = Screen(program, "--connect", through(proxy, database), *VIEW, *limits)
+    screen.say('set txtTexto2 "Escrita en silencio"')
+    proxy.silent.set()
+    start = time.monotonic()
+    events = screen.say("answer 6", "action 6")
+    print("gave up after %.1f s" % (time.monotonic() - start))
+    require(time.monotonic() - start < 30, "the screen stood still")
+    require(len(told(events)) == 1, "told %s" % told(events))
+    require(screen.field("txtTexto2") == "Escrita en silencio", "what was typed is gone")
+    proxy.silent.clear()
+    events = screen.say("answer 6", "action 6")
+    require(told(events) == [], "told %s" % told(events))
+    require(stored(database) == "Escrita en silencio", "the record was not saved")
+
+
+def password_hidden(database):
+    """Neither in what is said of a connection that works nor of one that does not."""
+    password = "Secreta-7781}"
+    with_password = database.connection + ";PWD={%s}}" % password
+    nobody = re.sub(r"Port=[^;]*", "Port=1", with_password)
+    wrong = re.sub(r"Database=[^;]*", "Database=nowhere", with_password)
+    script = 'sql "Select Nothing From Nowhere"\naction 6\nstate\n'
+    said = ""
+    for connection in (with_password, nobody, wrong):
+        result = subprocess.run(
+            [program, "run", "--connect", connection, *VIEW, "--trace"],
+            input=script,
+            capture_output=True,
+            text=True,
+        )
+        require(result.stdout + result.stderr != "", "nothing was said")
+        said += result.stdout + result.stderr
+    require("cannot connect" in said, "the connections that cannot work do")
+    require(password.rstrip("}") not in said, "the password is in: " + said[:2000])
+
+
+cases = {case.__name__: case for case in (row_locked, connection_cut, server_silent, password_hidden)}
+if sys.argv[3] not in cases:
+    fail("there is no case " + sys.argv[3])
+with OwnDatabase(program, kind) as own:
+    cases[sys.argv[3]](own)
