@@ -7,6 +7,8 @@
 #   test.sh windows   the Windows component
 #   test.sh all       both
 #   test.sh lint      clang-tidy over src
+#   test.sh fuzz [N]  the fuzzers, N seconds each (60 when it is left out); part of test.sh too
+#   test.sh coverage  how much of src the tests run, by line and branch
 set -euo pipefail
 cd "$(dirname "${BASH_SOURCE[0]}")"
 . packaging/dependencies.sh
@@ -64,6 +66,46 @@ this_system() {
     stop_display
     build asan
     run_tests asan -LE 'window|check|servers' -j "$(nproc)"
+    fuzz 60
+}
+
+# fuzz SECONDS: each harness for so long, on all processors; the corpora are grown and kept in
+# build/fuzz/corpus, their seeds in tests/fuzz/corpus.
+fuzz() {
+    local seconds=$1 harness bad=0 total=0
+    install_missing "${build_packages[@]}" "${fuzz_packages[@]}"
+    build fuzz fuzzers
+    echo "== fuzzing: $seconds s each"
+    find build/fuzz -maxdepth 1 -name 'fuzz_*' -type f -perm -u+x -print0 | sort -z |
+        xargs -0 -P "$(nproc)" -n 1 tests/fuzz/run.sh "$seconds" build/fuzz/corpus || true
+    for harness in build/fuzz/fuzz_*; do
+        [ -x "$harness" ] || continue
+        total=$((total + 1))
+        if ! grep -q '^DONE' "build/fuzz/corpus/$(basename "$harness").log"; then
+            bad=$((bad + 1))
+            grep -vE '^#[0-9]|NEW_FUNC' "build/fuzz/corpus/$(basename "$harness").log" | tail -n 60
+        fi
+    done
+    passed=$((passed + total - bad))
+    failed=$((failed + bad))
+    echo "$((total - bad)) of $total harnesses found nothing"
+}
+
+coverage() {
+    install_missing "${build_packages[@]}" "${check_packages[@]}" "${server_packages[@]}" \
+        "${coverage_packages[@]}"
+    build coverage
+    find build/coverage -name '*.gcda' -delete
+    trap stop_servers EXIT
+    start_servers
+    run_tests coverage -LE 'window|check' -j "$(nproc)"
+    stop_servers
+    mkdir -p build/coverage/report
+    # What only checks an exception's way out is no branch that anyone wrote.
+    gcovr --root . --filter src/ --object-directory build/coverage --exclude-throw-branches \
+        --exclude-unreachable-branches --print-summary --html-details build/coverage/report/index.html \
+        --txt build/coverage/report/summary.txt
+    echo "The pages are in build/coverage/report"
 }
 
 windows() {
@@ -87,6 +129,8 @@ case "${1:-}" in
         this_system
         windows
         ;;
+    fuzz) fuzz "${2:-60}" ;;
+    coverage) coverage ;;
     lint)
         lint
         exit

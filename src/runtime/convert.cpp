@@ -199,6 +199,9 @@ template <class... F>
 struct Overloaded : F... {
     using F::operator()...;
 };
+/// Older compilers do not find this by themselves.
+template <class... F>
+Overloaded(F...) -> Overloaded<F...>;
 
 double rounded(const Variant& value, const Regional& regional, double lowest, double highest) {
     const double number = std::nearbyint(toDouble(value, regional));

@@ -46,6 +46,13 @@ echo text >file
 ends 2 "demo in a file" demo file
 one_line_of_complaint
 
+for time in soon -1 1.5 86401 ''; do
+    ends 2 "a time limit of '$time'" run --database $database --view 1 --setting "LockTimeout=$time"
+    one_line_of_complaint
+    says err "a whole number of seconds"
+done
+ends 0 "no time limit" run --database $database --view 1 --setting StatementTimeout=0
+
 ends 0 "help" --help
 says out run
 ends 0 "help of a command" run --help

@@ -1,0 +1,30 @@
+// The text of a statement, as each database reads it.
+#include <fuzzer/FuzzedDataProvider.h>
+
+#include <cstdlib>
+
+#include "adapters/odbc/select_condition.h"
+#include "adapters/odbc/statement_text.h"
+#include "runtime/error.h"
+
+extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* bytes, std::size_t size) {
+    using namespace catalogador;
+    FuzzedDataProvider data(bytes, size);
+    static const Dialect dialects[] = {Dialect::sqlite, Dialect::postgresql, Dialect::mariadb,
+                                       Dialect::other};
+    const SqlSyntax syntax = syntaxOf(data.PickValueInArray(dialects));
+    const std::string sql = data.ConsumeRemainingBytesAsString();
+    writableTable(sql, syntax);
+    selectItems(sql, syntax);
+    selectCondition(withoutComments(sql, syntax), syntax);
+    try {
+        const std::string one = singleStatement(sql, syntax);
+        // What was let through as one statement has no second one.
+        for (const SqlToken& token : tokensOf(one, syntax))
+            if (token.kind == TokenKind::separator) std::abort();
+        if (singleStatement(one, syntax) != one) std::abort();
+    } catch (const RuntimeError& error) {
+        if (error.number() != error_number::statementFailed) throw;
+    }
+    return 0;
+}
