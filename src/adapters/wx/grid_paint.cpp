@@ -26,6 +26,10 @@ int side(int alignment) {
 
 void GridView::onPaint(wxPaintEvent&) {
     wxAutoBufferedPaintDC dc(this);
+    paint(dc);
+}
+
+void GridView::paint(wxDC& dc) {
     dc.SetFont(GetFont());
     dc.SetBackground(wxBrush(colourOf(grid_.backColor())));
     dc.Clear();

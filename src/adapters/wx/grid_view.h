@@ -15,6 +15,8 @@ class GridView : public wxWindow {
     void syncWithModel();
     /// Number of data rows that can be scrolled to.
     [[nodiscard]] int shownRows() const { return shownRows_; }
+    /// Draws header and rows in sight.
+    void paint(wxDC& dc);
 
   private:
     [[nodiscard]] int headerHeight() const;

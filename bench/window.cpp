@@ -1,0 +1,148 @@
+// Measures the real window: how long it takes to open, beside an empty one, and to paint a page.
+#include <wx/app.h>
+#include <wx/bitmap.h>
+#include <wx/dcmemory.h>
+#include <wx/evtloop.h>
+#include <wx/frame.h>
+#include <wx/panel.h>
+
+#include <chrono>
+#include <cstdlib>
+#include <iostream>
+
+#include "adapters/wx/grid_view.h"
+#include "adapters/wx/wx_surface.h"
+#include "bench_host.h"
+#include "runtime/error.h"
+
+namespace catalogador::bench {
+
+namespace {
+
+using Clock = std::chrono::steady_clock;
+
+/// Lets the loop run until something has been painted and nothing is left to do.
+class PaintedWindow : public wxEventFilter {
+  public:
+    PaintedWindow() { wxEvtHandler::AddFilter(this); }
+    ~PaintedWindow() override { wxEvtHandler::RemoveFilter(this); }
+    PaintedWindow(const PaintedWindow&) = delete;
+    PaintedWindow& operator=(const PaintedWindow&) = delete;
+
+    int FilterEvent(wxEvent& event) override {
+        if (event.GetEventType() == wxEVT_PAINT) painted_ = true;
+        return Event_Skip;
+    }
+    void wait() {
+        wxGUIEventLoop loop;
+        const wxEventLoopActivator activate(&loop);
+        while (!painted_) loop.DispatchTimeout(1);
+        while (loop.Pending()) loop.Dispatch();
+    }
+
+  private:
+    bool painted_ = false;
+};
+
+void openEmpty() {
+    report("empty_window", secondsOf([] {
+               PaintedWindow painted;
+               auto* frame =
+                   new wxFrame(nullptr, wxID_ANY, "Empty", wxDefaultPosition, wxSize(640, 480));
+               new wxPanel(frame);
+               frame->Show();
+               painted.wait();
+           }));
+}
+
+void openView(WxSurface& surface, BenchHost& host, std::int16_t view) {
+    const auto start = Clock::now();
+    surface.setModalRunner([&](Window& window) {
+        const auto shown = std::chrono::duration<double>(Clock::now() - start).count();
+        report("open_window", shown);
+        window.requestClose();
+    });
+    host.activate(view);
+}
+
+GridView* gridViewIn(wxWindow& window) {
+    for (wxWindow* child : window.GetChildren()) {
+        if (auto* view = dynamic_cast<GridView*>(child)) return view;
+        if (GridView* view = gridViewIn(*child)) return view;
+    }
+    return nullptr;
+}
+
+/// Paints the page that begins at a visible row; gives the seconds that took.
+double paintPage(GridView& view, RecordGrid& grid, int first, wxBitmap& bitmap) {
+    wxMemoryDC dc(bitmap);
+    dc.SetFont(view.GetFont());
+    return secondsOf([&] {
+        grid.setTopRow(grid.visibleRow(std::min(first, grid.visibleRows() - 1)));
+        view.paint(dc);
+    });
+}
+
+void paintPages(WxSurface& surface, BenchHost& host, std::int16_t view, int rounds) {
+    surface.setModalRunner([&](Window& window) {
+        RecordGrid& grid = host.form().grdGrilla;
+        auto* frame = dynamic_cast<wxFrame*>(surface.nativeWindow(window));
+        frame->SetSize(0, 0, 1280, 900);
+        surface.processEvents();
+        GridView* grids = gridViewIn(*frame);
+        wxBitmap bitmap(grids->GetClientSize());
+        const auto measurePages = [&](const std::string& name) {
+            for (int round = 0; round < rounds; ++round) {
+                const int count = grid.visibleRows();
+                report(name + "_first", paintPage(*grids, grid, 0, bitmap));
+                report(name + "_middle", paintPage(*grids, grid, count / 2 + round, bitmap));
+                report(name + "_last", paintPage(*grids, grid, count - 1, bitmap));
+            }
+        };
+        report("page_rows", grid.rowsThatFit());
+        measurePages("paint");
+        grid.filter(LikePattern("*A*"));
+        grid.sort(1, sort_order::descending);
+        measurePages("paint_filtered_sorted");
+        window.requestClose();
+    });
+    host.activate(view);
+}
+
+int measure(const std::string& what, const std::string& connection, std::int16_t view, int rounds) {
+    WxSurface surface({"Sí", "No", "Aceptar", "es"});
+    if (what == "empty") {
+        openEmpty();
+        return 0;
+    }
+    BenchHost host(connection, surface);
+    if (what == "open")
+        openView(surface, host, view);
+    else if (what == "paint")
+        paintPages(surface, host, view, rounds);
+    else
+        return 2;
+    return 0;
+}
+
+}  // namespace
+
+int run(int argc, char** argv) {
+    if (argc != 5) {
+        std::cerr << "usage: bench_window empty|open|paint CONNECTION VIEW ROUNDS\n";
+        return 2;
+    }
+    try {
+        return measure(argv[1], argv[2], static_cast<std::int16_t>(std::atoi(argv[3])),
+                       std::atoi(argv[4]));
+    } catch (const std::exception& error) {
+        std::cerr << "bench_window: " << error.what() << '\n';
+        return 1;
+    }
+}
+
+}  // namespace catalogador::bench
+
+int main(int argc, char** argv) {
+    return catalogador::bench::run(argc, argv);
+}
