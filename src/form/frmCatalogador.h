@@ -2,6 +2,7 @@
 #include <array>
 #include <cstdint>
 #include <memory>
+#include <span>
 #include <string>
 #include <vector>
 
@@ -199,11 +200,17 @@ class frmCatalogador : public Window {
     void setGridAppearance();
     std::string listingStatement();
     void appendRows();
-    void appendRow();
+    struct ListColumn;
+    void appendBlock(std::vector<ListColumn>& list, std::size_t count);
     /// Whether a column of the form's resultset holds yes or no.
     [[nodiscard]] bool isBit(int column) const;
-    void setGridCell(int row, int column, const Variant& value);
-    void setGridCheck(int row, int column, const Variant& value);
+    /// Reads the check states of a column; how many of them can be read.
+    std::size_t readableChecks(ListColumn& column);
+    /// Appends the rows from `from` to before `to` of those that were read last.
+    void appendPart(std::vector<ListColumn>& list, std::size_t from, std::size_t to);
+    void setGridCodes(int row, std::span<const std::string_view> codes);
+    void setGridCheck(int row, int number, const ListColumn& column, const ListColumn& codes,
+                      std::size_t index);
     /// Writes the rows shown to the file; the extra column is away meanwhile, and stays away until
     /// the next start when that fails.
     void saveGrid(const SaveChoice& choice);

@@ -4,6 +4,7 @@
 #include <string_view>
 #include <vector>
 
+#include "runtime/convert.h"
 #include "runtime/variant.h"
 
 namespace catalogador {
@@ -18,6 +19,13 @@ constexpr int bitColumnType = -7;
 struct ColumnDescription {
     std::string name;
     int type = 0;
+};
+
+/// Texts of a column, one for each of several rows. A text without data() stands for Null.
+struct TextBlock {
+    std::vector<std::string_view> texts;
+    /// Holds those texts that are nowhere else.
+    std::string room;
 };
 
 /// Told of everything that goes through a connection, as it happens. Used by traces.
@@ -56,6 +64,21 @@ class rdoResultset {
     [[nodiscard]] virtual Variant value(int index) const = 0;
     /// By name without regard to case; of several columns of that name the first.
     [[nodiscard]] virtual Variant value(std::string_view name) const = 0;
+
+    /// Rows, from the current one on, that shownTexts gives at once: none at the end.
+    [[nodiscard]] virtual std::size_t rowsAtHand() const { return atEnd() ? 0 : 1; }
+    /// For reading many rows: the texts of a column of the rows at hand, as toText gives them for
+    /// the values, which an implementation need not make. They are good until the next call of
+    /// another member.
+    virtual void shownTexts(int index, const Regional& regional, TextBlock& block) const {
+        const Variant found = value(index);
+        block.room = toTextOrEmpty(found, regional);
+        block.texts.assign(1, found.isNull() ? std::string_view() : std::string_view(block.room));
+    }
+    /// MoveNext, so many times.
+    void skipRows(std::size_t count) {
+        for (; count > 0; --count) MoveNext();
+    }
 
     virtual void AddNew() = 0;
     virtual void Edit() = 0;

@@ -150,50 +150,19 @@ std::optional<double> wholeNumber(std::string_view text, const Regional& regiona
     return negative ? -value : value;
 }
 
-std::string numberText(double value, const Regional& regional) {
-    if (value == 0) return "0";
-    std::array<char, 40> text{};
-    std::snprintf(text.data(), text.size(), "%.15G", value);
-    std::string result = text.data();
-    // snprintf follows the process locale's separator; the digits do not.
-    for (char& c : result)
-        if (!isDigit(c) && c != '-' && c != '+' && c != 'E') c = '.';
-    return replaceText(result, ".", regional.decimal, Compare::binary);
-}
-
-std::string decimalNumberText(const Decimal& value, const Regional& regional) {
-    std::string text = value.text;
-    if (text.find('.') != std::string::npos) {
-        text.erase(text.find_last_not_of('0') + 1);
-        if (text.back() == '.') text.pop_back();
+/// The digits of a part of a date or time: two, or four.
+class DigitPairs {
+  public:
+    DigitPairs(int number, std::size_t count) : first_(digits_.size() - count) {
+        for (std::size_t i = digits_.size(); i > first_; number /= 10)
+            digits_[--i] = static_cast<char>('0' + number % 10);
     }
-    if (text.empty() || text == "-") text = "0";
-    if (text.front() == '.') text.insert(0, "0");
-    if (text.starts_with("-.")) text.insert(1, "0");
-    return replaceText(text, ".", regional.decimal, Compare::binary);
-}
+    operator std::string_view() const { return {digits_.data() + first_, digits_.size() - first_}; }
 
-std::string dateText(const Date& date, const Regional& regional) {
-    const std::string day = zeroPadded(date.day, 2);
-    const std::string month = zeroPadded(date.month, 2);
-    const std::string year = zeroPadded(date.year, 4);
-    const std::string& s = regional.dateSeparator;
-    std::string text;
-    switch (regional.dateOrder) {
-        case DateOrder::dayMonthYear:
-            text = day + s + month + s + year;
-            break;
-        case DateOrder::monthDayYear:
-            text = month + s + day + s + year;
-            break;
-        case DateOrder::yearMonthDay:
-            text = year + s + month + s + day;
-            break;
-    }
-    if (date.hour == 0 && date.minute == 0 && date.second == 0) return text;
-    return text + " " + zeroPadded(date.hour, 2) + ":" + zeroPadded(date.minute, 2) + ":" +
-           zeroPadded(date.second, 2);
-}
+  private:
+    std::array<char, 4> digits_{};
+    std::size_t first_;
+};
 
 template <class... F>
 struct Overloaded : F... {
@@ -214,7 +183,84 @@ bool isNumberType(const Variant& value) {
            value.as<bool>() != nullptr || value.as<Decimal>() != nullptr;
 }
 
+std::string numberText(double value, const Regional& regional) {
+    std::string text;
+    appendNumberText(text, value, regional);
+    return text;
+}
+
+std::string decimalNumberText(const Decimal& value, const Regional& regional) {
+    std::string text;
+    appendDecimalText(text, value.text, regional);
+    return text;
+}
+
+std::string dateText(const Date& date, const Regional& regional) {
+    std::string text;
+    appendDateText(text, date, regional);
+    return text;
+}
+
 }  // namespace
+
+void appendNumberText(std::string& text, double number, const Regional& regional) {
+    if (number == 0) {
+        text += '0';
+        return;
+    }
+    constexpr int significantDigits = 15;
+    std::array<char, 40> digits{};
+    const auto result = std::to_chars(digits.data(), digits.data() + digits.size(), number,
+                                      std::chars_format::general, significantDigits);
+    for (const char* at = digits.data(); at != result.ptr; ++at) {
+        if (*at == '.')
+            text += regional.decimal;
+        else
+            text += *at == 'e' ? 'E' : *at;
+    }
+}
+
+void appendDecimalText(std::string& text, std::string_view number, const Regional& regional) {
+    if (number.find('.') != std::string_view::npos) {
+        number = number.substr(0, number.find_last_not_of('0') + 1);
+        if (number.ends_with('.')) number.remove_suffix(1);
+    }
+    if (number.empty() || number == "-") {
+        text += '0';
+        return;
+    }
+    if (number.starts_with("-.")) {
+        text += '-';
+        number.remove_prefix(1);
+    }
+    if (number.front() == '.') text += '0';
+    const std::size_t point = number.find('.');
+    text += number.substr(0, point);
+    if (point == std::string_view::npos) return;
+    text += regional.decimal;
+    text += number.substr(point + 1);
+}
+
+void appendDateText(std::string& text, const Date& date, const Regional& regional) {
+    const std::string& s = regional.dateSeparator;
+    const DigitPairs day(date.day, 2);
+    const DigitPairs month(date.month, 2);
+    const DigitPairs year(date.year, 4);
+    switch (regional.dateOrder) {
+        case DateOrder::dayMonthYear:
+            text.append(day).append(s).append(month).append(s).append(year);
+            break;
+        case DateOrder::monthDayYear:
+            text.append(month).append(s).append(day).append(s).append(year);
+            break;
+        case DateOrder::yearMonthDay:
+            text.append(year).append(s).append(month).append(s).append(day);
+            break;
+    }
+    if (date.hour == 0 && date.minute == 0 && date.second == 0) return;
+    text.append(" ").append(DigitPairs(date.hour, 2)).append(":");
+    text.append(DigitPairs(date.minute, 2)).append(":").append(DigitPairs(date.second, 2));
+}
 
 double leadingNumber(std::string_view text) {
     std::string compact;

@@ -26,6 +26,11 @@ std::string toText(const Variant& value, const Regional& regional);
 /// The same, but Null gives the empty text.
 std::string toTextOrEmpty(const Variant& value, const Regional& regional);
 
+/// The texts of an exact number in the form of Decimal, of a number and of a date, appended.
+void appendDecimalText(std::string& text, std::string_view number, const Regional& regional);
+void appendNumberText(std::string& text, double number, const Regional& regional);
+void appendDateText(std::string& text, const Date& date, const Regional& regional);
+
 /// Conversions to whole numbers round half to even. They raise invalidUseOfNull, typeMismatch (a
 /// text that is not numeric) or overflow.
 std::uint8_t toByte(const Variant& value, const Regional& regional);

@@ -78,7 +78,33 @@ std::string isoText(const Date& date) {
     return text + "." + fraction;
 }
 
+namespace {
+
+/// The number of some digits, negative when one of them is no digit.
+int digitsAt(const char* text, int count) {
+    int number = 0;
+    for (int i = 0; i < count; ++i) {
+        const int digit = text[i] - '0';
+        if (digit < 0 || digit > 9) return -1;
+        number = 10 * number + digit;
+    }
+    return number;
+}
+
+/// A day without a time, or at midnight, which is what most dates of a list are.
+std::optional<Date> wholeDay(std::string_view text) {
+    constexpr std::size_t daySize = 10;
+    if (text.size() < daySize || text[4] != '-' || text[7] != '-') return std::nullopt;
+    if (text.size() > daySize && text.substr(daySize) != " 00:00:00") return std::nullopt;
+    const Date date{digitsAt(text.data(), 4), digitsAt(text.data() + 5, 2),
+                    digitsAt(text.data() + 8, 2)};
+    return isValid(date) ? std::optional(date) : std::nullopt;
+}
+
+}  // namespace
+
 std::optional<Date> dateFromIso(std::string_view text) {
+    if (const auto day = wholeDay(text)) return day;
     Reader reader(text);
     Date date{0, 0, 0};
     if (!reader.digits(4, date.year) || !reader.one("-") || !reader.digits(2, date.month) ||

@@ -20,6 +20,14 @@ std::vector<char32_t> charactersOf(std::string_view text) {
     return characters;
 }
 
+/// nextCharacter, without a call for the characters that most texts are made of.
+inline char32_t characterAt(std::string_view text, std::size_t& at) {
+    const auto byte = static_cast<unsigned char>(text[at]);
+    if (byte >= 0x80) return nextCharacter(text, at);
+    ++at;
+    return byte;
+}
+
 using Ranges = std::vector<std::pair<char32_t, char32_t>>;
 
 Ranges rangesOf(const char32_t* from, const char32_t* to) {
@@ -83,6 +91,18 @@ LikePattern::LikePattern(std::string_view pattern) {
         tokens_.push_back(std::move(token));
     }
     findPlainSubstring();
+    findRequiredText();
+}
+
+void LikePattern::findRequiredText() {
+    std::string piece;
+    for (const Token& token : tokens_) {
+        if (token.kind == Token::Kind::literal)
+            appendCharacter(piece, token.character);
+        else
+            piece.clear();
+        if (piece.size() > required_.size()) required_ = piece;
+    }
 }
 
 void LikePattern::findPlainSubstring() {
@@ -114,13 +134,13 @@ bool LikePattern::matches(std::string_view text) const {
             continue;
         }
         std::size_t next = at;
-        if (token < tokens_.size() && tokens_[token].accepts(nextCharacter(text, next))) {
+        if (token < tokens_.size() && tokens_[token].accepts(characterAt(text, next))) {
             at = next;
             ++token;
             continue;
         }
         if (afterRun == std::string_view::npos) return false;
-        nextCharacter(text, runEnd);
+        characterAt(text, runEnd);
         at = runEnd;
         token = afterRun;
     }

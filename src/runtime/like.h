@@ -20,6 +20,9 @@ class LikePattern {
     /// The text between the two "*" when the pattern is "*plain*" without any other wildcard, so
     /// that a caller can search for it in bulk; null otherwise.
     [[nodiscard]] const std::string* plainSubstring() const;
+    /// A piece of text that is in everything that matches, the longest there is; empty when the
+    /// pattern has no such piece.
+    [[nodiscard]] const std::string& requiredText() const { return required_; }
 
   private:
     struct Token {
@@ -31,9 +34,11 @@ class LikePattern {
         [[nodiscard]] bool accepts(char32_t c) const;
     };
     void findPlainSubstring();
+    void findRequiredText();
 
     std::vector<Token> tokens_;
     std::string plain_;
+    std::string required_;
     bool isPlain_ = false;
 };
 

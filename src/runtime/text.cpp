@@ -61,9 +61,9 @@ Found findFrom(std::string_view text, std::string_view find, std::size_t from, C
 }  // namespace
 
 std::string_view trim(std::string_view text) {
-    const std::size_t first = text.find_first_not_of(' ');
-    if (first == std::string_view::npos) return {};
-    return text.substr(first, text.find_last_not_of(' ') - first + 1);
+    while (text.ends_with(' ')) text.remove_suffix(1);
+    while (text.starts_with(' ')) text.remove_prefix(1);
+    return text;
 }
 
 std::string upperCase(std::string_view text) {

@@ -88,7 +88,7 @@ TEST_F(WorkbookTest, HoldsWhatTheGridShowsInItsOrderAndLook) {
     grid_.setCheck(1, 3, CheckState::checked);
     grid_.setCheck(2, 3, CheckState::unchecked);
     constexpr int rightAligned = 7;
-    for (int row = 1; row < grid_.rows(); ++row) grid_.setAlignment(row, 4, rightAligned);
+    grid_.setColumnAlignment(4, rightAligned);
     grid_.setRowHidden(3, true);
     grid_.sort(0, sort_order::descending);
     EXPECT_EQ(

@@ -28,7 +28,7 @@ class GridPagesTest : public testing::Test {
             grid_.setText(row, 0, std::to_string(row));
             grid_.setText(row, 1, name);
             grid_.setCheck(row, 2, CheckState::checked);
-            grid_.setAlignment(row, 0, 7);
+            grid_.setColumnAlignment(0, 7);
         }
     }
     const std::vector<PrintedPage>& print() {
@@ -163,7 +163,7 @@ TEST_F(GridPagesTest, AlignmentCodesGoByThrees) {
     for (const auto& [code, align] : codes) {
         grid_.clearRows();
         addRows(1, "x");
-        grid_.setAlignment(1, 1, code);
+        grid_.setColumnAlignment(1, code);
         print();
         EXPECT_EQ(find("x").align, align) << code;
         EXPECT_EQ(find("Nombre").align, align) << code;

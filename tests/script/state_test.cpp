@@ -152,7 +152,7 @@ class PrintedRows : public testing::Test {
             const int row = grid_.addRow();
             grid_.setText(row, 0, name);
             grid_.setCode(row, std::to_string(row * 10));
-            grid_.setAlignment(row, 0, 1);
+            grid_.setColumnAlignment(0, 1);
         }
         grid_.setCheck(1, 1, CheckState::checked);
         grid_.setCheck(2, 1, CheckState::unchecked);

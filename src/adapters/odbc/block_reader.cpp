@@ -54,12 +54,16 @@ bool BlockReader::next() {
     return !ended_;
 }
 
-std::optional<std::string> BlockReader::cell(std::size_t column) const {
+std::optional<TransferredCell> BlockReader::transferred(std::size_t column,
+                                                        std::size_t ahead) const {
     const Buffer& buffer = buffers_[column];
-    const SQLLEN length = buffer.indicators[row_];
+    const std::size_t row = row_ + ahead;
+    const SQLLEN length = buffer.indicators[row];
     if (length == SQL_NULL_DATA) return std::nullopt;
-    return textOfTransferred(buffer.type, buffer.data.data() + row_ * buffer.width,
-                             static_cast<std::size_t>(length));
+    // Only texts have a length of their own.
+    const std::size_t size =
+        buffer.type == SQL_C_CHAR ? static_cast<std::size_t>(length) : buffer.width;
+    return TransferredCell{buffer.type, {buffer.data.data() + row * buffer.width, size}};
 }
 
 bool BlockReader::fetchBlock() {

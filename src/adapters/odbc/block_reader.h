@@ -19,7 +19,9 @@ class BlockReader : public RowReader {
     BlockReader& operator=(const BlockReader&) = delete;
 
     bool next() override;
-    [[nodiscard]] std::optional<std::string> cell(std::size_t column) const override;
+    [[nodiscard]] std::size_t rowsAtHand() const override { return fetched_ - row_; }
+    [[nodiscard]] std::optional<TransferredCell> transferred(std::size_t column,
+                                                             std::size_t ahead) const override;
 
   private:
     struct Buffer {

@@ -2,6 +2,7 @@
 
 #include <algorithm>
 
+#include "adapters/odbc/cell_text.h"
 #include "adapters/odbc/select_condition.h"
 #include "adapters/odbc/statement_text.h"
 #include "runtime/error.h"
@@ -66,6 +67,19 @@ Variant OdbcResultset::value(int index) const {
 
 Variant OdbcResultset::value(std::string_view name) const {
     return value(static_cast<int>(indexOf(name)));
+}
+
+std::size_t OdbcResultset::rowsAtHand() const {
+    return showsWhatWasRead() ? reader_->rowsAtHand() : rdoResultset::rowsAtHand();
+}
+
+void OdbcResultset::shownTexts(int index, const Regional& regional, TextBlock& block) const {
+    requireOpen();
+    const std::size_t number = checked(index);
+    if (showsWhatWasRead())
+        cellTexts(*reader_, number, columns_[number].kind, regional, block);
+    else
+        rdoResultset::shownTexts(index, regional, block);
 }
 
 void OdbcResultset::AddNew() {

@@ -25,6 +25,8 @@ class OdbcResultset : public rdoResultset {
     [[nodiscard]] const ColumnDescription& column(int index) const override;
     [[nodiscard]] Variant value(int index) const override;
     [[nodiscard]] Variant value(std::string_view name) const override;
+    [[nodiscard]] std::size_t rowsAtHand() const override;
+    void shownTexts(int index, const Regional& regional, TextBlock& block) const override;
     void AddNew() override;
     void Edit() override;
     void setValue(std::string_view name, Variant value) override;
@@ -45,6 +47,10 @@ class OdbcResultset : public rdoResultset {
     [[nodiscard]] std::size_t checked(int index) const;
     [[nodiscard]] std::size_t indexOf(std::string_view name) const;
     [[nodiscard]] const Assigned* assigned(std::size_t column) const;
+    /// Whether values are those that were fetched.
+    [[nodiscard]] bool showsWhatWasRead() const {
+        return mode_ == Mode::reading && row_ == Row::current && written_.empty();
+    }
     void requireWritable() const;
     void requireCurrentRow() const;
     void requireOpen() const;

@@ -22,12 +22,17 @@ SQLSMALLINT transferType(Dialect dialect, ColumnKind kind) {
     }
 }
 
-std::string textOfTransferred(SQLSMALLINT type, const char* data, std::size_t length) {
-    if (type == SQL_C_UTINYINT) return *data != 0 ? "1" : "0";
-    if (type != SQL_C_DOUBLE) return {data, length};
+std::string textOfTransferred(const TransferredCell& cell) {
+    if (cell.type == SQL_C_UTINYINT) return cell.bytes.front() != 0 ? "1" : "0";
+    if (cell.type != SQL_C_DOUBLE) return std::string(cell.bytes);
     double value = 0;
-    std::memcpy(&value, data, sizeof value);
+    std::memcpy(&value, cell.bytes.data(), sizeof value);
     return shortestText(value);
+}
+
+std::optional<std::string> RowReader::cell(std::size_t column) const {
+    const auto found = transferred(column, 0);
+    return found ? std::optional(textOfTransferred(*found)) : std::nullopt;
 }
 
 std::unique_ptr<RowReader> makeRowReader(const OdbcHandle& statement, Dialect dialect,

@@ -2,6 +2,7 @@
 #include <memory>
 #include <optional>
 #include <string>
+#include <string_view>
 #include <vector>
 
 #include "adapters/odbc/column_info.h"
@@ -10,14 +11,26 @@
 
 namespace catalogador {
 
+/// A value in the buffer that it was fetched into, and the C type (SQL_C_…) that it has there.
+struct TransferredCell {
+    SQLSMALLINT type = SQL_C_CHAR;
+    std::string_view bytes;
+};
+
 /// Reads the rows of an executed statement one after another.
 class RowReader {
   public:
     virtual ~RowReader() = default;
     /// Goes to the next row (at first to the first one); false when there is none.
     virtual bool next() = 0;
-    /// The text of a column of the current row, whole; nullopt for NULL. Valid until next().
-    [[nodiscard]] virtual std::optional<std::string> cell(std::size_t column) const = 0;
+    /// Rows from the current one on that were fetched with it.
+    [[nodiscard]] virtual std::size_t rowsAtHand() const { return 1; }
+    /// A column of the `ahead`-th row at hand (0 is the current one) as it was transferred, whole;
+    /// nullopt for NULL. Valid until next().
+    [[nodiscard]] virtual std::optional<TransferredCell> transferred(std::size_t column,
+                                                                     std::size_t ahead) const = 0;
+    /// The text of a column of the current row, whole; nullopt for NULL.
+    [[nodiscard]] std::optional<std::string> cell(std::size_t column) const;
 };
 
 /// By blocks of rows into bound buffers where the driver lets a block be fetched again with larger
@@ -29,7 +42,7 @@ std::unique_ptr<RowReader> makeRowReader(const OdbcHandle& statement, Dialect di
 /// whose text a driver rounds or gives in binary.
 SQLSMALLINT transferType(Dialect dialect, ColumnKind kind);
 
-/// The text of a value that was taken over in that C type.
-std::string textOfTransferred(SQLSMALLINT type, const char* data, std::size_t length);
+/// The text of a value that was taken over.
+std::string textOfTransferred(const TransferredCell& cell);
 
 }  // namespace catalogador

@@ -35,8 +35,8 @@ std::optional<std::string> SingleRowReader::read(SQLUSMALLINT number, SQLSMALLIN
         const bool more = type == SQL_C_CHAR && result == SQL_SUCCESS_WITH_INFO &&
                           (length == SQL_NO_TOTAL || length >= static_cast<SQLLEN>(piece_.size()));
         // A piece that is followed by another ends with the terminator.
-        text += textOfTransferred(type, piece_.data(),
-                                  more ? piece_.size() - 1 : static_cast<std::size_t>(length));
+        const std::size_t size = more ? piece_.size() - 1 : static_cast<std::size_t>(length);
+        text += textOfTransferred({type, {piece_.data(), size}});
         if (!more) return text;
     }
 }

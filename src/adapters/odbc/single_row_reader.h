@@ -15,8 +15,10 @@ class SingleRowReader : public RowReader {
                     const std::vector<ColumnInfo>& columns);
 
     bool next() override;
-    [[nodiscard]] std::optional<std::string> cell(std::size_t column) const override {
-        return cells_[column];
+    [[nodiscard]] std::optional<TransferredCell> transferred(std::size_t column,
+                                                             std::size_t) const override {
+        const auto& cell = cells_[column];
+        return cell ? std::optional(TransferredCell{SQL_C_CHAR, *cell}) : std::nullopt;
     }
 
   private:

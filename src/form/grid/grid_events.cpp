@@ -77,12 +77,10 @@ void frmCatalogador::grdGrilla_Sort(int column, int order) {
     mintColOrden = static_cast<std::int16_t>(column);
     mintOrden = static_cast<std::int16_t>(order);
     // The user goes on with the record that was selected, wherever the sort puts it.
-    for (int at = RecordGrid::fixedRows; !selected.empty() && at < grdGrilla.rows(); ++at) {
-        if (grdGrilla.code(at) != selected) continue;
-        grdGrilla.select(at, 0);
-        if (!grdGrilla.rowIsShown(at)) grdGrilla.setTopRow(at);
-        return;
-    }
+    const int at = selected.empty() ? 0 : grdGrilla.findCode(selected);
+    if (at == 0) return;
+    grdGrilla.select(at, 0);
+    if (!grdGrilla.rowIsShown(at)) grdGrilla.setTopRow(at);
 }
 
 void frmCatalogador::grdGrilla_AfterUserResize() {

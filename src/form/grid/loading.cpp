@@ -1,8 +1,11 @@
 #include <algorithm>
+#include <optional>
+#include <span>
 
 #include "form/frmCatalogador.h"
 #include "modules/modIds.h"
 #include "runtime/convert.h"
+#include "runtime/error.h"
 #include "runtime/text.h"
 
 namespace catalogador {
@@ -25,7 +28,37 @@ class RedrawOff {
     RecordGrid& grid_;
 };
 
+std::size_t at(int column) {
+    return static_cast<std::size_t>(column);
+}
+
+/// nullopt for a text that is neither yes nor no.
+std::optional<bool> yesOrNo(std::string_view text, const Regional& regional) {
+    if (text == "True") return true;
+    if (text == "False") return false;
+    try {
+        return toBoolean(Variant(text), regional);
+    } catch (const RuntimeError&) {
+        return std::nullopt;
+    }
+}
+
+/// What every cell of the grid is shown as.
+std::span<const std::string_view> trimmed(std::span<std::string_view> texts) {
+    for (std::string_view& text : texts)
+        if (text.data() != nullptr) text = trim(text);
+    return texts;
+}
+
 }  // namespace
+
+/// A column of the listing and the cells of it that were read last.
+struct frmCatalogador::ListColumn {
+    bool bit = false;
+    TextBlock cells;
+    /// What the cells of a bit column say, up to one that cannot be read.
+    std::vector<CheckState> checks;
+};
 
 void frmCatalogador::CargarGrilla() {
     trap("CargarGrilla", [&] {
@@ -61,28 +94,48 @@ std::string frmCatalogador::listingStatement() {
 }
 
 void frmCatalogador::appendRows() {
-    for (; !mrdoRegistro->atEnd(); mrdoRegistro->MoveNext()) appendRow();
-}
-
-void frmCatalogador::appendRow() {
-    const int row = grdGrilla.addRow();
     const int shown = std::min(mrdoRegistro->columnCount(), grdGrilla.columns());
-    for (int column = 0; column < shown; ++column) {
-        // A first row that holds Null must not take the check boxes away from the other rows.
-        if (row == RecordGrid::fixedRows && column > 0 && isBit(column))
-            grdGrilla.setColumnBoolean(column - 1, true);
-        const Variant value = mrdoRegistro->value(column);
-        if (value.isNull()) continue;
-        if (column == 0)
-            grdGrilla.setCode(row, trim(toText(value, host_.regional)));
-        else
-            setGridCell(row, column, value);
-    }
+    std::vector<ListColumn> list(static_cast<std::size_t>(std::max(0, shown)));
+    for (int column = 0; column < shown; ++column)
+        list[at(column)].bit = column > 0 && isBit(column);
     for (int column = 0; column < shown - 1; ++column) {
         const double code = grdGrilla.headerData(column).value_or(0);
-        grdGrilla.setAlignment(
-            row, column,
-            code > 0 ? static_cast<int>(std::min(code, largestAlignment)) : leftCentred);
+        grdGrilla.setColumnAlignment(
+            column, code > 0 ? static_cast<int>(std::min(code, largestAlignment)) : leftCentred);
+    }
+    while (const std::size_t count = mrdoRegistro->rowsAtHand()) {
+        for (int column = 0; column < shown; ++column)
+            mrdoRegistro->shownTexts(column, host_.regional, list[at(column)].cells);
+        appendBlock(list, count);
+        mrdoRegistro->skipRows(count);
+    }
+    grdGrilla.packRows();
+}
+
+void frmCatalogador::appendBlock(std::vector<ListColumn>& list, std::size_t count) {
+    std::size_t readable = count;
+    for (ListColumn& column : list)
+        if (column.bit) readable = std::min(readable, readableChecks(column));
+    appendPart(list, 0, readable);
+    // What cannot be read is an error of its row; the rows before it are there.
+    if (readable < count) appendPart(list, readable, readable + 1);
+}
+
+void frmCatalogador::appendPart(std::vector<ListColumn>& list, std::size_t from, std::size_t to) {
+    const int first = grdGrilla.addRows(to - from);
+    for (int number = 0; number < static_cast<int>(list.size()); ++number) {
+        ListColumn& column = list[at(number)];
+        const std::span texts(column.cells.texts.data() + from, to - from);
+        if (number == 0) {
+            setGridCodes(first, texts);
+        } else if (!column.bit) {
+            grdGrilla.setTexts(first, number - 1, trimmed(texts));
+        } else {
+            // A first row that holds Null must not take the check boxes away from the others.
+            grdGrilla.setColumnBoolean(number - 1, true);
+            for (std::size_t i = from; i < to; ++i)
+                setGridCheck(first + static_cast<int>(i - from), number, column, list.front(), i);
+        }
     }
 }
 
@@ -90,20 +143,42 @@ bool frmCatalogador::isBit(int column) const {
     return mrdoRegistro->column(column).type == bitColumnType;
 }
 
-void frmCatalogador::setGridCell(int row, int column, const Variant& value) {
-    if (isBit(column))
-        setGridCheck(row, column, value);
-    else
-        grdGrilla.setText(row, column - 1, trim(toText(value, host_.regional)));
+std::size_t frmCatalogador::readableChecks(ListColumn& column) {
+    const std::vector<std::string_view>& texts = column.cells.texts;
+    column.checks.clear();
+    for (const std::string_view text : texts) {
+        const auto checked = text.data() == nullptr ? false : yesOrNo(text, host_.regional);
+        if (!checked) break;
+        column.checks.push_back(text.data() == nullptr ? CheckState::none
+                                : *checked             ? CheckState::checked
+                                                       : CheckState::unchecked);
+    }
+    return column.checks.size();
 }
 
-void frmCatalogador::setGridCheck(int row, int column, const Variant& value) {
-    bool checked = toBoolean(value, host_.regional);
-    if (mlngIdVista == viewClassifications) {
-        const std::string code = toText(mrdoRegistro->value(0), host_.regional);
-        checked = !containsText("," + mstrListaNoMarcados + ",", "," + code + ",", Compare::binary);
+void frmCatalogador::setGridCodes(int row, std::span<const std::string_view> codes) {
+    for (const std::string_view code : codes) {
+        if (code.data() != nullptr) grdGrilla.setCode(row, trim(code));
+        ++row;
     }
-    grdGrilla.setCheck(row, column - 1, checked ? CheckState::checked : CheckState::unchecked);
+}
+
+void frmCatalogador::setGridCheck(int row, int number, const ListColumn& column,
+                                  const ListColumn& codes, std::size_t index) {
+    const std::string_view text = column.cells.texts[index];
+    if (text.data() == nullptr) return;
+    // Raises what is wrong with a cell that could not be read.
+    if (index == column.checks.size()) (void)toBoolean(Variant(text), host_.regional);
+    CheckState state = column.checks[index];
+    if (mlngIdVista == viewClassifications) {
+        const std::string_view code = codes.cells.texts[index];
+        const Variant value = code.data() == nullptr ? Variant() : Variant(code);
+        const bool unticked =
+            containsText("," + mstrListaNoMarcados + ",", "," + toText(value, host_.regional) + ",",
+                         Compare::binary);
+        state = unticked ? CheckState::unchecked : CheckState::checked;
+    }
+    grdGrilla.setCheck(row, number - 1, state);
 }
 
 void frmCatalogador::sortAsLoaded() {

@@ -15,36 +15,6 @@ namespace {
 }
 }  // namespace
 
-std::string_view RecordGrid::PackedTexts::at(std::size_t row) const {
-    if (row >= ends.size()) return {};
-    const std::size_t from = row == 0 ? 0 : ends[row - 1];
-    return std::string_view(bytes).substr(from, ends[row] - from);
-}
-
-void RecordGrid::PackedTexts::append(std::size_t row, std::string_view text) {
-    // Rows that were never written are empty.
-    ends.resize(row, static_cast<std::uint32_t>(bytes.size()));
-    if (bytes.size() + text.size() > UINT32_MAX)
-        throw RuntimeError(7, "The list is too large to be shown");
-    bytes.append(text);
-    ends.push_back(static_cast<std::uint32_t>(bytes.size()));
-}
-
-void RecordGrid::PackedTexts::replace(std::size_t row, std::string_view text) {
-    const std::size_t from = row == 0 ? 0 : ends[row - 1];
-    const std::size_t before = ends[row] - from;
-    bytes.replace(from, before, text);
-    for (std::size_t i = row; i < ends.size(); ++i)
-        ends[i] = static_cast<std::uint32_t>(ends[i] + text.size() - before);
-}
-
-void RecordGrid::PackedTexts::put(std::size_t row, std::string_view text) {
-    if (row < ends.size())
-        replace(row, text);
-    else
-        append(row, text);
-}
-
 void RecordGrid::changedWhenDrawn() {
     if (redraw_) changed();
 }
@@ -52,12 +22,12 @@ void RecordGrid::changedWhenDrawn() {
 void RecordGrid::clearRows() {
     for (Column& column : columns_) {
         column.texts = {};
-        column.checks.clear();
-        column.alignments.clear();
+        column.checks = {};
+        column.alignment = 0;
     }
     codes_ = {};
-    order_.clear();
-    hidden_.clear();
+    order_ = {};
+    hidden_ = {};
     sortColumn_ = -1;
     sortOrder_ = sort_order::none;
     row_ = column_ = 0;
@@ -123,15 +93,22 @@ void RecordGrid::setColumnBoolean(int column, bool boolean) {
 }
 
 int RecordGrid::addRow() {
-    order_.push_back(static_cast<std::uint32_t>(hidden_.size()));
-    hidden_.push_back(false);
+    return addRows(1);
+}
+
+int RecordGrid::addRows(std::size_t count) {
+    const int first = rows();
+    for (; count > 0; --count) {
+        if (!order_.empty()) order_.push_back(static_cast<std::uint32_t>(hidden_.size()));
+        hidden_.push_back(false);
+    }
     rowsChanged();
-    return rows() - 1;
+    return first;
 }
 
 std::size_t RecordGrid::stored(int row) const {
     if (row < fixedRows || row >= rows()) outOfRange();
-    return order_[static_cast<std::size_t>(row - fixedRows)];
+    return storedAt(static_cast<std::size_t>(row - fixedRows));
 }
 
 std::string_view RecordGrid::text(int row, int column) const {
@@ -144,7 +121,15 @@ void RecordGrid::setText(int row, int column, std::string_view text) {
     changedWhenDrawn();
 }
 
-std::string_view RecordGrid::code(int row) const {
+void RecordGrid::setTexts(int row, int column, std::span<const std::string_view> texts) {
+    if (texts.empty()) return;
+    // Rows that were appended stand last, whatever the sort, as they are stored.
+    (void)stored(row + static_cast<int>(texts.size()) - 1);
+    columnAt(column).texts.append(stored(row), texts);
+    changedWhenDrawn();
+}
+
+std::string RecordGrid::code(int row) const {
     return codes_.at(stored(row));
 }
 
@@ -153,13 +138,13 @@ void RecordGrid::setCode(int row, std::string_view code) {
 }
 
 CheckState RecordGrid::check(int row, int column) const {
-    const std::vector<CheckState>& checks = columnAt(column).checks;
+    const PackedArray<CheckState>& checks = columnAt(column).checks;
     const std::size_t index = stored(row);
     return index < checks.size() ? checks[index] : CheckState::none;
 }
 
 void RecordGrid::setCheck(int row, int column, CheckState state) {
-    std::vector<CheckState>& checks = columnAt(column).checks;
+    PackedArray<CheckState>& checks = columnAt(column).checks;
     const std::size_t index = stored(row);
     if (index >= checks.size()) checks.resize(index + 1, CheckState::none);
     checks[index] = state;
@@ -167,24 +152,38 @@ void RecordGrid::setCheck(int row, int column, CheckState state) {
 }
 
 int RecordGrid::alignment(int row, int column) const {
-    const std::vector<std::uint8_t>& alignments = columnAt(column).alignments;
-    const std::size_t index = stored(row);
-    return index < alignments.size() ? alignments[index] : 0;
+    const int alignment = columnAt(column).alignment;
+    return row >= fixedRows && row < rows() ? alignment : 0;
 }
 
-void RecordGrid::setAlignment(int row, int column, int alignment) {
-    std::vector<std::uint8_t>& alignments = columnAt(column).alignments;
-    const std::size_t index = stored(row);
-    if (index >= alignments.size()) alignments.resize(index + 1, 0);
-    alignments[index] = static_cast<std::uint8_t>(alignment);
+void RecordGrid::setColumnAlignment(int column, int alignment) {
+    columnAt(column).alignment = alignment;
     changedWhenDrawn();
 }
 
+void RecordGrid::packRows() {
+    for (Column& column : columns_) {
+        column.texts.shrink();
+        column.checks.shrink();
+    }
+    codes_.shrink();
+    hidden_.shrink();
+}
+
 int RecordGrid::findCode(std::int32_t code) const {
-    const std::string wanted = decimalText(code);
-    for (int row = fixedRows; row < rows(); ++row)
-        if (codes_.at(order_[static_cast<std::size_t>(row - fixedRows)]) == wanted) return row;
-    return 0;
+    return findCode(decimalText(code));
+}
+
+int RecordGrid::findCode(std::string_view code) const {
+    const std::vector<std::uint32_t> found = codes_.rowsWith(code);
+    if (found.empty()) return 0;
+    if (order_.empty()) return fixedRows + static_cast<int>(found.front());
+    const auto first = found.size() == 1
+                           ? std::find(order_.begin(), order_.end(), found.front())
+                           : std::find_if(order_.begin(), order_.end(), [&](std::uint32_t row) {
+                                 return std::binary_search(found.begin(), found.end(), row);
+                             });
+    return fixedRows + static_cast<int>(first - order_.begin());
 }
 
 void RecordGrid::setSortIndicator(int mode) {
@@ -214,9 +213,8 @@ bool RecordGrid::rowIsShown(int row) const {
     const int index = visibleIndex(row);
     if (index < 0) return false;
     // The top row itself may be hidden by now; what counts is the first visible row from it on.
-    int top = topRow_;
-    while (top < rows() && visibleIndex(top) < 0) ++top;
-    const int first = top < rows() ? visibleIndex(top) : 0;
+    const int from = visibleIndexFrom(topRow_);
+    const int first = from < visibleRows() ? from : 0;
     return index >= first && index < first + rowsThatFit();
 }
 

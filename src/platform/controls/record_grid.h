@@ -3,11 +3,14 @@
 #include <cstdint>
 #include <functional>
 #include <optional>
+#include <span>
 #include <string>
 #include <string_view>
 #include <vector>
 
 #include "platform/controls/control.h"
+#include "platform/controls/packed_texts.h"
+#include "platform/controls/row_marks.h"
 #include "runtime/like.h"
 
 namespace catalogador {
@@ -58,7 +61,7 @@ class RecordGrid : public Control {
     static constexpr int booleanType = 11;
 
     /// Number of rows, the header included.
-    [[nodiscard]] int rows() const { return fixedRows + static_cast<int>(order_.size()); }
+    [[nodiscard]] int rows() const { return fixedRows + static_cast<int>(hidden_.size()); }
     /// Removes all data rows.
     void clearRows();
     [[nodiscard]] int columns() const { return static_cast<int>(columns_.size()); }
@@ -81,16 +84,23 @@ class RecordGrid : public Control {
 
     /// Appends an empty row and gives its number. Appended rows come last whatever the sort.
     int addRow();
+    /// Appends so many of them and gives the number of the first.
+    int addRows(std::size_t count);
     /// Row numbers from 1. All cell members raise subscriptOutOfRange outside of the grid.
     [[nodiscard]] std::string_view text(int row, int column) const;
     void setText(int row, int column, std::string_view text);
+    /// The texts of rows that were just appended, from a row on; one without data() sets nothing.
+    void setTexts(int row, int column, std::span<const std::string_view> texts);
     /// The row's code as text.
-    [[nodiscard]] std::string_view code(int row) const;
+    [[nodiscard]] std::string code(int row) const;
     void setCode(int row, std::string_view code);
     [[nodiscard]] CheckState check(int row, int column) const;
     void setCheck(int row, int column, CheckState state);
+    /// All data rows of a column have the same alignment, 0 until it is set.
     [[nodiscard]] int alignment(int row, int column) const;
-    void setAlignment(int row, int column, int alignment);
+    void setColumnAlignment(int column, int alignment);
+    /// Gives back the memory that growing took in advance; for after the last row of a load.
+    void packRows();
 
     [[nodiscard]] bool rowHidden(int row) const;
     void setRowHidden(int row, bool hidden);
@@ -103,8 +113,12 @@ class RecordGrid : public Control {
     [[nodiscard]] int visibleRow(int n) const;
     /// Which visible data row a row is (from 0), -1 when it is hidden or the header.
     [[nodiscard]] int visibleIndex(int row) const;
+    /// Which visible data row is the first from that row on; visibleRows() when all are hidden.
+    [[nodiscard]] int visibleIndexFrom(int row) const;
     /// The first row whose code is that number, 0 when there is none.
     [[nodiscard]] int findCode(std::int32_t code) const;
+    /// The same for the code as text.
+    [[nodiscard]] int findCode(std::string_view code) const;
 
     /// Sorts by a column: empty cells, then numbers by value (with a point or a comma for the
     /// decimals), then everything else as text without regard to case; equal rows keep their
@@ -151,16 +165,6 @@ class RecordGrid : public Control {
     bool defaultKey(int keyCode, int modifiers) override;
 
   private:
-    /// The texts of one column in one buffer; `ends[i]` is where the text of stored row i ends.
-    struct PackedTexts {
-        std::string bytes;
-        std::vector<std::uint32_t> ends;
-
-        [[nodiscard]] std::string_view at(std::size_t row) const;
-        void append(std::size_t row, std::string_view text);
-        void replace(std::size_t row, std::string_view text);
-        void put(std::size_t row, std::string_view text);
-    };
     struct Column {
         std::string header;
         std::optional<double> headerData;
@@ -168,26 +172,34 @@ class RecordGrid : public Control {
         bool hidden = false;
         bool boolean = false;
         PackedTexts texts;
-        std::vector<CheckState> checks;
-        std::vector<std::uint8_t> alignments;
+        PackedArray<CheckState> checks;
+        int alignment = 0;
     };
 
     [[nodiscard]] std::size_t stored(int row) const;
+    /// The stored row of the n-th data row (from 0), hidden ones counted.
+    [[nodiscard]] std::size_t storedAt(std::size_t n) const {
+        return order_.empty() ? n : order_[n];
+    }
     [[nodiscard]] const Column& columnAt(int column) const;
     Column& columnAt(int column);
     void rowsChanged();
     void buildVisible() const;
+    void knowVisible() const {
+        if (!visibleKnown_) buildVisible();
+    }
     void changedWhenDrawn();
 
     std::vector<Column> columns_;
-    PackedTexts codes_;
-    /// Stored row of each data row in the order of the sort.
+    PackedCodes codes_;
+    /// Stored row of each data row in the order of the sort; empty while that is as they came.
     std::vector<std::uint32_t> order_;
     /// By stored row.
-    std::vector<bool> hidden_;
-    /// Row numbers of the visible rows and the inverse, built when first asked for.
+    RowMarks hidden_;
+    /// How many rows are hidden, and the row numbers of the others when there are any hidden ones;
+    /// built when first asked for.
     mutable std::vector<std::uint32_t> visible_;
-    mutable std::vector<std::uint32_t> visibleIndex_;
+    mutable std::size_t hiddenRows_ = 0;
     mutable bool visibleKnown_ = false;
     int row_ = 0;
     int column_ = 0;
