@@ -82,9 +82,9 @@ void filter(frmCatalogador& form, int rounds) {
         for (int round = 0; round < rounds; ++round) {
             double count = 0;
             report(std::string("memmem_") + each.name,
-                   secondsOf([&] { count = occurrences(folded, plain); }));
+                   processorSecondsOf([&] { count = occurrences(folded, plain); }));
             const LikePattern pattern("*" + plain + "*");
-            report(std::string("filter_") + each.name, secondsOf([&] {
+            report(std::string("filter_") + each.name, processorSecondsOf([&] {
                        grid.filter(pattern);
                        count = grid.visibleRows();
                    }));
@@ -93,18 +93,14 @@ void filter(frmCatalogador& form, int rounds) {
     }
     for (int round = 0; round < rounds; ++round) {
         const LikePattern set("*MART[IÍ]NEZ L?PEZ*");
-        report("wildcard_few", secondsOf([&] { grid.filter(set); }));
+        report("wildcard_few", processorSecondsOf([&] { grid.filter(set); }));
         const LikePattern run("*GARC*MART*L?PEZ*");
-        report("wildcard_run", secondsOf([&] { grid.filter(run); }));
+        report("wildcard_run", processorSecondsOf([&] { grid.filter(run); }));
     }
     grid.showAllRows();
 }
 
-struct Key {
-    std::uint64_t key;
-    std::uint32_t index;
-    bool operator<(const Key& other) const { return key < other.key; }
-};
+using Key = std::pair<std::uint64_t, std::uint32_t>;
 
 std::vector<Key> keysOf(const RecordGrid& grid, int column) {
     std::vector<Key> keys;
@@ -113,7 +109,7 @@ std::vector<Key> keysOf(const RecordGrid& grid, int column) {
         std::uint64_t key = 0;
         for (std::size_t i = 0; i < sizeof key; ++i)
             key = (key << 8U) | (i < folded.size() ? static_cast<unsigned char>(folded[i]) : 0U);
-        keys.push_back({key, static_cast<std::uint32_t>(row)});
+        keys.emplace_back(key, static_cast<std::uint32_t>(row));
     }
     return keys;
 }
@@ -125,12 +121,12 @@ void sort(frmCatalogador& form, int rounds) {
     const std::vector<Key> numberKeys = keysOf(grid, 2);
     for (int round = 0; round < rounds; ++round) {
         std::vector<Key> keys = textKeys;
-        report("std_sort_text", secondsOf([&] { std::sort(keys.begin(), keys.end()); }));
-        report("sort_text", secondsOf([&] { grid.sort(1, sort_order::ascending); }));
+        report("std_sort_text", processorSecondsOf([&] { std::sort(keys.begin(), keys.end()); }));
+        report("sort_text", processorSecondsOf([&] { grid.sort(1, sort_order::ascending); }));
         keys = numberKeys;
-        report("std_sort_number", secondsOf([&] { std::sort(keys.begin(), keys.end()); }));
-        report("sort_number", secondsOf([&] { grid.sort(2, sort_order::ascending); }));
-        report("sort_date", secondsOf([&] { grid.sort(3, sort_order::descending); }));
+        report("std_sort_number", processorSecondsOf([&] { std::sort(keys.begin(), keys.end()); }));
+        report("sort_number", processorSecondsOf([&] { grid.sort(2, sort_order::ascending); }));
+        report("sort_date", processorSecondsOf([&] { grid.sort(3, sort_order::descending); }));
     }
 }
 
@@ -139,9 +135,9 @@ void find(frmCatalogador& form, int rounds) {
     const auto last = static_cast<std::int32_t>(leadingNumber(grid.code(grid.rows() - 1)));
     form.CargarGrilla();
     for (int round = 0; round < rounds; ++round) {
-        report("find_code", secondsOf([&] { (void)grid.findCode(last); }));
+        report("find_code", processorSecondsOf([&] { (void)grid.findCode(last); }));
         form.mlngIdDato = last;
-        report("position", secondsOf([&] { form.PosicionarseGrilla(); }));
+        report("position", processorSecondsOf([&] { form.PosicionarseGrilla(); }));
     }
 }
 

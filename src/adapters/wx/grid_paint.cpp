@@ -1,12 +1,15 @@
 #include <wx/control.h>
 #include <wx/dcbuffer.h>
+#include <wx/dcmemory.h>
 #include <wx/renderer.h>
 #include <wx/settings.h>
 
 #include <algorithm>
+#include <vector>
 
 #include "adapters/wx/appearance.h"
 #include "adapters/wx/grid_view.h"
+#include "runtime/text.h"
 
 namespace catalogador {
 
@@ -79,61 +82,97 @@ void GridView::paintSortArrow(wxDC& dc, const wxRect& cell) {
 }
 
 void GridView::paintRows(wxDC& dc) {
-    const int count = grid_.visibleRows();
     const int first = firstVisible();
     const int fit = GetClientSize().GetHeight() / rowHeight() + 1;
-    for (int n = first; n < std::min(count, first + fit); ++n)
-        paintRow(dc, grid_.visibleRow(n), headerHeight() + (n - first) * rowHeight());
+    const int end = std::min(grid_.visibleRows(), first + fit);
+    std::vector<wxRect> cells;
+    for (int column = 0; column < grid_.columns(); ++column) cells.push_back(columnRect(column));
+    for (int n = first; n < end; ++n)
+        paintRow(dc, grid_.visibleRow(n), headerHeight() + (n - first) * rowHeight(), cells);
+    paintLines(dc, cells, end - first);
+    const int marked = grid_.visibleIndex(grid_.row());
+    if (!HasFocus() || marked < first || marked >= end) return;
+    dc.SetBrush(*wxTRANSPARENT_BRUSH);
+    dc.SetPen(wxPen(selectedTextColour()));
+    dc.DrawRectangle(0, headerHeight() + (marked - first) * rowHeight(), GetClientSize().GetWidth(),
+                     rowHeight());
 }
 
-void GridView::paintRow(wxDC& dc, int row, int top) {
+wxColour GridView::selectedTextColour() const {
     const GridAppearance& look = grid_.appearance();
+    return readableOn(colourOf(look.backColorSel), colourOf(look.foreColorSel));
+}
+
+void GridView::paintRow(wxDC& dc, int row, int top, const std::vector<wxRect>& cells) {
     const wxRect line(0, top, GetClientSize().GetWidth(), rowHeight());
     const bool selected = row == grid_.row();
-    wxColour text = wxSystemSettings::GetColour(wxSYS_COLOUR_WINDOWTEXT);
     if (selected) {
-        const wxColour background = colourOf(look.backColorSel);
         dc.SetPen(*wxTRANSPARENT_PEN);
-        dc.SetBrush(wxBrush(background));
+        dc.SetBrush(wxBrush(colourOf(grid_.appearance().backColorSel)));
         dc.DrawRectangle(line);
-        text = readableOn(background, colourOf(look.foreColorSel));
     }
-    dc.SetTextForeground(text);
-    const wxColour gridColour = colourOf(look.gridColor).ChangeLightness(140);
+    dc.SetTextForeground(selected ? selectedTextColour()
+                                  : wxSystemSettings::GetColour(wxSYS_COLOUR_WINDOWTEXT));
     for (int column = 0; column < grid_.columns(); ++column) {
-        if (grid_.columnHidden(column)) continue;
-        wxRect cell = columnRect(column);
+        wxRect cell = cells[static_cast<std::size_t>(column)];
+        if (grid_.columnHidden(column) || cell.GetRight() < 0 || cell.x > line.width) continue;
         cell.y = top;
-        cell.height = line.height;
-        if (cell.GetRight() < 0 || cell.x > line.width) continue;
         paintCell(dc, row, column, cell);
-        dc.SetPen(wxPen(gridColour));
-        dc.DrawLine(cell.GetRight(), cell.y, cell.GetRight(), cell.GetBottom());
     }
-    dc.SetPen(wxPen(gridColour));
-    dc.DrawLine(0, line.GetBottom(), line.width, line.GetBottom());
-    if (selected && HasFocus()) {
-        dc.SetBrush(*wxTRANSPARENT_BRUSH);
-        dc.SetPen(wxPen(text));
-        dc.DrawRectangle(line);
+}
+
+/// One line across for each row and one down for each column, rather than two for each cell.
+void GridView::paintLines(wxDC& dc, const std::vector<wxRect>& cells, int rows) {
+    if (rows <= 0) return;
+    const int width = GetClientSize().GetWidth();
+    const int bottom = headerHeight() + rows * rowHeight();
+    dc.SetPen(wxPen(colourOf(grid_.appearance().gridColor).ChangeLightness(140)));
+    for (int column = 0; column < grid_.columns(); ++column) {
+        const wxRect& cell = cells[static_cast<std::size_t>(column)];
+        if (grid_.columnHidden(column) || cell.GetRight() < 0 || cell.x > width) continue;
+        dc.DrawLine(cell.GetRight(), headerHeight(), cell.GetRight(), bottom - 1);
     }
+    for (int y = headerHeight() + rowHeight(); y <= bottom; y += rowHeight())
+        dc.DrawLine(0, y - 1, width, y - 1);
 }
 
 void GridView::paintCell(wxDC& dc, int row, int column, const wxRect& cell) {
     const CheckState check = grid_.check(row, column);
-    if (check != CheckState::none)
-        paintCheck(dc, cell, check == CheckState::checked);
-    else
-        paintText(dc, wxText(grid_.text(row, column)), cell, grid_.alignment(row, column));
+    if (check != CheckState::none) {
+        paintCheck(dc, cell, check == CheckState::checked, row == grid_.row());
+        return;
+    }
+    // A character is two pixels wide at least; what lies behind the cell's end is not measured.
+    const auto most = static_cast<std::size_t>(std::max(0, cell.width));
+    const std::string_view text = leftCharacters(grid_.text(row, column), most);
+    if (!text.empty()) paintText(dc, wxText(text), cell, grid_.alignment(row, column));
 }
 
-void GridView::paintCheck(wxDC& dc, const wxRect& cell, bool checked) {
+void GridView::paintCheck(wxDC& dc, const wxRect& cell, bool checked, bool selected) {
     wxSize size = wxRendererNative::Get().GetCheckBoxSize(this);
     size.DecTo(wxSize(cell.width - 2, cell.height - 4));
-    const wxRect box(cell.x + (cell.width - size.x) / 2, cell.y + (cell.height - size.y) / 2,
-                     size.x, size.y);
-    wxRendererNative::Get().DrawCheckBox(this, dc, box,
-                                         checked ? static_cast<int>(wxCONTROL_CHECKED) : 0);
+    if (size.x <= 0 || size.y <= 0) return;
+    dc.DrawBitmap(checkPicture(size, checked, selected), cell.x + (cell.width - size.x) / 2,
+                  cell.y + (cell.height - size.y) / 2);
+}
+
+/// The desktop draws a check box from its theme's files each time, which takes longer than all the
+/// texts of a row.
+const wxBitmap& GridView::checkPicture(const wxSize& size, bool checked, bool selected) {
+    const wxColour background =
+        colourOf(selected ? grid_.appearance().backColorSel : grid_.backColor());
+    CheckPicture& picture = checkPictures_[(checked ? 1U : 0U) + (selected ? 2U : 0U)];
+    if (!picture.bitmap.IsOk() || picture.bitmap.GetSize() != size ||
+        picture.background != background) {
+        picture.bitmap = wxBitmap(size);
+        picture.background = background;
+        wxMemoryDC dc(picture.bitmap);
+        dc.SetBackground(wxBrush(background));
+        dc.Clear();
+        wxRendererNative::Get().DrawCheckBox(this, dc, wxRect(size),
+                                             checked ? static_cast<int>(wxCONTROL_CHECKED) : 0);
+    }
+    return picture.bitmap;
 }
 
 void GridView::paintText(wxDC& dc, const wxString& text, const wxRect& cell, int alignment) {
@@ -141,15 +180,27 @@ void GridView::paintText(wxDC& dc, const wxString& text, const wxRect& cell, int
     wxRect inside = cell;
     inside.Deflate(FromDIP(cellMargin), 0);
     if (inside.width <= 0) return;
-    // Line ends inside of a text would draw it over the rows below.
     wxString line = text;
-    line.Replace("\r", "");
-    line.Replace("\n", " ");
-    const wxString shown =
-        wxControl::Ellipsize(line, dc, wxELLIPSIZE_END, inside.width, wxELLIPSIZE_FLAGS_NONE);
-    constexpr int flags[3] = {wxALIGN_LEFT, wxALIGN_CENTRE_HORIZONTAL, wxALIGN_RIGHT};
+    if (line.find_first_of("\r\n") != wxString::npos) {
+        // Line ends inside of a text would draw it over the rows below.
+        line.Replace("\r", "");
+        line.Replace("\n", " ");
+    }
+    wxSize size = dc.GetTextExtent(line);
+    if (size.x > inside.width) {
+        line =
+            wxControl::Ellipsize(line, dc, wxELLIPSIZE_END, inside.width, wxELLIPSIZE_FLAGS_NONE);
+        size = dc.GetTextExtent(line);
+    }
+    const int room = inside.width - size.x;
+    const int left = inside.x + room * side(alignment) / rightCodes;
+    const int top = inside.y + (inside.height - size.y) / 2;
+    if (room >= 0) {
+        dc.DrawText(line, left, top);
+        return;
+    }
     const wxDCClipper clip(dc, inside);
-    dc.DrawLabel(shown, inside, flags[side(alignment)] | wxALIGN_CENTRE_VERTICAL);
+    dc.DrawText(line, inside.x, top);
 }
 
 }  // namespace catalogador

@@ -73,9 +73,7 @@ int GridView::rowsThatFit() const {
 int GridView::firstVisible() const {
     const int count = grid_.visibleRows();
     if (count == 0) return 0;
-    int row = grid_.topRow();
-    while (row < grid_.rows() && grid_.visibleIndex(row) < 0) ++row;
-    const int index = row < grid_.rows() ? grid_.visibleIndex(row) : count - 1;
+    const int index = std::min(grid_.visibleIndexFrom(grid_.topRow()), count - 1);
     return std::clamp(index, 0, std::max(0, count - rowsThatFit()));
 }
 

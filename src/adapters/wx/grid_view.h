@@ -1,6 +1,10 @@
 #pragma once
+#include <wx/bitmap.h>
 #include <wx/dc.h>
 #include <wx/window.h>
+
+#include <array>
+#include <vector>
 
 #include "platform/controls/record_grid.h"
 
@@ -37,9 +41,12 @@ class GridView : public wxWindow {
     void onPaint(wxPaintEvent& event);
     void paintHeader(wxDC& dc);
     void paintRows(wxDC& dc);
-    void paintRow(wxDC& dc, int row, int top);
+    void paintRow(wxDC& dc, int row, int top, const std::vector<wxRect>& cells);
+    void paintLines(wxDC& dc, const std::vector<wxRect>& cells, int rows);
     void paintCell(wxDC& dc, int row, int column, const wxRect& cell);
-    void paintCheck(wxDC& dc, const wxRect& cell, bool checked);
+    void paintCheck(wxDC& dc, const wxRect& cell, bool checked, bool selected);
+    const wxBitmap& checkPicture(const wxSize& size, bool checked, bool selected);
+    [[nodiscard]] wxColour selectedTextColour() const;
     void paintText(wxDC& dc, const wxString& text, const wxRect& cell, int alignment);
     void paintSortArrow(wxDC& dc, const wxRect& cell);
 
@@ -51,7 +58,14 @@ class GridView : public wxWindow {
     void updateScrollbars();
     void dragColumn(const wxMouseEvent& event);
 
+    /// A check box as it was drawn once.
+    struct CheckPicture {
+        wxBitmap bitmap;
+        wxColour background;
+    };
+
     RecordGrid& grid_;
+    std::array<CheckPicture, 4> checkPictures_;
     int shownRows_ = 0;
     int scrolledX_ = 0;
     int draggedColumn_ = -1;
