@@ -11,7 +11,8 @@ namespace catalogador {
 
 /// The number at the start of a text: blanks, tabs and line feeds anywhere are skipped, then an
 /// optional sign, digits with "." as decimal point whatever the locale, an exponent (1e3, 1d3),
-/// or &H / &O for hexadecimal / octal. A text that does not start with a number gives 0.
+/// or &H / &O for hexadecimal / octal. A text that does not start with a number gives 0. Raises
+/// overflow for a number beyond what there is.
 double leadingNumber(std::string_view text);
 
 /// Whether the whole value can be read as a number in this locale: signs before or after, decimal

@@ -50,7 +50,8 @@ void checkNumbers(const Variant& value, const Regional& regional) {
 }
 
 void checkTexts(const std::string& text, const std::string& other) {
-    leadingNumber(text);
+    const std::int32_t error = errorOf([&] { leadingNumber(text); });
+    require(error == 0 || error == error_number::overflow);
     require(trim(trim(text)) == trim(text));
     require(upperCase(upperCase(text)) == upperCase(text));
     require(foldCase(foldCase(text)) == foldCase(text));

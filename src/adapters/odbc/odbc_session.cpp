@@ -273,20 +273,26 @@ void OdbcSession::begin() {
     if (transactions_ > 0) {
         run("SAVEPOINT " + savepoint(), {});
     } else if (dialect_ == Dialect::sqlite) {
-        letOthersWrite();
-        // A lock that is taken at once can be waited for; one that is taken later may fail.
-        run("BEGIN IMMEDIATE", {});
+        beginSqlite();
     } else {
         leaveAutocommit();
     }
     ++transactions_;
 }
 
-void OdbcSession::letOthersWrite() const {
-    // Whoever waits for SQLite's lock looks for it now and then only. Without a pause, one who
-    // writes again and again would take it every time.
-    constexpr std::chrono::milliseconds longerThanBetweenTwoLooks{11};
-    std::this_thread::sleep_until(lastWritten_ + longerThanBetweenTwoLooks);
+void OdbcSession::beginSqlite() {
+    using namespace std::chrono_literals;
+    constexpr auto longerThanBetweenTwoLooks = 11ms;
+    constexpr auto noticeableWait = 5ms;
+    constexpr auto memoryOfOthers = 5s;
+    // Whoever waits for SQLite's lock looks for it now and then only. While there are such others,
+    // one who writes again and again must pause, or would take it every time.
+    if (Clock::now() < othersUntil_)
+        std::this_thread::sleep_until(lastWritten_ + longerThanBetweenTwoLooks);
+    const auto start = Clock::now();
+    // A lock that is taken at once can be waited for; one that is taken later may fail.
+    run("BEGIN IMMEDIATE", {});
+    if (Clock::now() - start > noticeableWait) othersUntil_ = Clock::now() + memoryOfOthers;
 }
 
 void OdbcSession::commit() {
@@ -313,7 +319,7 @@ void OdbcSession::endTransaction(SQLSMALLINT how) {
     if (dialect_ == Dialect::sqlite) {
         run(how == SQL_COMMIT ? "COMMIT" : "ROLLBACK", {});
         transactions_ = 0;
-        lastWritten_ = std::chrono::steady_clock::now();
+        lastWritten_ = Clock::now();
         return;
     }
     // Whatever comes of it, the transaction is over: a server that is gone has rolled it back.

@@ -57,6 +57,8 @@ class OdbcSession {
     StatementListener* listener = nullptr;
 
   private:
+    using Clock = std::chrono::steady_clock;
+
     [[nodiscard]] std::vector<std::vector<Variant>> rowsOf(const OdbcHandle& statement,
                                                            const std::string& sql) const;
     void connect();
@@ -70,7 +72,7 @@ class OdbcSession {
     void reconnectIfLost();
     void setAutocommit(bool on);
     void leaveAutocommit();
-    void letOthersWrite() const;
+    void beginSqlite();
     void endTransaction(SQLSMALLINT how);
     [[nodiscard]] std::string savepoint() const;
 
@@ -83,7 +85,9 @@ class OdbcSession {
     Dialect dialect_ = Dialect::other;
     SqlSyntax syntax_;
     int transactions_ = 0;
-    std::chrono::steady_clock::time_point lastWritten_;
+    Clock::time_point lastWritten_;
+    /// How long it is taken for granted that others are waiting for SQLite's lock.
+    Clock::time_point othersUntil_;
     bool connected_ = false;
     bool lost_ = false;
 };
