@@ -87,7 +87,7 @@ double secondsOf(const std::function<void()>& work) {
 double processorSecondsOf(const std::function<void()>& work) {
     const auto now = [] {
         timespec time{};
-        clock_gettime(CLOCK_THREAD_CPUTIME_ID, &time);
+        clock_gettime(CLOCK_PROCESS_CPUTIME_ID, &time);
         return static_cast<double>(time.tv_sec) + static_cast<double>(time.tv_nsec) * 1e-9;
     };
     const double start = now();

@@ -47,8 +47,8 @@ void report(const std::string& name, double value);
 
 /// Seconds that a piece of work takes.
 double secondsOf(const std::function<void()>& work);
-/// The same, without the time in which the processor did something else: for work that waits for
-/// nothing, on a machine that is shared.
+/// Seconds of processor time that the program uses for it: for work that waits for nothing, on a
+/// machine that is shared.
 double processorSecondsOf(const std::function<void()>& work);
 
 }  // namespace catalogador::bench

@@ -86,6 +86,7 @@ def measure_load(measures, connection, rounds, table):
         if measures.rows <= 100_000 and os.path.exists(os.path.join(PROGRAMS, "qt_models")):
             measures.add(run("qt_models", "load", connection, sql, 2), drop_first=True)
     table.ratio("load", measures, "load", "bare_load", 1.3)
+    table.ratio("load, processor time of the program", measures, "load_processor", "bare_load_processor", 1.3)
     table.ratio("load, beside Qt's model with every cell read", measures, "load", "qt_read", 1)
     table.ratio("load, beside Qt's model that only counted its rows", measures, "load", "qt_load", 1)
     table.ratio("memory after it, beside the texts", measures, "held_bytes", "text_bytes", 1.5, unit="MB")

@@ -2,6 +2,9 @@
 
 #include <charconv>
 #include <filesystem>
+#ifdef __GLIBC__
+#include <malloc.h>
+#endif
 
 #include "adapters/services/settings.h"
 #include "runtime/error.h"
@@ -69,6 +72,14 @@ std::unique_ptr<rdoConnection> openFile(const std::string& file, const Timeouts&
     }
 }
 
+/// Long statements run beside the window. What drivers allocate there would come from a pool of its
+/// own, which costs a sixth of a large load.
+void shareOnePool() {
+#ifdef __GLIBC__
+    mallopt(M_ARENA_MAX, 1);
+#endif
+}
+
 }  // namespace
 
 std::unique_ptr<rdoConnection> createDatabase(const std::string& file) {
@@ -76,6 +87,7 @@ std::unique_ptr<rdoConnection> createDatabase(const std::string& file) {
 }
 
 std::unique_ptr<rdoConnection> openDatabase(const Options& options) {
+    shareOnePool();
     if (options.connectionString.empty()) return openFile(options.database, timeoutsOf(options));
     return openServer(options);
 }

@@ -201,6 +201,12 @@ class frmCatalogador : public Window {
     std::string listingStatement();
     void appendRows();
     struct ListColumn;
+    class Loading;
+    /// Opens the listing; false when the user stopped that.
+    bool openListing();
+    /// Tells how many rows there are; false when the user wants no more of them.
+    bool keepLoading();
+    void tellStopped();
     void appendBlock(std::vector<ListColumn>& list, std::size_t count);
     /// Whether a column of the form's resultset holds yes or no.
     [[nodiscard]] bool isBit(int column) const;
@@ -289,6 +295,8 @@ class frmCatalogador : public Window {
     std::string mstrAnchoColumnas;
     bool mblnPorEmpresa = false;
     std::string mstrListaNoMarcados;
+    /// Whether the user stopped the last load.
+    bool loadStopped_ = false;
     std::int16_t mintColOrden = 0;
     std::int16_t mintOrden = 0;
     bool mblnSinFiltro = true;

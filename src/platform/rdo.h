@@ -1,4 +1,5 @@
 #pragma once
+#include <functional>
 #include <memory>
 #include <string>
 #include <string_view>
@@ -104,6 +105,11 @@ class rdoConnection {
                                                         int lock = lockOptimisticByValues) = 0;
     /// Runs one statement; gives the number of rows it touched (-1 when the driver does not tell).
     virtual std::int64_t Execute(const std::string& sql) = 0;
+
+    /// Called now and then, by whoever runs a statement, while that statement takes long; false
+    /// stops the statement, which then fails. Empty for nobody. A connection that cannot tell never
+    /// calls it.
+    virtual void setWaiting(std::function<bool()> /*waiting*/) {}
 
     /// `listener` may be null and must outlive its use.
     virtual void setListener(StatementListener* listener) = 0;

@@ -67,7 +67,8 @@ class Surface {
     [[nodiscard]] virtual Rect clientRect(const Window& window) const = 0;
 
     /// Tells how far a long piece of work is and keeps the window alive; `done` equal to `total`
-    /// ends it. False when the user wants it stopped.
+    /// ends it. `total` is unknownTotal where nobody knows. False when the user wants it stopped.
+    static constexpr int unknownTotal = -1;
     virtual bool progress(Window& /*window*/, int /*done*/, int /*total*/) { return true; }
 
     /// Lets the desktop handle what is pending, such as painting.

@@ -24,6 +24,20 @@ class Sqlite : public testing::Test {
     std::unique_ptr<OdbcConnection> connection_ = OdbcConnection::open(stringFor(file_.path()));
 };
 
+TEST_F(Sqlite, AStatementThatTakesLongTellsWhoeverWaitsAndCanBeStopped) {
+    int calls = 0;
+    connection_->setWaiting([&] { return ++calls < 3; });
+    EXPECT_FALSE(errorOf([&] {
+                     connection_->OpenResultset(
+                         "With Recursive n(i) As (Select 1 Union All Select i + 1 From n Where i < "
+                         "1000000000) Select Count(*) From n");
+                 }).empty());
+    EXPECT_EQ(calls, 3);
+    const auto rows = connection_->OpenResultset("Select 7");
+    EXPECT_EQ(rows->value(0), Variant(7));
+    EXPECT_EQ(calls, 3);
+}
+
 TEST_F(Sqlite, GivesStoredTextWhereItDoesNotFitTheDeclaredType) {
     connection_->run(
         "CREATE TABLE t (a INTEGER, b BIT, c NUMERIC(10,2), d DOUBLE, e TIMESTAMP, f DATE, "

@@ -47,6 +47,10 @@ std::int64_t OdbcConnection::Execute(const std::string& sql) {
     return session_->run(sql, {});
 }
 
+void OdbcConnection::setWaiting(std::function<bool()> waiting) {
+    session_->waiting = std::move(waiting);
+}
+
 void OdbcConnection::setListener(StatementListener* listener) {
     session_->listener = listener;
 }

@@ -2,6 +2,8 @@
 
 #include <algorithm>
 #include <array>
+#include <chrono>
+#include <future>
 #include <thread>
 
 #include "adapters/odbc/bound_parameters.h"
@@ -202,15 +204,31 @@ OdbcHandle OdbcSession::executeOnce(const std::string& text,
     SQLSetStmtAttr(statement.get(), SQL_ATTR_CURSOR_TYPE, attributeValue(SQL_CURSOR_STATIC), 0);
     SQLSetStmtAttr(statement.get(), SQL_ATTR_NOSCAN, attributeValue(SQL_NOSCAN_ON), 0);
     BoundParameters bound(statement, parameters);
-    const auto length = static_cast<SQLINTEGER>(text.size());
-    // Run without being prepared, a statement whose answer is cut off brings MariaDB's driver down.
-    const bool prepared = dialect_ == Dialect::mariadb;
-    if (prepared) statement.check(SQLPrepare(statement.get(), sqlText(text), length));
-    const SQLRETURN result = prepared ? SQLExecute(statement.get())
-                                      : SQLExecDirect(statement.get(), sqlText(text), length);
+    const SQLRETURN result = runText(statement, text);
     statement.check(result);
     if (warnings != nullptr && result == SQL_SUCCESS_WITH_INFO) *warnings = statement.diagnostics();
     return statement;
+}
+
+SQLRETURN OdbcSession::runText(const OdbcHandle& statement, const std::string& text) const {
+    const auto run = [&] {
+        const auto length = static_cast<SQLINTEGER>(text.size());
+        if (dialect_ != Dialect::mariadb)
+            return SQLExecDirect(statement.get(), sqlText(text), length);
+        // Run without being prepared, a statement whose answer is cut off brings this driver down.
+        const SQLRETURN prepared = SQLPrepare(statement.get(), sqlText(text), length);
+        return SQL_SUCCEEDED(prepared) ? SQLExecute(statement.get()) : prepared;
+    };
+    if (!waiting) return run();
+    // Drivers read all rows before they come back, so whoever waits would wait for all of them.
+    constexpr std::chrono::milliseconds betweenCalls{100};
+    std::future<SQLRETURN> result = std::async(std::launch::async, run);
+    bool wanted = true;
+    while (result.wait_for(betweenCalls) != std::future_status::ready) {
+        wanted = wanted && waiting();
+        if (!wanted) SQLCancel(statement.get());
+    }
+    return result.get();
 }
 
 std::vector<ColumnInfo> OdbcSession::columnsOf(const OdbcHandle& statement,

@@ -1,6 +1,7 @@
 #pragma once
 #include <chrono>
 #include <cstdint>
+#include <functional>
 #include <memory>
 #include <string>
 #include <vector>
@@ -53,6 +54,8 @@ class OdbcSession {
     void commit();
     void rollback();
 
+    /// Called while a statement runs long, if not empty; false stops the statement.
+    std::function<bool()> waiting;
     /// Null or whoever is told of the statements.
     StatementListener* listener = nullptr;
 
@@ -67,6 +70,7 @@ class OdbcSession {
     void prepareMariadb();
     OdbcHandle executeOnce(const std::string& text, const std::vector<Parameter>& parameters,
                            std::string* warnings);
+    [[nodiscard]] SQLRETURN runText(const OdbcHandle& statement, const std::string& text) const;
     /// Whether a failure means that the connection is gone.
     [[nodiscard]] bool meansLost(const RuntimeError& error) const;
     void reconnectIfLost();

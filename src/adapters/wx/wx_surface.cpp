@@ -154,19 +154,25 @@ void WxSurface::syncAll() {
 }
 
 bool WxSurface::progress(Window& window, int done, int total) {
-    constexpr int shownAfter = 1000;
-    if (done >= total) {
+    // Milliseconds; drawing each step would take longer than the work.
+    const wxLongLong shownAfter = 1000;
+    const wxLongLong betweenSteps = 50;
+    if (done == total) {
         endProgress();
         return true;
     }
     if (progressBegan_ == 0) progressBegan_ = wxGetUTCTimeMillis();
-    if (!progress_ && wxGetUTCTimeMillis() - progressBegan_ < shownAfter) return true;
-    const wxString text = wxString::Format("%d / %d", done, total);
+    const wxLongLong now = wxGetUTCTimeMillis();
+    if (now - progressBegan_ < (progress_ ? nextProgress_ : shownAfter)) return true;
+    nextProgress_ = now - progressBegan_ + betweenSteps;
+    const bool known = total != unknownTotal;
+    const wxString text =
+        known ? wxString::Format("%d / %d", done, total) : wxString::Format("%d", done);
     if (!progress_)
         progress_ = std::make_unique<wxProgressDialog>(
-            wxText(window.caption()), text, total, nativeWindow(window),
-            wxPD_APP_MODAL | wxPD_CAN_ABORT | wxPD_REMAINING_TIME);
-    if (progress_->Update(done, text)) return true;
+            wxText(window.caption()), text, known ? total : 1, nativeWindow(window),
+            wxPD_APP_MODAL | wxPD_CAN_ABORT | (known ? wxPD_REMAINING_TIME : 0));
+    if (known ? progress_->Update(done, text) : progress_->Pulse(text)) return true;
     endProgress();
     return false;
 }

@@ -71,6 +71,8 @@ class WxSurface : public Surface {
     std::function<void(Window&)> runner_;
     int pointer_ = 0;
     wxLongLong progressBegan_ = 0;
+    /// When the progress is shown again, in milliseconds from its begin.
+    wxLongLong nextProgress_ = 0;
     std::unique_ptr<wxProgressDialog> progress_;
 };
 

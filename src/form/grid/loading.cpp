@@ -4,6 +4,7 @@
 
 #include "form/frmCatalogador.h"
 #include "modules/modIds.h"
+#include "modules/modLenguaje.h"
 #include "runtime/convert.h"
 #include "runtime/error.h"
 #include "runtime/text.h"
@@ -15,6 +16,7 @@ namespace {
 constexpr int leftCentred = 1;
 /// More than any alignment code that there is.
 constexpr double largestAlignment = 255;
+constexpr std::int32_t listStoppedMessage = 119;
 
 /// Draws the grid again when the load ends, however it ends.
 class RedrawOff {
@@ -60,22 +62,67 @@ struct frmCatalogador::ListColumn {
     std::vector<CheckState> checks;
 };
 
+/// While it lives the user sees how far the load is, and can stop it.
+class frmCatalogador::Loading {
+  public:
+    explicit Loading(frmCatalogador& form) : form_(form) {
+        form_.loadStopped_ = false;
+        if (form_.mrdoCBase != nullptr)
+            form_.mrdoCBase->setWaiting([this] { return form_.keepLoading(); });
+    }
+    ~Loading() {
+        if (form_.mrdoCBase != nullptr) form_.mrdoCBase->setWaiting(nullptr);
+        form_.surface().progress(form_, 0, 0);
+    }
+    Loading(const Loading&) = delete;
+    Loading& operator=(const Loading&) = delete;
+
+  private:
+    frmCatalogador& form_;
+};
+
 void frmCatalogador::CargarGrilla() {
     trap("CargarGrilla", [&] {
         if (!mstrModo.empty()) grdGrilla.clearRows();
         mstrSQL = listingStatement();
         const PointerDuring hourglass(surface());
         if (!mstrSQL.empty()) {
-            openRecords();
+            const Loading loading(*this);
+            const bool opened = openListing();
             const RedrawOff quiet(grdGrilla);
-            appendRows();
-            mrdoRegistro->Close();
+            if (opened) appendRows();
+            if (opened) mrdoRegistro->Close();
             ignoringErrors([&] { sortAsLoaded(); });
         }
         ignoringErrors([&] { SimularFiltrar(); });
         ignoringErrors([&] { sortAsRemembered(); });
         ignoringErrors([&] { PosicionarseGrilla(); });
     });
+    if (loadStopped_) tellStopped();
+}
+
+bool frmCatalogador::openListing() {
+    try {
+        openRecords();
+        return true;
+    } catch (const RuntimeError&) {
+        if (!loadStopped_) throw;
+        return false;
+    }
+}
+
+bool frmCatalogador::keepLoading() {
+    if (!surface().progress(*this, grdGrilla.rows() - RecordGrid::fixedRows, Surface::unknownTotal))
+        loadStopped_ = true;
+    return !loadStopped_;
+}
+
+void frmCatalogador::tellStopped() {
+    loadStopped_ = false;
+    const std::string rows = decimalText(grdGrilla.rows() - RecordGrid::fixedRows);
+    host_.messages.MostrarMensaje(
+        replaceText(ObtenerMensaje(listStoppedMessage), "[p1]", rows, Compare::binary),
+        styleExclamation, mstrAppName);
 }
 
 std::string frmCatalogador::listingStatement() {
@@ -108,6 +155,7 @@ void frmCatalogador::appendRows() {
             mrdoRegistro->shownTexts(column, host_.regional, list[at(column)].cells);
         appendBlock(list, count);
         mrdoRegistro->skipRows(count);
+        if (!keepLoading()) break;
     }
     grdGrilla.packRows();
 }
