@@ -1,5 +1,6 @@
 #include "apps/component.h"
 
+#include "adapters/desk/desk.h"
 #include "adapters/languages/catalogue_languages.h"
 #include "adapters/services/access.h"
 #include "adapters/services/regional.h"

@@ -8,6 +8,7 @@
 
 #include "adapters/services/settings.h"
 #include "runtime/error.h"
+#include "runtime/paths.h"
 #include "runtime/text.h"
 
 namespace catalogador {
@@ -56,7 +57,7 @@ Timeouts timeoutsOf(const Options& options) {
 
 std::unique_ptr<rdoConnection> openFile(const std::string& file, const Timeouts& timeouts) {
     const std::string what = "cannot open the database " + file;
-    if (!std::filesystem::is_regular_file(file))
+    if (!std::filesystem::is_regular_file(pathOf(file)))
         throw RuntimeError(error_number::statementFailed,
                            what +
                                ": there is no such file; name another with --database, or make one "

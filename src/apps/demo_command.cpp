@@ -1,17 +1,16 @@
-#include <fcntl.h>
-#include <sys/stat.h>
-#include <unistd.h>
-
 #include <cerrno>
 #include <cstring>
 #include <filesystem>
+#include <fstream>
 #include <iostream>
 
 #include "adapters/demo/demo.h"
+#include "adapters/desk/desk.h"
 #include "apps/commands.h"
 #include "apps/connections.h"
 #include "apps/folders.h"
 #include "runtime/error.h"
+#include "runtime/paths.h"
 #include "runtime/text.h"
 
 namespace catalogador {
@@ -23,7 +22,7 @@ class Draft {
   public:
     explicit Draft(std::filesystem::path target)
         : target_(std::move(target)),
-          draft_(target_.string() + "." + decimalText(getpid()) + ".part") {}
+          draft_(pathOf(pathText(target_) + "." + decimalText(processId()) + ".part")) {}
     ~Draft() {
         std::error_code ignored;
         std::filesystem::remove(draft_, ignored);
@@ -31,14 +30,15 @@ class Draft {
     Draft(const Draft&) = delete;
     Draft& operator=(const Draft&) = delete;
 
-    [[nodiscard]] std::string path() const { return draft_.string(); }
+    [[nodiscard]] std::string path() const { return pathText(draft_); }
     /// An empty file that is its user's alone, before there is anything to read in it.
     void create() const {
-        const int file = ::open(draft_.c_str(), O_WRONLY | O_CREAT | O_CLOEXEC, S_IRUSR | S_IWUSR);
-        if (file < 0)
+        using std::filesystem::perms;
+        std::ofstream file(draft_);
+        if (!file)
             throw std::filesystem::filesystem_error(
                 std::strerror(errno), draft_, std::error_code(errno, std::generic_category()));
-        ::close(file);
+        std::filesystem::permissions(draft_, perms::owner_read | perms::owner_write);
     }
     /// Takes the place of a file that is there already.
     void publish() const { std::filesystem::rename(draft_, target_); }
@@ -49,9 +49,10 @@ class Draft {
 };
 
 std::filesystem::path write(const Options& options) {
-    const std::filesystem::path folder(options.directory);
+    const std::filesystem::path folder(pathOf(options.directory));
     std::filesystem::create_directories(folder);
-    std::filesystem::path file = folder / "demo.db";
+    // Written with the separator that every driver understands.
+    std::filesystem::path file = pathOf(options.directory + "/demo.db");
     const Draft draft(file);
     draft.create();
     DemoOptions demo;
@@ -92,7 +93,7 @@ int fillServer(const Options& options) {
 int demoCommand(const Options& options) {
     if (!options.connectionString.empty()) return fillServer(options);
     try {
-        const std::string file = write(options).string();
+        const std::string file = pathText(write(options));
         std::cout << "The demonstration database is " << file << "\n"
                   << "Open it with: catalogador open --database " << file << " --view 1\n";
         return exitPlayed;

@@ -1,28 +1,26 @@
 #include "apps/folders.h"
 
-#include <pwd.h>
-#include <unistd.h>
-
 #include <filesystem>
+
+#include "adapters/desk/desk.h"
+#include "runtime/paths.h"
 
 namespace catalogador {
 
 namespace {
 
 /// A folder of the program's data: installed beside the program, or the one it was built with.
-std::string installedFolder(const char* name, const char* source) {
-    const auto installed =
-        std::filesystem::path(programFolder()).parent_path() / "share" / "catalogador" / name;
-    return std::filesystem::is_directory(installed) ? installed.string() : source;
+std::string installedFolder(const char* name, [[maybe_unused]] const char* source) {
+    const auto program = pathOf(programFolder());
+#ifdef _WIN32
+    return pathText(program / name);
+#else
+    const auto installed = program.parent_path() / "share" / "catalogador" / name;
+    return std::filesystem::is_directory(installed) ? pathText(installed) : source;
+#endif
 }
 
 }  // namespace
-
-std::string programFolder() {
-    std::error_code failure;
-    const auto program = std::filesystem::read_symlink("/proc/self/exe", failure);
-    return failure ? "." : program.parent_path().string();
-}
 
 std::string languagesFolder() {
     return installedFolder("languages", CATALOGADOR_SOURCE_LANGUAGES);
@@ -30,11 +28,6 @@ std::string languagesFolder() {
 
 std::string helpFolder() {
     return installedFolder("help", CATALOGADOR_SOURCE_HELP);
-}
-
-std::string systemUser() {
-    const passwd* entry = getpwuid(getuid());
-    return entry == nullptr ? "" : entry->pw_name;
 }
 
 }  // namespace catalogador

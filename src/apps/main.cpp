@@ -1,6 +1,7 @@
 #include <exception>
 #include <iostream>
 
+#include "apps/command_line.h"
 #include "apps/commands.h"
 
 namespace {
@@ -26,7 +27,8 @@ int perform(const catalogador::Options& options) {
 
 int main(int argc, char** argv) {
     int exitStatus = catalogador::exitUnusable;
-    const auto options = catalogador::readOptions(argc, argv, exitStatus);
+    const catalogador::CommandLine line(argc, argv);
+    const auto options = catalogador::readOptions(line.count(), line.values(), exitStatus);
     if (!options) return exitStatus;
     try {
         return perform(*options);

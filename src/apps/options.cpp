@@ -119,7 +119,7 @@ void addCommands(CLI::App& app, Options& options) {
 
 }  // namespace
 
-std::optional<Options> readOptions(int argc, char** argv, int& exitStatus) {
+std::optional<Options> readOptions(int argc, const char* const* argv, int& exitStatus) {
     Options options;
     CLI::App app("Maintenance screen for coded records", "catalogador");
     app.set_version_flag("--version", "catalogador " CATALOGADOR_VERSION);

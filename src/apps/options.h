@@ -49,6 +49,6 @@ constexpr int exitUnusable = 2;
 
 /// Reads the command line. Without a value the program ends with `exitStatus`: what there was to be
 /// said (help, version, a mistake) has been printed.
-std::optional<Options> readOptions(int argc, char** argv, int& exitStatus);
+std::optional<Options> readOptions(int argc, const char* const* argv, int& exitStatus);
 
 }  // namespace catalogador

@@ -2,7 +2,7 @@
 #include <iostream>
 
 #include "adapters/export/grid_file_writer.h"
-#include "adapters/pdf/pango_fonts.h"
+#include "adapters/pdf/paper_fonts.h"
 #include "adapters/pdf/pdf_writer.h"
 #include "adapters/script/scripted_printer.h"
 #include "adapters/script/scripted_services.h"
@@ -12,6 +12,7 @@
 #include "apps/connections.h"
 #include "apps/real_screen.h"
 #include "runtime/error.h"
+#include "runtime/paths.h"
 
 namespace catalogador {
 
@@ -30,7 +31,7 @@ class PlayedHost {
           messages_(surface),
           connection_(connection),
           language_(services.language),
-          printer_(fonts_, writePdf, transcript, answers),
+          printer_(*fonts_, writePdf, transcript, answers),
           host_{surface,    utilities_, messages_,         access_,       *services.languages,
                 gridFiles_, printer_,   services.regional, "Catalogador", &surface} {
         connection_.setListener(&statements_);
@@ -64,14 +65,14 @@ class PlayedHost {
     rdoConnection& connection_;
     std::int16_t language_;
     GridFileWriter gridFiles_;
-    PangoFonts fonts_;
+    std::unique_ptr<FontMeasure> fonts_ = paperFonts();
     ScriptedPrinter printer_;
     Host host_;
 };
 
 std::unique_ptr<std::ifstream> openScript(const std::string& name) {
     if (name == "-") return nullptr;
-    auto file = std::make_unique<std::ifstream>(name);
+    auto file = std::make_unique<std::ifstream>(pathOf(name));
     // A folder opens, but nothing can be read from it.
     if (!*file || (file->peek() == std::ifstream::traits_type::eof() && file->bad()))
         throw RuntimeError(error_number::invalidProcedureCall,

@@ -6,14 +6,14 @@
 
 namespace catalogador {
 
-std::unique_ptr<clsResources> gobjLenguaje;
+thread_local std::unique_ptr<clsResources> gobjLenguaje;
 std::uint8_t gbytCargasLenguaje = 0;
 
 namespace {
 
 /// Message n is stored under resource id n + 1000.
 constexpr std::int32_t resourceOffset = 1000;
-std::string gstrLibreria;
+thread_local std::string gstrLibreria;
 
 std::uint8_t primaryLanguage(Host& host, const std::string& key) {
     std::uint8_t number = 0;

@@ -7,8 +7,9 @@
 
 namespace catalogador {
 
-/// The language object of the process; nothing until a load succeeds.
-extern std::unique_ptr<clsResources> gobjLenguaje;
+/// The language object of the process, one for each thread that creates objects of the component:
+/// what it was made of may not be used on another one. Nothing until a load succeeds.
+extern thread_local std::unique_ptr<clsResources> gobjLenguaje;
 /// Successful loads in this process.
 extern std::uint8_t gbytCargasLenguaje;
 

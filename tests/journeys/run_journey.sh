@@ -7,6 +7,8 @@
 # With a server, the journey is played on a database of its own there, made in the database that
 # CATALOGADOR_TEST_POSTGRESQL or CATALOGADOR_TEST_MARIADB names; without that it is skipped.
 #
+# A program for Windows (.exe) is run by Wine, in the prefix that WINEPREFIX names.
+#
 # Lines of the script that begin with "#!" hold the options of the run. With ACCEPT=1 in the
 # environment the transcript becomes the accepted one: read it before.
 set -eu
@@ -21,6 +23,21 @@ expected=${script%.script}.expected
 if [ -n "$server" ] && [ -f "${script%.script}.$server.expected" ]; then
     expected=${script%.script}.$server.expected
 fi
+
+case $program in
+    *.exe)
+        if grep -q '^printer ' "$script"; then
+            echo "skipped: the program for Windows writes no PDF files"
+            exit 77
+        fi
+        # There the environment says nothing about separators.
+        case $(sed -n 's/^#! //p' "$script") in
+            *--locale*) play() { wine "$program" "$@"; } ;;
+            *) play() { wine "$program" "$@" --locale C; } ;;
+        esac
+        ;;
+    *) play() { "$program" "$@"; } ;;
+esac
 
 if [ "$surface" = wx ] && [ -z "${DISPLAY:-}" ]; then
     exec xvfb-run -a "$0" "$@"
@@ -75,9 +92,18 @@ export FONTCONFIG_FILE="$work/fonts.conf"
 
 eval "set -- $(sed -n 's/^#! //p' "$script" | tr '\n' ' ')"
 status=0
-"$program" run $connect "$connection" "$@" --surface "$surface" --script "$script" \
+play run $connect "$connection" "$@" --surface "$surface" --script "$script" \
     >transcript || status=$?
 echo "exit status $status" >>transcript
+
+# What Windows says in its own words, and how it writes a folder.
+as_windows() {
+    case $program in
+        *.exe) sed -E 's/\\\\/\//g
+            s/(could not be written: |cannot be created \()[^.)]*/\1/g' ;;
+        *) cat ;;
+    esac
+}
 
 # Places depend on the fonts of a real screen; the widths of the grid's columns do not.
 without_places() {
@@ -96,6 +122,6 @@ without_places() {
 if [ "${ACCEPT:-}" = 1 ]; then
     cp transcript "$expected"
 fi
-if [ -f "$expected" ]; then without_places "$expected" >wanted; else : >wanted; fi
-without_places transcript >got
+if [ -f "$expected" ]; then without_places "$expected" | as_windows >wanted; else : >wanted; fi
+without_places transcript | as_windows >got
 diff -u wanted got

@@ -7,13 +7,22 @@
 #include <ostream>
 
 #include "runtime/convert.h"
+#ifdef _WIN32
+#include "adapters/com/automation_connection.h"
+#include "windows/datos/connection_object.h"
+#endif
 
 namespace catalogador::test {
 
 TemporaryFile::TemporaryFile(const std::string& name) : name_(name) {
-    std::string pattern = (std::filesystem::temp_directory_path() / "rdo-XXXXXX").string();
-    if (mkdtemp(pattern.data()) == nullptr) throw std::runtime_error("no temporary folder");
-    folder_ = pattern;
+    static int folders = 0;
+    // Under Wine the driver does not know the drives that the temporary folder is named by.
+    const char* given = std::getenv("CATALOGADOR_TEST_FOLDER");
+    const std::filesystem::path parent =
+        given != nullptr ? given : std::filesystem::temp_directory_path();
+    do {
+        folder_ = parent / ("rdo-" + std::to_string(getpid()) + "-" + std::to_string(folders++));
+    } while (!std::filesystem::create_directory(folder_));
 }
 
 TemporaryFile::~TemporaryFile() {
@@ -26,6 +35,9 @@ const std::vector<DatabaseKind>& databaseKinds() {
         {"Sqlite", Dialect::sqlite, ""},
         {"Postgresql", Dialect::postgresql, "CATALOGADOR_TEST_POSTGRESQL"},
         {"Mariadb", Dialect::mariadb, "CATALOGADOR_TEST_MARIADB"},
+#ifdef _WIN32
+        {"Automation", Dialect::sqlite, "", true},
+#endif
     };
     return kinds;
 }
@@ -66,8 +78,16 @@ TypeNames RdoTest::types() const {
     }
 }
 
-std::unique_ptr<OdbcConnection> RdoTest::connect(const Timeouts& timeouts) const {
-    return OdbcConnection::open(connectionString_, timeouts);
+std::unique_ptr<TestedConnection> RdoTest::connect(const Timeouts& timeouts) const {
+    const std::shared_ptr<OdbcConnection> odbc = OdbcConnection::open(connectionString_, timeouts);
+#ifdef _WIN32
+    if (GetParam().automation) {
+        AutomationObject object(ComPtr<IDispatch>::owning(new ConnectionObject(odbc)));
+        return std::make_unique<TestedConnection>(
+            odbc, std::make_unique<AutomationConnection>(std::move(object)));
+    }
+#endif
+    return std::make_unique<TestedConnection>(odbc);
 }
 
 void RdoTest::create(const std::string& columns, const std::vector<std::string>& rows) {

@@ -19,7 +19,7 @@ class TemporaryFile {
     ~TemporaryFile();
     TemporaryFile(const TemporaryFile&) = delete;
     TemporaryFile& operator=(const TemporaryFile&) = delete;
-    [[nodiscard]] std::string path() const { return (folder_ / name_).string(); }
+    [[nodiscard]] std::string path() const { return (folder_ / name_).generic_string(); }
 
   private:
     std::filesystem::path folder_;
@@ -32,9 +32,47 @@ struct DatabaseKind {
     std::string name;
     Dialect dialect;
     std::string variable;
+    /// Over the objects that hosts of Windows have, in the place of the driver itself.
+    bool automation = false;
 };
 const std::vector<DatabaseKind>& databaseKinds();
 std::string kindName(const testing::TestParamInfo<DatabaseKind>& info);
+
+/// A connection that a suite runs on.
+class TestedConnection {
+  public:
+    explicit TestedConnection(std::shared_ptr<OdbcConnection> odbc) : odbc_(std::move(odbc)) {}
+    /// What the suite asks of the interface goes by way of `rdo`, which works on the same database
+    /// connection.
+    TestedConnection(std::shared_ptr<OdbcConnection> odbc, std::unique_ptr<rdoConnection> rdo)
+        : odbc_(std::move(odbc)), rdo_(std::move(rdo)) {}
+
+    std::unique_ptr<rdoResultset> OpenResultset(const std::string& sql, int type = openDynamic,
+                                                int lock = lockOptimisticByValues) {
+        return rdo().OpenResultset(sql, type, lock);
+    }
+    std::int64_t Execute(const std::string& sql) { return rdo().Execute(sql); }
+    void setListener(StatementListener* listener) { rdo().setListener(listener); }
+
+    /// The database connection itself.
+    operator OdbcConnection&() { return *odbc_; }
+    [[nodiscard]] Dialect dialect() const { return odbc_->dialect(); }
+    auto query(const std::string& sql, const std::vector<Variant>& values = {}) {
+        return odbc_->query(sql, values);
+    }
+    std::int64_t run(const std::string& sql, const std::vector<Variant>& values = {}) {
+        return odbc_->run(sql, values);
+    }
+    void begin() { odbc_->begin(); }
+    void commit() { odbc_->commit(); }
+    void rollback() { odbc_->rollback(); }
+
+  private:
+    rdoConnection& rdo() { return rdo_ ? *rdo_ : *odbc_; }
+
+    std::shared_ptr<OdbcConnection> odbc_;
+    std::unique_ptr<rdoConnection> rdo_;
+};
 
 /// Names of column types where the databases differ.
 struct TypeNames {
@@ -52,7 +90,7 @@ class RdoTest : public testing::TestWithParam<DatabaseKind> {
 
     [[nodiscard]] Dialect dialect() const { return GetParam().dialect; }
     [[nodiscard]] TypeNames types() const;
-    std::unique_ptr<OdbcConnection> connect(const Timeouts& timeouts = {}) const;
+    [[nodiscard]] std::unique_ptr<TestedConnection> connect(const Timeouts& timeouts = {}) const;
     /// Creates a table with these columns and fills it with these value lists.
     void create(const std::string& columns, const std::vector<std::string>& rows = {});
     std::vector<std::vector<Variant>> all(const std::string& order = "1");
@@ -61,9 +99,9 @@ class RdoTest : public testing::TestWithParam<DatabaseKind> {
     }
 
     std::string table;
-    std::unique_ptr<OdbcConnection> connection;
+    std::unique_ptr<TestedConnection> connection;
     /// Another user at another desk.
-    std::unique_ptr<OdbcConnection> other;
+    std::unique_ptr<TestedConnection> other;
 
   private:
     TemporaryFile file_;

@@ -136,7 +136,7 @@ TEST_P(RdoStatement, InTransactionIsLostWithItsConnection) {
 }
 
 /// Ends the session of `connection` as a server that is stopped would.
-void breakConnection(OdbcConnection& connection, OdbcConnection& other) {
+void breakConnection(test::TestedConnection& connection, test::TestedConnection& other) {
     const bool postgresql = other.dialect() == Dialect::postgresql;
     const Variant session =
         connection.query(postgresql ? "SELECT pg_backend_pid()" : "SELECT CONNECTION_ID()")[0][0];
@@ -307,9 +307,11 @@ TEST_P(RdoStatement, IsToldToTheListenerWithEveryWrite) {
     errorNumberOf([&] { connection->OpenResultset("nonsense", 1, 2); });
     connection->setListener(nullptr);
     connection->OpenResultset(select());
+    // A connection that is driven by names does not tell what table a row is of.
+    const std::string written = GetParam().automation ? "" : table;
     const std::vector<std::string> expected{
-        "open " + select() + " 2 4",      "update " + table + " name",    "delete " + table,
-        "insert " + table + " Name Code", "execute Delete From " + table, "open nonsense 1 2"};
+        "open " + select() + " 2 4",        "update " + written + " name",  "delete " + written,
+        "insert " + written + " Name Code", "execute Delete From " + table, "open nonsense 1 2"};
     EXPECT_EQ(recorder.events, expected);
 }
 

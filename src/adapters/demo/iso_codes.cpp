@@ -6,6 +6,7 @@
 
 #include "adapters/demo/translations.h"
 #include "runtime/error.h"
+#include "runtime/paths.h"
 
 namespace catalogador {
 
@@ -32,7 +33,7 @@ int numberOf(const json& entry) {
 }
 
 json readEntries(const std::string& path, const std::string& standard) {
-    std::ifstream file(path);
+    std::ifstream file(pathOf(path));
     if (!file) {
         throw RuntimeError(error_number::invalidProcedureCall,
                            path + " cannot be read. Install the package iso-codes.");

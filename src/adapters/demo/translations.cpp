@@ -8,6 +8,7 @@
 #include <iterator>
 
 #include "runtime/error.h"
+#include "runtime/paths.h"
 
 namespace catalogador {
 
@@ -73,7 +74,7 @@ Translations::Translations(std::string_view content) {
 }
 
 Translations Translations::fromFile(const std::string& path) {
-    std::ifstream file(path, std::ios::binary);
+    std::ifstream file(pathOf(path), std::ios::binary);
     if (!file) return {};
     const std::string content{std::istreambuf_iterator<char>(file), {}};
     try {

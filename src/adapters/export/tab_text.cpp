@@ -7,6 +7,7 @@
 #include <string>
 
 #include "adapters/export/shown_rows.h"
+#include "adapters/files/open_file.h"
 
 namespace catalogador {
 
@@ -33,7 +34,7 @@ void appendCell(std::string& line, const RecordGrid& grid, int row, int column) 
 
 void writeTabText(const RecordGrid& grid, const ReplacedFile& file,
                   const GridFileOptions& options) {
-    const std::unique_ptr<std::FILE, int (*)(std::FILE*)> out(std::fopen(file.path().c_str(), "wb"),
+    const std::unique_ptr<std::FILE, int (*)(std::FILE*)> out(openFile(file.path(), "wb"),
                                                               std::fclose);
     if (!out) file.fail(std::strerror(errno));
     std::string text = "\xEF\xBB\xBF";

@@ -14,6 +14,7 @@
 #include "adapters/export/shown_rows.h"
 #include "adapters/export/workbook_check.h"
 #include "adapters/export/workbook_text.h"
+#include "adapters/files/open_file.h"
 #include "runtime/error.h"
 
 namespace catalogador {
@@ -38,12 +39,12 @@ constexpr lxw_color_t headerFill = 0xDEE6F0;
 class Workbook {
   public:
     Workbook(const ReplacedFile& file, std::string target)
-        : file_(file), target_(std::move(target)), folder_(file.folder()) {
+        : file_(file), target_(std::move(target)), folder_(narrowPath(file.folder())) {
         lxw_workbook_options options{};
         options.constant_memory = LXW_TRUE;
         // Beside the target, so that a full disk shows in one place.
         options.tmpdir = folder_.data();
-        book_ = workbook_new_opt(file.path().c_str(), &options);
+        book_ = workbook_new_opt(narrowPath(file.path()).c_str(), &options);
         if (book_ == nullptr) file.fail(std::strerror(errno));
     }
     ~Workbook() {

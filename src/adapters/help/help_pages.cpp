@@ -5,6 +5,7 @@
 #include <sstream>
 
 #include "runtime/error.h"
+#include "runtime/paths.h"
 #include "runtime/text.h"
 
 namespace catalogador {
@@ -19,7 +20,7 @@ std::string readText(const std::filesystem::path& file) {
     std::ifstream stream(file, std::ios::binary);
     if (!stream || !std::filesystem::is_regular_file(file))
         throw RuntimeError(error_number::cannotCreateObject,
-                           "The help file " + file.string() +
+                           "The help file " + pathText(file) +
                                " cannot be read; install the help of the program again");
     return {std::istreambuf_iterator<char>(stream), {}};
 }
@@ -61,7 +62,7 @@ std::map<std::int32_t, std::string> readIds(const std::filesystem::path& file) {
 HelpPages::HelpPages(std::filesystem::path folder) : folder_(std::move(folder)) {
     if (!std::filesystem::is_directory(folder_))
         throw RuntimeError(error_number::cannotCreateObject,
-                           "There is no help folder " + folder_.string() +
+                           "There is no help folder " + pathText(folder_) +
                                "; install the help of the program again");
     look_ = readText(folder_ / "look.html");
     ids_ = readIds(folder_ / "ids.txt");

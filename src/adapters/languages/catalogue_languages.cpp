@@ -5,6 +5,7 @@
 
 #include "adapters/languages/po_file.h"
 #include "runtime/error.h"
+#include "runtime/paths.h"
 #include "runtime/text.h"
 
 namespace catalogador {
@@ -34,8 +35,8 @@ class CatalogueTexts : public clsResources {
 
 std::unique_ptr<clsResources> CatalogueLanguages::create(const std::string& progId) {
     const std::string library = progId.substr(0, progId.find('.'));
-    const std::filesystem::path file = std::filesystem::path(folder_) / (library + ".po");
-    return std::make_unique<CatalogueTexts>(readPoFile(file.string()));
+    const std::filesystem::path file = pathOf(folder_) / pathOf(library + ".po");
+    return std::make_unique<CatalogueTexts>(readPoFile(pathText(file)));
 }
 
 }  // namespace catalogador

@@ -1,9 +1,11 @@
 #include "adapters/languages/po_file.h"
 
 #include <fstream>
+#include <sstream>
 #include <string_view>
 
 #include "runtime/error.h"
+#include "runtime/paths.h"
 #include "runtime/text.h"
 
 namespace catalogador {
@@ -13,7 +15,7 @@ namespace {
 /// Reads a catalogue line by line; a quoted line goes on with the keyword before it.
 class PoReader {
   public:
-    explicit PoReader(std::string path) : path_(std::move(path)), input_(path_) {
+    PoReader(std::string path, std::istream& input) : path_(std::move(path)), input_(input) {
         if (!input_)
             throw RuntimeError(error_number::cannotCreateObject, "Cannot read the file " + path_);
     }
@@ -124,7 +126,7 @@ class PoReader {
     }
 
     std::string path_;
-    std::ifstream input_;
+    std::istream& input_;
     int lineNumber_ = 0;
     Part part_ = Part::none;
     bool hasContext_ = false;
@@ -137,7 +139,13 @@ class PoReader {
 }  // namespace
 
 std::map<std::string, std::string> readPoFile(const std::string& path) {
-    return PoReader(path).read();
+    std::ifstream file(pathOf(path));
+    return PoReader(path, file).read();
+}
+
+std::map<std::string, std::string> readPoText(const std::string& content, const std::string& name) {
+    std::istringstream text(content);
+    return PoReader(name, text).read();
 }
 
 }  // namespace catalogador

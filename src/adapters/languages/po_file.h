@@ -8,5 +8,7 @@ namespace catalogador {
 /// obsolete ones are left out. Raises RuntimeError with file and line for a file that cannot be
 /// read or is malformed.
 std::map<std::string, std::string> readPoFile(const std::string& path);
+/// The same for a catalogue that is in memory; `name` is what errors call it.
+std::map<std::string, std::string> readPoText(const std::string& content, const std::string& name);
 
 }  // namespace catalogador

@@ -2,6 +2,7 @@
 
 #include <algorithm>
 
+#include "adapters/odbc/driver_text.h"
 #include "runtime/error.h"
 
 namespace catalogador {
@@ -20,7 +21,7 @@ std::size_t firstWidth(SQLSMALLINT type, const ColumnInfo& column) {
     if (type == SQL_C_UTINYINT) return 1;
     if (type == SQL_C_DOUBLE) return sizeof(double);
     const std::size_t reported = std::min(column.reportedLength, widestTextAtFirst);
-    return std::clamp(reported + signPointAndEnd, narrowestText, widestTextAtFirst);
+    return textUnit * std::clamp(reported + signPointAndEnd, narrowestText, widestTextAtFirst);
 }
 
 }  // namespace
@@ -62,7 +63,7 @@ std::optional<TransferredCell> BlockReader::transferred(std::size_t column,
     if (length == SQL_NULL_DATA) return std::nullopt;
     // Only texts have a length of their own.
     const std::size_t size =
-        buffer.type == SQL_C_CHAR ? static_cast<std::size_t>(length) : buffer.width;
+        buffer.type == transferredText ? static_cast<std::size_t>(length) : buffer.width;
     return TransferredCell{buffer.type, {buffer.data.data() + row * buffer.width, size}};
 }
 
@@ -106,14 +107,14 @@ void BlockReader::bind() {
 bool BlockReader::widenWhatWasCut() {
     bool cut = false;
     for (Buffer& buffer : buffers_) {
-        if (buffer.type != SQL_C_CHAR) continue;
+        if (buffer.type != transferredText) continue;
         std::size_t needed = buffer.width;
         for (std::size_t row = 0; row < fetched_; ++row) {
             const SQLLEN length = buffer.indicators[row];
             if (length == SQL_NO_TOTAL)
                 needed = std::max(needed, 2 * buffer.width);
-            else if (length >= static_cast<SQLLEN>(buffer.width))
-                needed = std::max(needed, static_cast<std::size_t>(length) + 1);
+            else if (length > static_cast<SQLLEN>(buffer.width - textUnit))
+                needed = std::max(needed, static_cast<std::size_t>(length) + textUnit);
         }
         if (needed == buffer.width) continue;
         // Doubling at least keeps the number of repeated fetches small.

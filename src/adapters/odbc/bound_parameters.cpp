@@ -2,6 +2,8 @@
 
 #include <algorithm>
 
+#include "adapters/odbc/driver_text.h"
+
 namespace catalogador {
 
 namespace {
@@ -12,9 +14,10 @@ struct Binding {
     std::size_t size;
 };
 
-Binding bindingOf(const Parameter& parameter) {
-    if (const auto* text = std::get_if<std::string>(&parameter.value))
-        return {SQL_C_CHAR, text->data(), text->size()};
+/// `text` is what the parameter's text became for the driver.
+Binding bindingOf(const Parameter& parameter, const std::string& text) {
+    if (std::holds_alternative<std::string>(parameter.value))
+        return {transferredText, text.data(), text.size()};
     if (const auto* flag = std::get_if<bool>(&parameter.value))
         return {SQL_C_BIT, flag, sizeof *flag};
     if (const auto* number = std::get_if<double>(&parameter.value))
@@ -27,10 +30,12 @@ Binding bindingOf(const Parameter& parameter) {
 
 BoundParameters::BoundParameters(const OdbcHandle& statement,
                                  const std::vector<Parameter>& parameters)
-    : statement_(statement), indicators_(parameters.size()) {
+    : statement_(statement), indicators_(parameters.size()), texts_(parameters.size()) {
     SQLUSMALLINT number = 0;
     for (const Parameter& parameter : parameters) {
-        bind(static_cast<SQLUSMALLINT>(number + 1), parameter, indicators_[number]);
+        if (const auto* text = std::get_if<std::string>(&parameter.value))
+            texts_[number] = textForDriver(*text);
+        bind(static_cast<SQLUSMALLINT>(number + 1), parameter, number);
         ++number;
     }
 }
@@ -39,14 +44,16 @@ BoundParameters::~BoundParameters() {
     SQLFreeStmt(statement_.get(), SQL_RESET_PARAMS);
 }
 
-void BoundParameters::bind(SQLUSMALLINT number, const Parameter& parameter, SQLLEN& indicator) {
-    const Binding binding = bindingOf(parameter);
+void BoundParameters::bind(SQLUSMALLINT number, const Parameter& parameter, std::size_t index) {
+    const Binding binding = bindingOf(parameter, texts_[index]);
+    SQLLEN& indicator = indicators_[index];
     indicator = static_cast<SQLLEN>(binding.size);
+    const bool text = binding.cType == transferredText;
     // Drivers refuse a declared length of 0, also for an empty text.
-    const SQLULEN declared = std::max<SQLULEN>(binding.size, 1);
+    const SQLULEN declared = std::max<SQLULEN>(binding.size / (text ? textUnit : 1), 1);
     statement_.check(SQLBindParameter(statement_.get(), number, SQL_PARAM_INPUT, binding.cType,
-                                      static_cast<SQLSMALLINT>(parameter.sqlType), declared, 0,
-                                      const_cast<void*>(binding.data),
+                                      parameterType(static_cast<SQLSMALLINT>(parameter.sqlType)),
+                                      declared, 0, const_cast<void*>(binding.data),
                                       static_cast<SQLLEN>(binding.size), &indicator));
 }
 

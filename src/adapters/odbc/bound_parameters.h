@@ -1,4 +1,5 @@
 #pragma once
+#include <string>
 #include <vector>
 
 #include "adapters/odbc/odbc_handle.h"
@@ -16,10 +17,11 @@ class BoundParameters {
     BoundParameters& operator=(const BoundParameters&) = delete;
 
   private:
-    void bind(SQLUSMALLINT number, const Parameter& parameter, SQLLEN& indicator);
+    void bind(SQLUSMALLINT number, const Parameter& parameter, std::size_t index);
 
     const OdbcHandle& statement_;
     std::vector<SQLLEN> indicators_;
+    std::vector<std::string> texts_;
 };
 
 }  // namespace catalogador

@@ -25,6 +25,11 @@ std::unique_ptr<OdbcConnection> OdbcConnection::open(const std::string& connecti
         new OdbcConnection(std::make_shared<OdbcSession>(connectionString, timeouts)));
 }
 
+std::unique_ptr<OdbcConnection> OdbcConnection::onHandle(void* handle) {
+    return std::unique_ptr<OdbcConnection>(new OdbcConnection(
+        std::make_shared<OdbcSession>(OdbcHandle::borrowed(SQL_HANDLE_DBC, handle))));
+}
+
 std::string OdbcConnection::sqliteConnectionString(const std::string& file) {
     return connectionStringOfSqliteFile(file);
 }
@@ -53,6 +58,10 @@ void OdbcConnection::setWaiting(std::function<bool()> waiting) {
 
 void OdbcConnection::setListener(StatementListener* listener) {
     session_->listener = listener;
+}
+
+void* OdbcConnection::handle() const {
+    return session_->handle();
 }
 
 Dialect OdbcConnection::dialect() const {

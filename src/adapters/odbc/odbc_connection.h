@@ -19,6 +19,9 @@ class OdbcConnection : public rdoConnection {
     /// Raises RuntimeError (statementFailed) with the driver's text, in which no password appears.
     static std::unique_ptr<OdbcConnection> open(const std::string& connectionString,
                                                 const Timeouts& timeouts = {});
+    /// Works on a connection of the driver manager that somebody else has opened and closes later.
+    /// Raises RuntimeError (statementFailed).
+    static std::unique_ptr<OdbcConnection> onHandle(void* handle);
     /// The connection string of a SQLite file, which is created when it does not exist. Raises
     /// RuntimeError (invalidProcedureCall) for a path that no connection string can carry.
     static std::string sqliteConnectionString(const std::string& file);
@@ -32,6 +35,8 @@ class OdbcConnection : public rdoConnection {
     void setListener(StatementListener* listener) override;
 
     [[nodiscard]] Dialect dialect() const;
+    /// The driver manager's handle of the connection.
+    [[nodiscard]] void* handle() const;
 
     /// Statements of the program's own services, with a value for each "?". No listener is told of
     /// them. Both raise RuntimeError (statementFailed).

@@ -1,18 +1,11 @@
 #include "adapters/odbc/odbc_handle.h"
 
-#include <array>
 #include <utility>
-#include <vector>
 
+#include "adapters/odbc/driver_text.h"
 #include "runtime/error.h"
 
 namespace catalogador {
-
-namespace {
-
-constexpr SQLSMALLINT longestMessage = 4096;
-
-}  // namespace
 
 OdbcHandle::OdbcHandle(SQLSMALLINT kind, SQLHANDLE parent) : kind_(kind) {
     if (!SQL_SUCCEEDED(SQLAllocHandle(kind, parent, &handle_)))
@@ -20,32 +13,34 @@ OdbcHandle::OdbcHandle(SQLSMALLINT kind, SQLHANDLE parent) : kind_(kind) {
                            "The database driver gave no handle (is the connection lost?)");
 }
 
+OdbcHandle OdbcHandle::borrowed(SQLSMALLINT kind, SQLHANDLE handle) {
+    OdbcHandle made;
+    made.kind_ = kind;
+    made.handle_ = handle;
+    made.owned_ = false;
+    return made;
+}
+
 OdbcHandle::~OdbcHandle() {
-    if (handle_ != nullptr) SQLFreeHandle(kind_, handle_);
+    if (handle_ != nullptr && owned_) SQLFreeHandle(kind_, handle_);
 }
 
 OdbcHandle::OdbcHandle(OdbcHandle&& other) noexcept
-    : kind_(other.kind_), handle_(std::exchange(other.handle_, nullptr)) {}
+    : kind_(other.kind_), handle_(std::exchange(other.handle_, nullptr)), owned_(other.owned_) {}
 
 OdbcHandle& OdbcHandle::operator=(OdbcHandle&& other) noexcept {
     std::swap(kind_, other.kind_);
     std::swap(handle_, other.handle_);
+    std::swap(owned_, other.owned_);
     return *this;
 }
 
 std::string OdbcHandle::diagnostics() const {
     std::string all;
-    std::array<SQLCHAR, SQL_SQLSTATE_SIZE + 1> state{};
-    std::vector<SQLCHAR> message(longestMessage);
-    for (SQLSMALLINT record = 1;; ++record) {
-        SQLINTEGER native = 0;
-        SQLSMALLINT length = 0;
-        if (!SQL_SUCCEEDED(SQLGetDiagRec(kind_, handle_, record, state.data(), &native,
-                                         message.data(), longestMessage, &length)))
-            break;
+    DiagnosticRecord record;
+    for (SQLSMALLINT number = 1; readDiagnostic(kind_, handle_, number, record); ++number) {
         if (!all.empty()) all += "; ";
-        all.append(reinterpret_cast<const char*>(state.data())).append(": ");
-        all.append(reinterpret_cast<const char*>(message.data()));
+        all += record.state + ": " + record.message;
     }
     return all;
 }

@@ -1,9 +1,9 @@
 #pragma once
-#include <sql.h>
-#include <sqlext.h>
 
 #include <cstdint>
 #include <string>
+
+#include "adapters/odbc/odbc_api.h"
 
 namespace catalogador {
 
@@ -13,6 +13,8 @@ class OdbcHandle {
     OdbcHandle() = default;
     /// Allocates a handle of that kind (SQL_HANDLE_…). Raises RuntimeError (statementFailed).
     OdbcHandle(SQLSMALLINT kind, SQLHANDLE parent);
+    /// A handle that somebody else has made and will free.
+    static OdbcHandle borrowed(SQLSMALLINT kind, SQLHANDLE handle);
     ~OdbcHandle();
     OdbcHandle(OdbcHandle&& other) noexcept;
     OdbcHandle& operator=(OdbcHandle&& other) noexcept;
@@ -29,6 +31,7 @@ class OdbcHandle {
   private:
     SQLSMALLINT kind_ = 0;
     SQLHANDLE handle_ = nullptr;
+    bool owned_ = true;
 };
 
 /// A whole number as the pointer argument in which the interface expects it.

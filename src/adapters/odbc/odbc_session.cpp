@@ -1,13 +1,13 @@
 #include "adapters/odbc/odbc_session.h"
 
 #include <algorithm>
-#include <array>
 #include <chrono>
 #include <future>
 #include <thread>
 
 #include "adapters/odbc/bound_parameters.h"
 #include "adapters/odbc/connection_string.h"
+#include "adapters/odbc/driver_text.h"
 #include "adapters/odbc/row_reader.h"
 #include "runtime/error.h"
 #include "runtime/text.h"
@@ -15,8 +15,6 @@
 namespace catalogador {
 
 namespace {
-
-constexpr std::size_t longestName = 1024;
 
 Dialect dialectOf(std::string_view product) {
     if (containsText(product, "SQLite", Compare::text)) return Dialect::sqlite;
@@ -27,38 +25,18 @@ Dialect dialectOf(std::string_view product) {
     return Dialect::other;
 }
 
-SQLCHAR* sqlText(const std::string& text) {
-    return reinterpret_cast<SQLCHAR*>(const_cast<char*>(text.data()));
-}
-
-std::string textAttribute(const OdbcHandle& statement, SQLUSMALLINT column, SQLUSMALLINT field) {
-    std::array<char, longestName> text{};
-    SQLSMALLINT length = 0;
-    const SQLRETURN result =
-        SQLColAttribute(statement.get(), column, field, text.data(),
-                        static_cast<SQLSMALLINT>(text.size()), &length, nullptr);
-    return SQL_SUCCEEDED(result) ? std::string(text.data()) : std::string();
-}
-
-ColumnInfo describeColumn(const OdbcHandle& statement, Dialect dialect, SQLUSMALLINT number) {
-    std::array<SQLCHAR, longestName> name{};
-    SQLSMALLINT length = 0;
-    SQLSMALLINT type = 0;
-    SQLSMALLINT digits = 0;
-    SQLSMALLINT nullable = 0;
-    SQLULEN size = 0;
-    statement.check(SQLDescribeCol(statement.get(), number, name.data(),
-                                   static_cast<SQLSMALLINT>(name.size()), &length, &type, &size,
-                                   &digits, &nullable));
+ColumnInfo columnInfo(const OdbcHandle& statement, Dialect dialect, SQLUSMALLINT number) {
+    DescribedColumn described;
+    statement.check(describeColumn(statement.get(), number, described));
     ColumnInfo column;
-    column.name = reinterpret_cast<const char*>(name.data());
+    column.name = described.name;
     // Drivers give a computed column a name, but no table.
-    if (!textAttribute(statement, number, SQL_DESC_BASE_TABLE_NAME).empty())
-        column.baseName = textAttribute(statement, number, SQL_DESC_BASE_COLUMN_NAME);
-    column.typeName = textAttribute(statement, number, SQL_DESC_TYPE_NAME);
-    column.sqlType = type;
-    column.reportedLength = static_cast<std::size_t>(size);
-    column.kind = columnKind(dialect, type, column.typeName);
+    if (!columnText(statement.get(), number, SQL_DESC_BASE_TABLE_NAME).empty())
+        column.baseName = columnText(statement.get(), number, SQL_DESC_BASE_COLUMN_NAME);
+    column.typeName = columnText(statement.get(), number, SQL_DESC_TYPE_NAME);
+    column.sqlType = described.type;
+    column.reportedLength = static_cast<std::size_t>(described.size);
+    column.kind = columnKind(dialect, described.type, column.typeName);
     return column;
 }
 
@@ -92,6 +70,10 @@ OdbcSession::OdbcSession(const std::string& connectionString, const Timeouts& ti
     connect();
 }
 
+OdbcSession::OdbcSession(OdbcHandle borrowed) : connection_(std::move(borrowed)), borrowed_(true) {
+    prepareDialect();
+}
+
 OdbcSession::~OdbcSession() {
     for (const OdbcHandle& lost : lostConnections_) SQLDisconnect(lost.get());
     if (!connected_) return;
@@ -105,10 +87,7 @@ void OdbcSession::connect() {
     SQLSetConnectAttr(
         connection_.get(), SQL_ATTR_LOGIN_TIMEOUT,
         attributeValue(static_cast<std::uintptr_t>(wholeSeconds(timeouts_.login).count())), 0);
-    const SQLRETURN result =
-        SQLDriverConnect(connection_.get(), nullptr, sqlText(connectionString_),
-                         static_cast<SQLSMALLINT>(connectionString_.size()), nullptr, 0, nullptr,
-                         SQL_DRIVER_NOPROMPT);
+    const SQLRETURN result = connectDriver(connection_.get(), connectionString_);
     if (!SQL_SUCCEEDED(result))
         throw RuntimeError(error_number::statementFailed,
                            withoutPasswords(connection_.diagnostics(), connectionString_));
@@ -133,18 +112,14 @@ bool OdbcSession::meansLost(const RuntimeError& error) const {
 }
 
 void OdbcSession::reconnectIfLost() {
-    if (!lost_ || transactions_ > 0) return;
+    if (!lost_ || borrowed_ || transactions_ > 0) return;
     if (connected_) lostConnections_.push_back(std::move(connection_));
     connect();
     lost_ = false;
 }
 
 void OdbcSession::prepareDialect() {
-    std::array<char, longestName> product{};
-    SQLSMALLINT length = 0;
-    SQLGetInfo(connection_.get(), SQL_DBMS_NAME, product.data(),
-               static_cast<SQLSMALLINT>(product.size()), &length);
-    dialect_ = dialectOf(product.data());
+    dialect_ = dialectOf(productName(connection_.get()));
     syntax_ = syntaxOf(dialect_);
     if (dialect_ == Dialect::postgresql) return preparePostgresql();
     if (dialect_ == Dialect::mariadb) return prepareMariadb();
@@ -212,12 +187,9 @@ OdbcHandle OdbcSession::executeOnce(const std::string& text,
 
 SQLRETURN OdbcSession::runText(const OdbcHandle& statement, const std::string& text) const {
     const auto run = [&] {
-        const auto length = static_cast<SQLINTEGER>(text.size());
-        if (dialect_ != Dialect::mariadb)
-            return SQLExecDirect(statement.get(), sqlText(text), length);
         // Run without being prepared, a statement whose answer is cut off brings this driver down.
-        const SQLRETURN prepared = SQLPrepare(statement.get(), sqlText(text), length);
-        return SQL_SUCCEEDED(prepared) ? SQLExecute(statement.get()) : prepared;
+        return dialect_ == Dialect::mariadb ? executePreparedText(statement.get(), text)
+                                            : executeText(statement.get(), text);
     };
     if (!waiting) return run();
     // Drivers read all rows before they come back, so whoever waits would wait for all of them.
@@ -237,7 +209,7 @@ std::vector<ColumnInfo> OdbcSession::columnsOf(const OdbcHandle& statement,
     statement.check(SQLNumResultCols(statement.get(), &count));
     std::vector<ColumnInfo> columns;
     for (SQLSMALLINT number = 1; number <= count; ++number)
-        columns.push_back(describeColumn(statement, dialect_, static_cast<SQLUSMALLINT>(number)));
+        columns.push_back(columnInfo(statement, dialect_, static_cast<SQLUSMALLINT>(number)));
     const bool namesUnknown = std::all_of(columns.begin(), columns.end(),
                                           [](const ColumnInfo& c) { return c.baseName.empty(); });
     if (namesUnknown && dialect_ == Dialect::other)

@@ -22,11 +22,16 @@ class OdbcSession {
   public:
     /// Raises RuntimeError (statementFailed) with the driver's text, never with a password.
     explicit OdbcSession(const std::string& connectionString, const Timeouts& timeouts = {});
+    /// On a connection that somebody else has opened and will close; it is not made again when it
+    /// is lost. Raises RuntimeError (statementFailed).
+    explicit OdbcSession(OdbcHandle borrowed);
     ~OdbcSession();
     OdbcSession(const OdbcSession&) = delete;
     OdbcSession& operator=(const OdbcSession&) = delete;
 
     [[nodiscard]] Dialect dialect() const { return dialect_; }
+    /// The driver manager's handle of the connection.
+    [[nodiscard]] SQLHANDLE handle() const { return connection_.get(); }
     [[nodiscard]] const SqlSyntax& syntax() const { return syntax_; }
 
     /// Runs one statement on a connection that lives: one that was lost is made again first, and a
@@ -92,6 +97,7 @@ class OdbcSession {
     Clock::time_point lastWritten_;
     /// How long it is taken for granted that others are waiting for SQLite's lock.
     Clock::time_point othersUntil_;
+    bool borrowed_ = false;
     bool connected_ = false;
     bool lost_ = false;
 };

@@ -3,13 +3,14 @@
 #include <cstring>
 
 #include "adapters/odbc/block_reader.h"
+#include "adapters/odbc/driver_text.h"
 #include "adapters/odbc/single_row_reader.h"
 
 namespace catalogador {
 
 SQLSMALLINT transferType(Dialect dialect, ColumnKind kind) {
     // The driver of SQLite has nothing but texts, and its columns may hold anything.
-    if (dialect == Dialect::sqlite) return SQL_C_CHAR;
+    if (dialect == Dialect::sqlite) return transferredText;
     switch (kind) {
         // As SQL_C_BIT, the driver of MariaDB does not tell a bound value from Null.
         case ColumnKind::boolean:
@@ -18,13 +19,13 @@ SQLSMALLINT transferType(Dialect dialect, ColumnKind kind) {
         case ColumnKind::real:
             return SQL_C_DOUBLE;
         default:
-            return SQL_C_CHAR;
+            return transferredText;
     }
 }
 
 std::string textOfTransferred(const TransferredCell& cell) {
     if (cell.type == SQL_C_UTINYINT) return cell.bytes.front() != 0 ? "1" : "0";
-    if (cell.type != SQL_C_DOUBLE) return std::string(cell.bytes);
+    if (cell.type != SQL_C_DOUBLE) return textFromDriver(cell.bytes.data(), cell.bytes.size());
     double value = 0;
     std::memcpy(&value, cell.bytes.data(), sizeof value);
     return shortestText(value);

@@ -1,5 +1,7 @@
 #include "adapters/odbc/single_row_reader.h"
 
+#include "adapters/odbc/driver_text.h"
+
 namespace catalogador {
 
 namespace {
@@ -32,10 +34,12 @@ std::optional<std::string> SingleRowReader::read(SQLUSMALLINT number, SQLSMALLIN
         statement_.check(result);
         if (result == SQL_NO_DATA) return text;
         if (length == SQL_NULL_DATA) return std::nullopt;
-        const bool more = type == SQL_C_CHAR && result == SQL_SUCCESS_WITH_INFO &&
-                          (length == SQL_NO_TOTAL || length >= static_cast<SQLLEN>(piece_.size()));
+        const auto room = static_cast<SQLLEN>(piece_.size() - textUnit);
+        const bool more = type == transferredText && result == SQL_SUCCESS_WITH_INFO &&
+                          (length == SQL_NO_TOTAL || length > room);
         // A piece that is followed by another ends with the terminator.
-        const std::size_t size = more ? piece_.size() - 1 : static_cast<std::size_t>(length);
+        const std::size_t size =
+            more ? static_cast<std::size_t>(room) : static_cast<std::size_t>(length);
         text += textOfTransferred({type, {piece_.data(), size}});
         if (!more) return text;
     }

@@ -1,13 +1,11 @@
 #include "adapters/odbc/write_statements.h"
 
-#include <sql.h>
-#include <sqlext.h>
-
 #include <algorithm>
 #include <array>
 #include <cmath>
 #include <string_view>
 
+#include "adapters/odbc/odbc_api.h"
 #include "runtime/convert.h"
 #include "runtime/error.h"
 #include "runtime/text.h"

@@ -1,6 +1,7 @@
 #include "adapters/pdf/pango_fonts.h"
 
 #include "adapters/pdf/pango_layout.h"
+#include "adapters/pdf/paper_fonts.h"
 
 namespace catalogador {
 
@@ -27,6 +28,10 @@ void setFont(PangoLayout* layout, const PrintFont& font) {
     pango_attr_list_insert(attributes, pango_attr_font_features_new("kern=0, liga=0, clig=0"));
     pango_layout_set_attributes(layout, attributes);
     pango_attr_list_unref(attributes);
+}
+
+std::unique_ptr<FontMeasure> paperFonts() {
+    return std::make_unique<PangoFonts>();
 }
 
 PangoFonts::PangoFonts() {

@@ -5,6 +5,7 @@
 #include <memory>
 
 #include "adapters/files/replaced_file.h"
+#include "adapters/pdf/cairo_page.h"
 #include "adapters/pdf/pango_layout.h"
 
 namespace catalogador {

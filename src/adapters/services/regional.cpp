@@ -1,16 +1,11 @@
 #include "adapters/services/regional.h"
 
-#include <langinfo.h>
-
 #include <algorithm>
 #include <array>
-#include <clocale>
-#include <cstdlib>
-#include <memory>
 #include <optional>
 #include <string_view>
-#include <type_traits>
 
+#include "adapters/services/installed_locale.h"
 #include "runtime/error.h"
 
 namespace catalogador {
@@ -51,56 +46,6 @@ std::string_view territoryOf(std::string_view name) {
     return name.substr(0, name.find_first_of(".@"));
 }
 
-std::string environmentLocale() {
-    for (const char* name : {"LC_ALL", "LC_NUMERIC", "LANG"}) {
-        const char* value = std::getenv(name);
-        if (value != nullptr && *value != '\0') return value;
-    }
-    return "C";
-}
-
-void setDateFormat(Regional& regional, std::string_view format) {
-    if (format == "%D") {
-        regional.dateOrder = monthDayYear;
-        return;
-    }
-    if (format == "%F") {
-        regional.dateOrder = yearMonthDay;
-        regional.dateSeparator = "-";
-        return;
-    }
-    const std::size_t day = format.find_first_of("de");
-    const std::size_t month = format.find('m');
-    const std::size_t year = format.find_first_of("yY");
-    if (std::max({day, month, year}) == std::string_view::npos) return;
-    if (year < month)
-        regional.dateOrder = yearMonthDay;
-    else
-        regional.dateOrder = day < month ? dayMonthYear : monthDayYear;
-    const std::size_t mark = format.find_first_of("/.-", std::min({day, month, year}));
-    if (mark != std::string_view::npos) regional.dateSeparator = format.substr(mark, 1);
-}
-
-std::optional<Regional> installedRegional(const std::string& name) {
-    struct Free {
-        void operator()(locale_t locale) const { freelocale(locale); }
-    };
-    using Locale = std::unique_ptr<std::remove_pointer_t<locale_t>, Free>;
-    const Locale locale(newlocale(LC_ALL_MASK, name.c_str(), nullptr));
-    if (!locale) return std::nullopt;
-    const auto item = [&](nl_item which) {
-        return std::string(nl_langinfo_l(which, locale.get()));
-    };
-    // Separators in another encoding would be no text here.
-    if (item(CODESET) != "UTF-8") return std::nullopt;
-    Regional regional;
-    if (const std::string decimal = item(RADIXCHAR); !decimal.empty()) regional.decimal = decimal;
-    const std::string thousands = item(THOUSEP);
-    regional.thousands = !thousands.empty() ? thousands : regional.decimal == "." ? "," : ".";
-    setDateFormat(regional, item(D_FMT));
-    return regional;
-}
-
 std::optional<Regional> knownRegional(std::string_view territory) {
     const auto known = std::find_if(knownLocales.begin(), knownLocales.end(), [&](const auto& l) {
         return territory == l.prefix ||
@@ -112,11 +57,27 @@ std::optional<Regional> knownRegional(std::string_view territory) {
 
 }  // namespace
 
+void setDateFormat(Regional& regional, const std::string& format, const char* day,
+                   const char* month, const char* year) {
+    const std::size_t dayAt = format.find_first_of(day);
+    const std::size_t monthAt = format.find_first_of(month);
+    const std::size_t yearAt = format.find_first_of(year);
+    if (std::max({dayAt, monthAt, yearAt}) == std::string::npos) return;
+    if (yearAt < monthAt)
+        regional.dateOrder = yearMonthDay;
+    else
+        regional.dateOrder = dayAt < monthAt ? dayMonthYear : monthDayYear;
+    const std::size_t mark = format.find_first_of("/.-", std::min({dayAt, monthAt, yearAt}));
+    if (mark != std::string::npos) regional.dateSeparator = format.substr(mark, 1);
+}
+
 Regional regionalOf(const std::string& localeName) {
-    const std::string name = localeName.empty() ? environmentLocale() : localeName;
+    const auto asked = localeName.empty() ? environmentLocale() : localeName;
+    if (!asked) return personalRegional();
+    const std::string& name = *asked;
     const std::string territory(territoryOf(name));
     if (territory == "C" || territory == "POSIX") return {};
-    if (auto installed = installedRegional(territory + ".UTF-8")) return *installed;
+    if (auto installed = installedRegional(territory)) return *installed;
     if (auto known = knownRegional(territory)) return *known;
     if (localeName.empty()) return {};
     throw RuntimeError(error_number::invalidProcedureCall,

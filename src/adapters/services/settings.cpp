@@ -1,9 +1,10 @@
 #include "adapters/services/settings.h"
 
-#include <cstdlib>
 #include <filesystem>
 #include <fstream>
 
+#include "adapters/desk/desk.h"
+#include "runtime/paths.h"
 #include "runtime/text.h"
 
 namespace catalogador {
@@ -21,16 +22,11 @@ std::string_view withoutBlanks(std::string_view text) {
     return text.substr(first, text.find_last_not_of(blanks) - first + 1);
 }
 
-std::string environmentValue(const char* name) {
-    const char* value = std::getenv(name);
-    return value != nullptr ? value : "";
-}
-
 }  // namespace
 
 Settings::Settings(const std::string& file, const std::map<std::string, std::string>& overrides) {
     for (const auto& [name, value] : overrides) overrides_[foldCase(name)] = value;
-    std::ifstream input(file);
+    std::ifstream input(pathOf(file));
     std::string key;
     for (std::string line; std::getline(input, line);) {
         if (line.starts_with("\xEF\xBB\xBF")) line.erase(0, 3);
@@ -48,10 +44,7 @@ Settings::Settings(const std::string& file, const std::map<std::string, std::str
 }
 
 std::string Settings::defaultFile() {
-    std::filesystem::path folder = environmentValue("XDG_CONFIG_HOME");
-    // The convention has relative paths ignored.
-    if (!folder.is_absolute()) folder = std::filesystem::path(environmentValue("HOME")) / ".config";
-    return (folder / "catalogador" / "catalogador.ini").string();
+    return pathText(configurationFolder() / "catalogador" / "catalogador.ini");
 }
 
 std::optional<std::string> Settings::read(const std::string& key, const std::string& name) const {

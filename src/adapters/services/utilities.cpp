@@ -1,16 +1,15 @@
 #include "adapters/services/utilities.h"
 
-#include <unistd.h>
-
-#include <cstdlib>
 #include <ctime>
 #include <filesystem>
 
+#include "adapters/desk/desk.h"
 #include "adapters/services/code_sequences.h"
 #include "adapters/services/opening.h"
 #include "adapters/services/server_clock.h"
 #include "runtime/convert.h"
 #include "runtime/error.h"
+#include "runtime/paths.h"
 
 namespace catalogador {
 
@@ -45,8 +44,7 @@ Date Utilities::FechaServidor(rdoConnection& connection) {
 
 Date Utilities::Ahora() const {
     const std::time_t now = std::time(nullptr);
-    std::tm local{};
-    localtime_r(&now, &local);
+    const std::tm local = localTime(now);
     return {local.tm_year + 1900, local.tm_mon + 1, local.tm_mday,
             local.tm_hour,        local.tm_min,     local.tm_sec};
 }
@@ -63,10 +61,9 @@ std::string Utilities::TextoDe(const Variant& value) const {
 std::string Utilities::RutaAplicacion(const std::string& appKey) const {
     if (const auto setting = settings_.read(appKey, "Ruta")) return *setting;
     // What is kept beside the program's folder goes to the user's where nobody may write there.
-    const std::string beside = std::filesystem::path(programFolder_).parent_path().string();
-    const char* home = std::getenv("HOME");
-    if (home == nullptr || access(beside.c_str(), W_OK) == 0) return programFolder_;
-    return std::string(home) + "/" + appKey;
+    const std::filesystem::path own = userFolder();
+    if (own.empty() || mayWriteTo(pathOf(programFolder_).parent_path())) return programFolder_;
+    return pathText(own / pathOf(appKey));
 }
 
 void Utilities::AbrirArchivo(const std::string& path) {

@@ -1,7 +1,9 @@
 #include "adapters/wx/appearance.h"
 
-#include <dlfcn.h>
 #include <wx/settings.h>
+#ifdef __WXGTK__
+#include <dlfcn.h>
+#endif
 
 #include <algorithm>
 #include <array>

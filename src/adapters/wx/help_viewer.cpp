@@ -20,7 +20,9 @@
 #include "adapters/help/help_pages.h"
 #include "adapters/wx/appearance.h"
 #include "adapters/wx/icons.h"
+#include "adapters/wx/png_images.h"
 #include "runtime/error.h"
+#include "runtime/paths.h"
 
 namespace catalogador {
 
@@ -85,7 +87,7 @@ HelpFrame::HelpFrame(wxWindow& parent, const HelpPages& pages, HelpLabels labels
       language_(language) {
     // The parent reads the keys of its own children; those of this window are none of its business.
     SetExtraStyle(GetExtraStyle() | wxWS_EX_BLOCK_EVENTS);
-    if (wxImage::FindHandler(wxBITMAP_TYPE_PNG) == nullptr) wxImage::AddHandler(new wxPNGHandler);
+    usePngImages();
     SetIcons(wxIconBundle(iconBundle(helpIcon).GetIcon(FromDIP(wxSize(16, 16)))));
     SetMinSize(FromDIP(smallestSize));
     createBar();
@@ -184,7 +186,7 @@ void HelpFrame::step(std::ptrdiff_t by) {
 
 void HelpFrame::show() {
     const HelpPage& page = visited_[at_];
-    html_->GetParser()->GetFS()->ChangePathTo(wxText(page.folder.string()), true);
+    html_->GetParser()->GetFS()->ChangePathTo(wxText(pathText(page.folder)), true);
     html_->SetPage(wxText(page.html));
     html_->Scroll(0, 0);
     SetTitle(wxText(labels_.help + " - " + page.title));

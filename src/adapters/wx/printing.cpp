@@ -1,7 +1,5 @@
 #include "adapters/wx/printing.h"
 
-#include <cairo.h>
-#include <wx/dc.h>
 #include <wx/evtloop.h>
 #include <wx/print.h>
 #include <wx/printdlg.h>
@@ -11,6 +9,7 @@
 
 #include "adapters/pdf/pdf_writer.h"
 #include "adapters/wx/appearance.h"
+#include "adapters/wx/page_drawing.h"
 #include "adapters/wx/screen_frame.h"
 #include "adapters/wx/wx_surface.h"
 #include "runtime/error.h"
@@ -20,7 +19,6 @@ namespace catalogador {
 namespace {
 
 constexpr double twipsPerMillimetre = 1440 / 25.4;
-constexpr double twipsPerPoint = 20;
 constexpr double previewShareOfScreen = 0.85;
 
 int twipsOfMillimetres(int millimetres) {
@@ -30,6 +28,22 @@ int twipsOfMillimetres(int millimetres) {
 int millimetresOf(int twips) {
     return static_cast<int>(std::lround(twips / twipsPerMillimetre));
 }
+
+/// While it lives, the pointer is not the hourglass of the work that has opened the dialog.
+class UsualPointer {
+  public:
+    UsualPointer() {
+        for (; wxIsBusy(); ++ended_) wxEndBusyCursor();
+    }
+    ~UsualPointer() {
+        for (; ended_ > 0; --ended_) wxBeginBusyCursor();
+    }
+    UsualPointer(const UsualPointer&) = delete;
+    UsualPointer& operator=(const UsualPointer&) = delete;
+
+  private:
+    int ended_ = 0;
+};
 
 /// Hands the pages of a document to the toolkit's preview and printing.
 class Printout : public wxPrintout {
@@ -46,26 +60,7 @@ class Printout : public wxPrintout {
     }
     bool OnPrintPage(int page) override {
         if (!HasPage(page)) return false;
-        wxDC& dc = *GetDC();
-        auto* context = static_cast<cairo_t*>(dc.GetHandle());
-        if (context == nullptr) return false;
-        cairo_save(context);
-        if (IsPreview()) {
-            FitThisSizeToPaper({document_.setup.paper.width, document_.setup.paper.height});
-            double scale = 1;
-            dc.GetUserScale(&scale, &scale);
-            cairo_identity_matrix(context);
-            cairo_scale(context, scale, scale);
-        } else {
-            // What is printed is counted in points, whatever the desktop has scaled the context to.
-            cairo_matrix_t given;
-            cairo_get_matrix(context, &given);
-            const double scale = 1 / (twipsPerPoint * std::hypot(given.xx, given.yx));
-            cairo_scale(context, scale, scale);
-        }
-        drawPage(context, document_, static_cast<std::size_t>(page - 1));
-        cairo_restore(context);
-        return true;
+        return drawPrintedPage(*this, document_, static_cast<std::size_t>(page - 1));
     }
 
   private:
@@ -104,7 +99,7 @@ WxPrinter::WxPrinter(WxSurface& surface) : surface_(surface) {
 }
 
 std::optional<PrinterChoice> WxPrinter::setUp(Window& window) {
-    const wxBusyCursorSuspender arrow;
+    const UsualPointer arrow;
     wxPageSetupDialog dialog(surface_.nativeWindow(window), &setup_);
     if (dialog.ShowModal() != wxID_OK) return std::nullopt;
     setup_ = dialog.GetPageSetupData();
@@ -124,7 +119,7 @@ std::optional<PrinterChoice> WxPrinter::setUp(Window& window) {
 
 void WxPrinter::show(Window& window, const PrintedDocument& document, const PrinterChoice& choice) {
     if (!choice.file.empty()) return writePdf(document, choice.file);
-    const wxBusyCursorSuspender arrow;
+    const UsualPointer arrow;
     wxPrintDialogData data(setup_.GetPrintData());
     auto* preview = new wxPrintPreview(new Printout(document), new Printout(document), &data);
     if (!preview->IsOk()) {

@@ -3,7 +3,7 @@
 
 #include <memory>
 
-#include "adapters/pdf/pango_fonts.h"
+#include "adapters/pdf/paper_fonts.h"
 #include "platform/printing/printer.h"
 
 namespace catalogador {
@@ -18,11 +18,11 @@ class WxPrinter : public Printer {
     std::optional<PrinterChoice> setUp(Window& window) override;
     void show(Window& window, const PrintedDocument& document,
               const PrinterChoice& choice) override;
-    [[nodiscard]] const FontMeasure& fonts() const override { return fonts_; }
+    [[nodiscard]] const FontMeasure& fonts() const override { return *fonts_; }
 
   private:
     WxSurface& surface_;
-    PangoFonts fonts_;
+    std::unique_ptr<FontMeasure> fonts_ = paperFonts();
     /// What was chosen last is offered again.
     wxPageSetupDialogData setup_;
 };

@@ -7,6 +7,7 @@
 #include <algorithm>
 
 #include "adapters/wx/appearance.h"
+#include "adapters/wx/host_windows.h"
 #include "adapters/wx/icons.h"
 #include "platform/controls/keys.h"
 #include "platform/controls/record_grid.h"
@@ -62,6 +63,7 @@ ScreenFrame::ScreenFrame(Window& window, wxWindow* below)
     : wxFrame(below, wxID_ANY, wxText(window.caption()), wxDefaultPosition, wxDefaultSize,
               wxDEFAULT_FRAME_STYLE | (below != nullptr ? wxFRAME_FLOAT_ON_PARENT : 0)),
       window_(window) {
+    owner_ = changeOwner(*this, nullptr);
     SetIcons(wxIconBundle(iconBundle(applicationIcon).GetIcon(FromDIP(wxSize(16, 16)))));
     panel_ = new wxPanel(this, wxID_ANY, wxDefaultPosition, wxDefaultSize, wxWANTS_CHARS);
     toolbar_ = CreateToolBar(wxTB_HORIZONTAL | wxTB_FLAT | wxTB_HORZ_TEXT | wxTB_NODIVIDER);
@@ -197,6 +199,7 @@ void ScreenFrame::release() {
     changedViews_.clear();
     panel_->DestroyChildren();
     views_.clear();
+    changeOwner(*this, owner_);
     Destroy();
 }
 

@@ -68,6 +68,8 @@ class ScreenFrame : public wxFrame {
 
     Window& window_;
     bool released_ = false;
+    /// What the window had for an owner when it was made.
+    WXWidget owner_ = nullptr;
     wxPanel* panel_ = nullptr;
     wxToolBar* toolbar_ = nullptr;
     wxTextCtrl* filterBox_ = nullptr;

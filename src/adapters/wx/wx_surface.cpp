@@ -11,11 +11,15 @@
 #include <wx/progdlg.h>
 #include <wx/translation.h>
 #include <wx/utils.h>
+#ifdef __WXMSW__
+#include <wx/msw/private.h>
+#endif
 
 #include <algorithm>
 #include <cstdlib>
 
 #include "adapters/wx/appearance.h"
+#include "adapters/wx/host_windows.h"
 #include "adapters/wx/screen_frame.h"
 #include "platform/controls/window.h"
 #include "runtime/error.h"
@@ -39,6 +43,35 @@ class DialogCount : public wxModalDialogHook {
     }
 };
 
+/// What the toolkit's start would change for the whole process, which may be another program's.
+class HostSettings {
+  public:
+#ifdef __WXMSW__
+    HostSettings() : errorMode_(GetErrorMode()) {
+        wxSetInstance(ownInstance());
+    }
+    ~HostSettings() {
+        SetErrorMode(errorMode_);
+    }
+    HostSettings(const HostSettings&) = delete;
+    HostSettings& operator=(const HostSettings&) = delete;
+
+  private:
+    /// Windows and pictures belong to the library that this code is part of.
+    static HINSTANCE ownInstance() {
+        HMODULE module = nullptr;
+        GetModuleHandleExW(
+            GET_MODULE_HANDLE_EX_FLAG_FROM_ADDRESS | GET_MODULE_HANDLE_EX_FLAG_UNCHANGED_REFCOUNT,
+            reinterpret_cast<const wchar_t*>(&ownInstance), &module);
+        return module;
+    }
+
+    UINT errorMode_;
+#else
+    HostSettings() {}
+#endif
+};
+
 void startToolkit(const std::string& language) {
 #ifdef __WXGTK__
     if (std::getenv("DISPLAY") == nullptr && std::getenv("WAYLAND_DISPLAY") == nullptr)
@@ -51,6 +84,7 @@ void startToolkit(const std::string& language) {
     int count = 1;
     // The toolkit writes its complaint to the log; the error raised below is the message.
     const wxLogNull quiet;
+    const HostSettings host;
     wxApp::SetInstance(new ScreenApplication);
     if (!wxEntryStart(count, arguments))
         throw RuntimeError(error_number::cannotCreateObject, "The display cannot be opened");
@@ -101,6 +135,7 @@ void WxSurface::showModal(Window& window) {
     pointerChanged(0);
     frame->sync();
     const wxWindowDisabler others(frame);
+    const HostWindowsDisabled host(*frame);
     frame->Show();
     frame->Raise();
     frame->takeFocus();

@@ -29,8 +29,11 @@ constexpr std::int32_t pathNotFound = 76;
 
 #ifdef _WIN32
 constexpr const char* pathSeparator = "\\";
+/// Either ends a folder's name.
+constexpr const char* pathSeparators = "\\/";
 #else
 constexpr const char* pathSeparator = "/";
+constexpr const char* pathSeparators = pathSeparator;
 #endif
 
 /// The save format of each entry of the dialog's filter list; other entries write nothing.
@@ -101,7 +104,7 @@ std::string shortDateTime(const Date& date) {
 std::string frmCatalogador::ObtenerDirInicial() {
     return trap("ObtenerDirInicial", std::string(), [this] {
         std::string folder(trim(host_.utilities.RutaAplicacion(mstrAppKey)));
-        const std::size_t last = folder.rfind(pathSeparator);
+        const std::size_t last = folder.find_last_of(pathSeparators);
         if (last != std::string::npos) folder.erase(last);
         folder += pathSeparator + ObtenerMensaje(exportFolder);
         const std::filesystem::path path(reinterpret_cast<const char8_t*>(folder.c_str()));

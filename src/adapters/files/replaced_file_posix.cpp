@@ -1,5 +1,3 @@
-#include "adapters/files/replaced_file.h"
-
 #include <fcntl.h>
 #include <sys/stat.h>
 #include <unistd.h>
@@ -9,6 +7,7 @@
 #include <cstring>
 #include <filesystem>
 
+#include "adapters/files/replaced_file.h"
 #include "runtime/error.h"
 
 namespace catalogador {

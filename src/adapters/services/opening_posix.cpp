@@ -1,5 +1,3 @@
-#include "adapters/services/opening.h"
-
 #include <fcntl.h>
 #include <sys/wait.h>
 #include <unistd.h>
@@ -10,6 +8,7 @@
 #include <filesystem>
 #include <system_error>
 
+#include "adapters/services/opening.h"
 #include "runtime/error.h"
 
 namespace catalogador {

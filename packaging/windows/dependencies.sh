@@ -1,0 +1,11 @@
+# Sourced by the scripts of this folder: the Debian packages they need and where they keep what they
+# build once.
+# shellcheck shell=bash disable=SC2034  # the variables are used where this is sourced
+
+windows_packages=(g++-mingw-w64-x86-64-posix g++-mingw-w64-i686-posix mingw-w64-tools
+    libz-mingw-w64-dev googletest cmake ninja-build ccache make dpkg-dev gettext nsis
+    nlohmann-json3-dev libcli11-dev)
+wine_packages=(wine wine64 libwine-dev unixodbc libsqliteodbc sqlite3 xvfb xauth openbox xdotool
+    imagemagick fonts-dejavu-core)
+
+windows_cache=${CATALOGADOR_CACHE:-${XDG_CACHE_HOME:-$HOME/.cache}/catalogador}/windows

@@ -1,0 +1,3 @@
+include(header_library)
+header_library(nlohmann_json::nlohmann_json nlohmann)
+set(nlohmann_json_FOUND TRUE)

@@ -1,0 +1,2 @@
+set(WINDOWS_PROCESSOR i686)
+include(${CMAKE_CURRENT_LIST_DIR}/toolchain.cmake)

@@ -1,0 +1,2 @@
+set(WINDOWS_PROCESSOR x86_64)
+include(${CMAKE_CURRENT_LIST_DIR}/toolchain.cmake)

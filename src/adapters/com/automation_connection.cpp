@@ -1,0 +1,155 @@
+#include "adapters/com/automation_connection.h"
+
+#include <utility>
+#include <vector>
+
+#include "runtime/convert.h"
+#include "runtime/text.h"
+
+namespace catalogador {
+
+namespace {
+
+class AutomationResultset : public rdoResultset {
+  public:
+    AutomationResultset(AutomationObject rows, StatementListener* listener)
+        : rows_(std::move(rows)), listener_(listener), eof_(rows_.idOf(L"EOF")) {
+        readColumns();
+    }
+    ~AutomationResultset() override {
+        try {
+            Close();
+        } catch (const RuntimeError&) {
+            // The rows are given up either way.
+        }
+    }
+    AutomationResultset(const AutomationResultset&) = delete;
+    AutomationResultset& operator=(const AutomationResultset&) = delete;
+
+    [[nodiscard]] bool atEnd() const override {
+        return closed_ || toBoolean(variantOf(rows_.get(eof_).get()), Regional{});
+    }
+    void MoveNext() override {
+        needRow();
+        rows_.call(L"MoveNext");
+    }
+    [[nodiscard]] int columnCount() const override { return static_cast<int>(columns_.size()); }
+    [[nodiscard]] const ColumnDescription& column(int index) const override {
+        return at(index).description;
+    }
+    [[nodiscard]] Variant value(int index) const override {
+        const Column& column = at(index);
+        if (!editing()) needRow();
+        return variantOf(column.object.get(column.value).get());
+    }
+    [[nodiscard]] Variant value(std::string_view name) const override {
+        return value(indexOf(name));
+    }
+    void AddNew() override {
+        rows_.call(L"AddNew");
+        begin("insert");
+    }
+    void Edit() override {
+        needRow();
+        rows_.call(L"Edit");
+        begin("update");
+    }
+    void setValue(std::string_view name, Variant value) override {
+        const Column& column = at(indexOf(name));
+        if (!editing())
+            throw RuntimeError(error_number::invalidProcedureCall,
+                               "A column can be set only after AddNew or Edit");
+        column.object.put(column.value, value);
+        written_.emplace_back(std::string(name), std::move(value));
+    }
+    void Update() override {
+        if (!editing())
+            throw RuntimeError(error_number::invalidProcedureCall,
+                               "Update is possible only after AddNew or Edit");
+        if (listener_ != nullptr) listener_->written(editing_, "", written_);
+        // After a failure the row can be corrected.
+        rows_.call(L"Update");
+        editing_ = nullptr;
+    }
+    void Delete() override {
+        needRow();
+        if (listener_ != nullptr) listener_->written("delete", "", {});
+        rows_.call(L"Delete");
+    }
+    void Close() override {
+        if (std::exchange(closed_, true)) return;
+        rows_.call(L"Close");
+    }
+
+  private:
+    struct Column {
+        ColumnDescription description;
+        AutomationObject object;
+        DISPID value = DISPID_VALUE;
+    };
+
+    void readColumns() {
+        const AutomationObject columns = objectIn(rows_.get(L"rdoColumns"));
+        const auto count = toLong(variantOf(columns.get(L"Count").get()), Regional{});
+        for (std::int32_t index = 0; index < count; ++index) {
+            Column column;
+            column.object = objectIn(columns.get(L"Item", {index}));
+            column.description.name =
+                toTextOrEmpty(variantOf(column.object.get(L"Name").get()), Regional{});
+            column.description.type =
+                toLong(variantOf(column.object.get(L"Type").get()), Regional{});
+            column.value = column.object.idOf(L"Value");
+            columns_.push_back(std::move(column));
+        }
+    }
+
+    [[nodiscard]] const Column& at(int index) const {
+        if (index < 0 || index >= columnCount())
+            throw RuntimeError(error_number::columnNotFound,
+                               "There is no column " + decimalText(index));
+        return columns_[static_cast<std::size_t>(index)];
+    }
+    [[nodiscard]] int indexOf(std::string_view name) const {
+        for (std::size_t index = 0; index < columns_.size(); ++index)
+            if (equalText(columns_[index].description.name, name)) return static_cast<int>(index);
+        throw RuntimeError(error_number::columnNotFound, "There is no column " + std::string(name));
+    }
+    void needRow() const {
+        if (atEnd()) throw RuntimeError(error_number::noCurrentRow, "There is no current row");
+    }
+    [[nodiscard]] bool editing() const { return editing_ != nullptr; }
+    void begin(const char* kind) {
+        editing_ = kind;
+        written_.clear();
+    }
+
+    AutomationObject rows_;
+    StatementListener* listener_;
+    DISPID eof_;
+    std::vector<Column> columns_;
+    const char* editing_ = nullptr;
+    std::vector<std::pair<std::string, Variant>> written_;
+    bool closed_ = false;
+};
+
+}  // namespace
+
+std::unique_ptr<rdoResultset> AutomationConnection::OpenResultset(const std::string& sql, int type,
+                                                                  int lock) {
+    if (listener_ != nullptr) listener_->opened(sql, type, lock);
+    return std::make_unique<AutomationResultset>(
+        objectIn(connection_.call(L"OpenResultset", {sql, type, lock})), listener_);
+}
+
+std::int64_t AutomationConnection::Execute(const std::string& sql) {
+    if (listener_ != nullptr) listener_->executed(sql);
+    connection_.call(L"Execute", {sql});
+    if (!connection_.has(L"RowsAffected")) return -1;
+    return toLong(variantOf(connection_.get(L"RowsAffected").get()), Regional{});
+}
+
+bool AutomationConnection::accepts(const AutomationObject& object) {
+    return object.has(L"OpenResultset") && object.has(L"Execute");
+}
+
+}  // namespace catalogador

@@ -1,0 +1,11 @@
+#pragma once
+#include <memory>
+
+#include "platform/printing/printed_document.h"
+
+namespace catalogador {
+
+/// Measures texts as they are drawn on paper, with what this system has for that.
+std::unique_ptr<FontMeasure> paperFonts();
+
+}  // namespace catalogador

@@ -1,0 +1,28 @@
+#pragma once
+#include <wx/window.h>
+
+#include <vector>
+
+namespace catalogador {
+
+/// While it lives, the windows that the host program has open on this thread take no input: the
+/// toolkit knows only its own. Does nothing where no other program can be the host.
+class HostWindowsDisabled {
+  public:
+    /// `shown` is the window that stays usable.
+    explicit HostWindowsDisabled(const wxWindow& shown);
+    /// The window that was active before is active again.
+    ~HostWindowsDisabled();
+    HostWindowsDisabled(const HostWindowsDisabled&) = delete;
+    HostWindowsDisabled& operator=(const HostWindowsDisabled&) = delete;
+
+  private:
+    std::vector<WXWidget> disabled_;
+    WXWidget active_ = nullptr;
+};
+
+/// Makes `owner` (null for none) the owner of a top-level window; gives the previous one. Does
+/// nothing where windows have no owner.
+WXWidget changeOwner(wxWindow& window, WXWidget owner);
+
+}  // namespace catalogador

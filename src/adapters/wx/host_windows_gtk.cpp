@@ -1,0 +1,12 @@
+#include "adapters/wx/host_windows.h"
+
+namespace catalogador {
+
+HostWindowsDisabled::HostWindowsDisabled(const wxWindow& /*shown*/) {}
+HostWindowsDisabled::~HostWindowsDisabled() = default;
+
+WXWidget changeOwner(wxWindow& /*window*/, WXWidget /*owner*/) {
+    return nullptr;
+}
+
+}  // namespace catalogador

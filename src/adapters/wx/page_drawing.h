@@ -1,0 +1,14 @@
+#pragma once
+#include <wx/print.h>
+
+#include <cstddef>
+
+#include "platform/printing/printed_document.h"
+
+namespace catalogador {
+
+/// Draws a page of the document to where the printout goes, the preview or a printer. False when
+/// nothing can be drawn there.
+bool drawPrintedPage(wxPrintout& printout, const PrintedDocument& document, std::size_t page);
+
+}  // namespace catalogador

@@ -1,0 +1,11 @@
+#include <wx/imagpng.h>
+
+#include "adapters/wx/png_images.h"
+
+namespace catalogador {
+
+void usePngImages() {
+    if (wxImage::FindHandler(wxBITMAP_TYPE_PNG) == nullptr) wxImage::AddHandler(new wxPNGHandler);
+}
+
+}  // namespace catalogador

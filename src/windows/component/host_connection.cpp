@@ -1,0 +1,60 @@
+#include "windows/component/host_connection.h"
+
+#include "adapters/com/automation_connection.h"
+#include "adapters/odbc/odbc_connection.h"
+
+namespace catalogador {
+
+namespace {
+
+class UnusableConnection : public rdoConnection {
+  public:
+    explicit UnusableConnection(RuntimeError reason) : reason_(std::move(reason)) {}
+    std::unique_ptr<rdoResultset> OpenResultset(const std::string& /*sql*/, int /*type*/,
+                                                int /*lock*/) override {
+        throw reason_;
+    }
+    std::int64_t Execute(const std::string& /*sql*/) override { throw reason_; }
+    void setListener(StatementListener* /*listener*/) override {}
+
+  private:
+    RuntimeError reason_;
+};
+
+}  // namespace
+
+HostConnection::HostConnection(IDispatch* connection) {
+    if (connection == nullptr) return;
+    if (SUCCEEDED(connection->QueryInterface(IID_IOdbcSharing, shared_.putVoid()))) return;
+    AutomationObject object(ComPtr<IDispatch>::sharing(connection));
+    if (!AutomationConnection::accepts(object))
+        throw RuntimeError(error_number::typeMismatch,
+                           "The object is no connection: it has no OpenResultset and Execute");
+    automation_ = std::make_unique<AutomationConnection>(std::move(object));
+}
+
+HostConnection::Use::Use(HostConnection& connection, clsCatalogador& component)
+    : component_(component) {
+    if (connection.shared_) attach(connection.shared_);
+    component_.Coneccion(direct_ ? direct_.get() : connection.automation_.get());
+}
+
+void HostConnection::Use::attach(const ComPtr<IOdbcSharing>& shared) {
+    void* handle = nullptr;
+    try {
+        if (FAILED(shared->Attach(&handle)))
+            throw RuntimeError(error_number::objectNotSet, "The connection is not open");
+        attached_ = shared;
+        direct_ = OdbcConnection::onHandle(handle);
+    } catch (const RuntimeError& error) {
+        direct_ = std::make_unique<UnusableConnection>(error);
+    }
+}
+
+HostConnection::Use::~Use() {
+    component_.Coneccion(nullptr);
+    direct_.reset();
+    if (attached_) attached_->Detach();
+}
+
+}  // namespace catalogador

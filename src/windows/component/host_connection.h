@@ -1,0 +1,41 @@
+#pragma once
+#include <memory>
+
+#include "adapters/com/com_ptr.h"
+#include "component/clsCatalogador.h"
+#include "platform/rdo.h"
+#include "windows/odbc_sharing.h"
+
+namespace catalogador {
+
+/// The connection that the host has handed over: driven by the names of its members or, when it is
+/// one of this project's own, used directly.
+class HostConnection {
+  public:
+    HostConnection() = default;
+    /// Null for none. Raises RuntimeError (typeMismatch) for what is no connection.
+    explicit HostConnection(IDispatch* connection);
+
+    /// For the duration of one call of the component.
+    class Use {
+      public:
+        /// Of a connection that cannot be used, the component hears when it uses it.
+        Use(HostConnection& connection, clsCatalogador& component);
+        ~Use();
+        Use(const Use&) = delete;
+        Use& operator=(const Use&) = delete;
+
+      private:
+        void attach(const ComPtr<IOdbcSharing>& shared);
+
+        clsCatalogador& component_;
+        ComPtr<IOdbcSharing> attached_;
+        std::unique_ptr<rdoConnection> direct_;
+    };
+
+  private:
+    ComPtr<IOdbcSharing> shared_;
+    std::unique_ptr<rdoConnection> automation_;
+};
+
+}  // namespace catalogador

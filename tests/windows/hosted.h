@@ -1,0 +1,80 @@
+#pragma once
+#include <gtest/gtest.h>
+
+#include <atomic>
+#include <string>
+#include <thread>
+#include <vector>
+
+#include "adapters/com/automation_object.h"
+#include "adapters/com/com_ptr.h"
+#include "windows/component/interface.h"
+
+namespace catalogador::test {
+
+/// COM for as long as it lives, in an apartment of one thread as the screens of hosts have it.
+class Apartment {
+  public:
+    Apartment() { CoInitialize(nullptr); }
+    ~Apartment() { CoUninitialize(); }
+    Apartment(const Apartment&) = delete;
+    Apartment& operator=(const Apartment&) = delete;
+};
+
+/// An object by its registered name.
+AutomationObject created(const wchar_t* progId);
+/// The public class as a compiled host holds it.
+ComPtr<_clsCatalogador> createdComponent();
+/// A copy of the demonstration database that nothing else uses, as a connection of vemDatos.
+class DemoConnection {
+  public:
+    DemoConnection();
+    ~DemoConnection();
+    DemoConnection(const DemoConnection&) = delete;
+    DemoConnection& operator=(const DemoConnection&) = delete;
+
+    [[nodiscard]] const AutomationObject& object() const { return connection_; }
+    /// The first value of a query.
+    [[nodiscard]] Variant value(const std::string& sql) const;
+
+  private:
+    std::string file_;
+    AutomationObject connection_;
+};
+
+/// The same members without anything else, as the library of another maker offers them.
+ComPtr<IDispatch> asForeign(IDispatch* object);
+
+/// What a call by name gives: its result, or the code of its failure.
+struct Outcome {
+    HRESULT result = S_OK;
+    AutomationValue value;
+    EXCEPINFO info{};
+};
+/// Arguments in the order in which they are written.
+Outcome invoked(IDispatch* object, DISPID member, WORD kind, std::vector<VARIANT> arguments);
+
+/// Closes the boxes that come up on this thread's process, and keeps their texts.
+class BoxCloser {
+  public:
+    BoxCloser();
+    ~BoxCloser();
+    BoxCloser(const BoxCloser&) = delete;
+    BoxCloser& operator=(const BoxCloser&) = delete;
+    [[nodiscard]] std::vector<std::string> texts();
+
+  private:
+    void run();
+
+    std::atomic<bool> ended_ = false;
+    std::vector<std::string> texts_;
+    std::thread thread_;
+};
+
+VARIANT integer(SHORT value);
+VARIANT longInteger(LONG value);
+/// Freed by whoever uses it.
+VARIANT text(const char* value);
+VARIANT omitted();
+
+}  // namespace catalogador::test
