@@ -36,3 +36,6 @@ packaging/windows/toolkit.sh "$processor"
 start_wine "$PWD/build/wine"
 trap stop_wine EXIT
 build "windows-$which" "${targets[@]}"
+if [ "$which" = x64 ] && [ "${#targets[@]}" -eq 0 ]; then
+    packaging/windows/installer.sh
+fi

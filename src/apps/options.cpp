@@ -124,6 +124,8 @@ std::optional<Options> readOptions(int argc, const char* const* argv, int& exitS
     CLI::App app("Maintenance screen for coded records", "catalogador");
     app.set_version_flag("--version", "catalogador " CATALOGADOR_VERSION);
     app.require_subcommand(1);
+    // A path may begin with a slash on every system.
+    app.allow_windows_style_options(false);
     addCommands(app, options);
     try {
         app.parse(argc, argv);
