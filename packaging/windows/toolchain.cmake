@@ -25,7 +25,8 @@ set(CMAKE_FIND_ROOT_PATH_MODE_PACKAGE ONLY)
 set(CMAKE_PREFIX_PATH /googletest)
 list(APPEND CMAKE_MODULE_PATH ${CMAKE_CURRENT_LIST_DIR}/modules)
 set(wxWidgets_CONFIG_EXECUTABLE ${WINDOWS_TOOLKIT}/wx/bin/wx-config)
-set(ENV{PKG_CONFIG_LIBDIR} ${WINDOWS_TOOLKIT}/xlsxwriter/lib/pkgconfig)
+set(ENV{PKG_CONFIG_LIBDIR}
+    ${WINDOWS_TOOLKIT}/xlsxwriter/lib/pkgconfig:${WINDOWS_TOOLKIT}/minizip/lib/pkgconfig)
 
 # Everything of the compiler goes into the file itself, which then runs wherever it is put.
 set(CMAKE_EXE_LINKER_FLAGS_INIT -static)

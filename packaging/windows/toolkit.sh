@@ -21,12 +21,21 @@ cxx=$host-g++-posix
 
 # Packages' sources, unpacked into the folder given; the system's own list of sources stays as it is.
 fetch_source() {
-    local package=$1 folder=$2 lists=$windows_cache/lists
+    local package=$1 folder=$2 lists=$windows_cache/lists release mirror
     mkdir -p "$lists/partial" "$folder"
+    release=$(. /etc/os-release && echo "$VERSION_CODENAME")
+    # Where this machine's own packages come from.
+    # shellcheck disable=SC2016  # the names are those of apt
+    mirror=$(apt-get indextargets --format '$(REPO_URI)' 'Created-By: Packages' \
+        "Codename: $release" 'Component: main' | head -n 1)
+    [ -n "$mirror" ] || {
+        echo "apt knows no source of packages for $release" >&2
+        return 1
+    }
     cat >"$windows_cache/debian.sources" <<SOURCES
 Types: deb-src
-URIs: ${DEBIAN_MIRROR:-http://deb.debian.org/debian}
-Suites: bookworm
+URIs: $mirror
+Suites: $release
 Components: main
 Signed-By: /usr/share/keyrings/debian-archive-keyring.gpg
 SOURCES
@@ -76,6 +85,23 @@ build_xlsxwriter() {
     cp "/usr/$host/lib/libz.a" "$target/lib"
 }
 
+build_minizip() {
+    local source=$1 target=$2 file
+    mkdir -p "$target/lib/pkgconfig" "$target/include/minizip"
+    for file in ioapi unzip; do
+        run_logged "minizip-$file" "$compiler" -O2 -c "$source/$file.c" -o "$source/$file.o"
+    done
+    "$host-ar" rcs "$target/lib/libminizip.a" "$source/ioapi.o" "$source/unzip.o"
+    cp "$source/ioapi.h" "$source/unzip.h" "$target/include/minizip"
+    cat >"$target/lib/pkgconfig/minizip.pc" <<PC
+Name: minizip
+Description: Reader of zip files
+Version: 1.1
+Libs: -L$target/lib -lminizip -lz
+Cflags: -I$target/include/minizip
+PC
+}
+
 build_googletest() {
     local source=$1 target=$2
     run_logged googletest-configure cmake -S "$source" -B "$source/build" -G Ninja \
@@ -105,5 +131,6 @@ exec 9>"$windows_cache/$processor.lock"
 flock 9
 built_once googletest googletest build_googletest
 built_once xlsxwriter libxlsxwriter build_xlsxwriter
+built_once minizip minizip build_minizip
 built_once wx wxwidgets3.2 build_wx
 echo "$windows_cache/$processor"

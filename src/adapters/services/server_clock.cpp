@@ -3,6 +3,7 @@
 #include <chrono>
 #include <ctime>
 
+#include "adapters/desk/desk.h"
 #include "adapters/odbc/odbc_connection.h"
 #include "runtime/convert.h"
 #include "runtime/error.h"
@@ -44,8 +45,7 @@ Date timeOfThisMachine() {
     const auto now = system_clock::now();
     const auto second = floor<seconds>(now);
     const std::time_t time = system_clock::to_time_t(second);
-    std::tm local{};
-    localtime_r(&time, &local);
+    const std::tm local = localTime(time);
     const auto fraction = duration_cast<microseconds>(now - second).count();
     return {local.tm_year + 1900,
             local.tm_mon + 1,
