@@ -54,6 +54,7 @@ void GridView::paintHeader(wxDC& dc) {
     for (int column = 0; column < grid_.columns(); ++column) {
         if (grid_.columnHidden(column)) continue;
         wxRect cell = columnRect(column);
+        if (cell.GetRight() < 0 || cell.x > bar.width) continue;
         cell.height = bar.height;
         const bool sorted =
             grid_.sortIndicator() == 5 && grid_.sortColumn() == column && cell.width > 24;
