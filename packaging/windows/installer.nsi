@@ -1,8 +1,8 @@
 ; Installs the component, registers it and takes it away again. Made by installer.sh, which says where
 ; the files are and what version they have.
+Target amd64-unicode
 Unicode true
 !include "MUI2.nsh"
-!include "x64.nsh"
 
 Name "Catalogador"
 OutFile "${OUTPUT}"
@@ -25,12 +25,8 @@ VIAddVersionKey LegalCopyright ""
 
 !define ENTRY "Software\Microsoft\Windows\CurrentVersion\Uninstall\Catalogador"
 
-; The installer itself has 32 bits: the libraries are registered by the 64-bit program.
 !macro Register SWITCH FILE
-    ${DisableX64FSRedirection}
-    nsExec::ExecToLog '"$SYSDIR\regsvr32.exe" /s ${SWITCH} "$INSTDIR\${FILE}"'
-    Pop $0
-    ${EnableX64FSRedirection}
+    ExecWait '"$SYSDIR\regsvr32.exe" /s ${SWITCH} "$INSTDIR\${FILE}"' $0
 !macroend
 
 Function .onInit

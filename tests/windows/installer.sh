@@ -25,11 +25,11 @@ done
 cp "$CATALOGADOR_TEST_DEMO" "$CATALOGADOR_TEST_FOLDER/installed.db"
 run_script "$(windows_path "$here/calls.vbs")" "$CATALOGADOR_TEST_FOLDER/installed.db" Escrituras \
     >"$log" || fail "$(cat "$log")"
-wine reg query 'HKCR\CLSID\{592A528B-62D8-484D-BC6F-2ED557844700}\InprocServer32' /ve |
+wine 'C:\windows\system32\reg.exe' query 'HKCR\CLSID\{592A528B-62D8-484D-BC6F-2ED557844700}\InprocServer32' /ve |
     grep -qi 'C:\\Catalogador\\vemCatalogador.dll' || fail "another library is registered"
 
 wine "C:\\Catalogador\\uninstall.exe" /S '_?=C:\Catalogador' || fail "the uninstaller failed"
-if wine reg query 'HKCR\Catalogador.clsCatalogador' >/dev/null 2>&1; then
+if wine 'C:\windows\system32\reg.exe' query 'HKCR\Catalogador.clsCatalogador' >/dev/null 2>&1; then
     fail "the class stays registered"
 fi
 # Started in its own place, the uninstaller cannot remove itself.

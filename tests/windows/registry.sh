@@ -6,9 +6,9 @@ work=$CATALOGADOR_TEST_FOLDER/registry
 mkdir -p "$work"
 
 classes() {
-    wine reg export 'HKEY_LOCAL_MACHINE\Software\Classes' "$(windows_path "$work/$1.reg")" /y >/dev/null
+    wine 'C:\windows\system32\reg.exe' export 'HKEY_LOCAL_MACHINE\Software\Classes' "$(windows_path "$work/$1.reg")" /y >/dev/null
     iconv -f UTF-16 -t UTF-8 "$work/$1.reg" | tr -d '\r' >"$work/$1.txt"
-    wine reg export 'HKEY_CURRENT_USER\Software' "$(windows_path "$work/$1-user.reg")" /y >/dev/null
+    wine 'C:\windows\system32\reg.exe' export 'HKEY_CURRENT_USER\Software' "$(windows_path "$work/$1-user.reg")" /y >/dev/null
     iconv -f UTF-16 -t UTF-8 "$work/$1-user.reg" | tr -d '\r' | grep -v '^"' >"$work/$1-user.txt"
 }
 

@@ -25,8 +25,8 @@ fail() {
 # The name by which programs under Wine know a file of this system.
 windows_path() { printf 'Z:%s' "${1//\//\\}"; }
 
-register() { wine regsvr32 /s "$(windows_path "$build_folder/$1.dll")"; }
-unregister() { wine regsvr32 /u /s "$(windows_path "$build_folder/$1.dll")"; }
+register() { wine 'C:\windows\system32\regsvr32.exe' /s "$(windows_path "$build_folder/$1.dll")"; }
+unregister() { wine 'C:\windows\system32\regsvr32.exe' /u /s "$(windows_path "$build_folder/$1.dll")"; }
 register_all() {
     local library
     for library in "${libraries[@]}"; do
@@ -35,4 +35,4 @@ register_all() {
 }
 
 # What a host in VBScript prints; its status is that of the script.
-run_script() { wine cscript //nologo "$@" | sed -u 's/\r//'; }
+run_script() { wine 'C:\windows\system32\cscript.exe' //nologo "$@" | sed -u 's/\r//'; }

@@ -72,6 +72,10 @@ void library_use::release() {
 }
 void library_use::stay() {
     stays = true;
+    // When the host ends its use of COM, libraries go without being asked.
+    HMODULE pinned = nullptr;
+    GetModuleHandleExW(GET_MODULE_HANDLE_EX_FLAG_FROM_ADDRESS | GET_MODULE_HANDLE_EX_FLAG_PIN,
+                       reinterpret_cast<const wchar_t*>(&stays), &pinned);
 }
 HRESULT library_use::canUnload() {
     return uses == 0 && !stays ? S_OK : S_FALSE;

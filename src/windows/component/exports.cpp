@@ -36,6 +36,15 @@ extern "C" BOOL WINAPI DllMain(HINSTANCE instance, DWORD reason, void* /*reserve
     return TRUE;
 }
 
+extern "C" BOOL WINAPI DllMainCRTStartup(HINSTANCE instance, DWORD reason, void* reserved);
+
+/// Where the system enters the library. When the process ends, its other threads are gone already
+/// and the system takes everything back: tidying up then could wait for them for ever.
+extern "C" BOOL WINAPI LibraryEntry(HINSTANCE instance, DWORD reason, void* reserved) {
+    const bool processEnds = reason == DLL_PROCESS_DETACH && reserved != nullptr;
+    return processEnds ? TRUE : DllMainCRTStartup(instance, reason, reserved);
+}
+
 STDAPI DllGetClassObject(REFCLSID classId, REFIID iid, void** object) {
     return catalogador::classObject(catalogador::classes().data(), catalogador::classes().size(),
                                     classId, iid, object);
