@@ -93,6 +93,8 @@ build_minizip() {
     done
     "$host-ar" rcs "$target/lib/libminizip.a" "$source/ioapi.o" "$source/unzip.o"
     cp "$source/ioapi.h" "$source/unzip.h" "$target/include/minizip"
+    # Beside it there is no variant that would have to be delivered as a file of its own.
+    cp "/usr/$host/lib/libz.a" "$target/lib"
     cat >"$target/lib/pkgconfig/minizip.pc" <<PC
 Name: minizip
 Description: Reader of zip files
