@@ -5,7 +5,7 @@
 #                     sanitizers
 #   test.sh quick     the inner loop: what needs no display, on the release build
 #   test.sh windows   the Windows component
-#   test.sh all       both
+#   test.sh all       as without an argument; tells that the Windows component was left out
 #   test.sh lint      clang-tidy over src
 #   test.sh fuzz [N]  the fuzzers, N seconds each (60 when it is left out); part of test.sh too
 #   test.sh coverage  how much of src the tests run, by line and branch
@@ -142,7 +142,9 @@ case "${1:-}" in
     "") this_system ;;
     all)
         this_system
-        windows
+        # Wine's server was seen to break down under the many windows of these tests.
+        echo "windows: skipped: run test.sh windows by itself"
+        skipped=$((skipped + 1))
         ;;
     fuzz) fuzz "${2:-60}" ;;
     coverage) coverage ;;
