@@ -117,7 +117,8 @@ windows() {
     # What runs in the prefix holds on to the display, so it ends before that.
     trap 'stop_wine; stop_display; stop_servers' EXIT
     start_wine "$PWD/build/wine"
-    run_tests windows-x64 -j 1
+    # Wine's server sometimes breaks down under a test, which then gets no answer at all.
+    run_tests windows-x64 -j 1 --repeat until-pass:2
     stop_wine
     stop_display
     windows_x86

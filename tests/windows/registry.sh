@@ -1,9 +1,14 @@
 #!/usr/bin/env bash
 # What the libraries write into the registry, and that nothing of it stays.
 set -euo pipefail
-. "$(dirname "${BASH_SOURCE[0]}")/wine_tests.sh"
+here=$(dirname "$(realpath "${BASH_SOURCE[0]}")")
+. "$here/wine_tests.sh"
 work=$CATALOGADOR_TEST_FOLDER/registry
 mkdir -p "$work"
+
+is_registered() {
+    wine 'C:\windows\system32\reg.exe' query "HKLM\\Software\\Classes\\$1" >/dev/null 2>&1
+}
 
 classes() {
     wine 'C:\windows\system32\reg.exe' export 'HKEY_LOCAL_MACHINE\Software\Classes' "$(windows_path "$work/$1.reg")" /y >/dev/null
@@ -13,7 +18,15 @@ classes() {
 }
 
 trap register_all EXIT
-for library in "${libraries[@]}"; do unregister "$library"; done
+for library in "${libraries[@]}"; do unregister "$library" || fail "$library.dll does not unregister"; done
+gone() {
+    local class
+    for class in Catalogador.clsCatalogador vemDatos.rdoConnection LNG_QTX_001.clsResources \
+        LNG_QTX_002.clsResources LNG_QTX_003.clsResources; do
+        ! is_registered "$class" || return 1
+    done
+}
+gone || fail "classes stay registered"
 classes before
 register_all
 classes registered

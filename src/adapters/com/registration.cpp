@@ -175,9 +175,13 @@ HRESULT unregisterLibrary(const std::vector<LibraryClass>& classes, const Librar
     for (HKEY root : {HKEY_LOCAL_MACHINE, HKEY_CURRENT_USER}) {
         Key key;
         const bool forUser = root == HKEY_CURRENT_USER;
+        const LSTATUS opened = RegOpenKeyExW(root, classesKey, 0, KEY_READ | KEY_WRITE, key.put());
         // Who may not write for all has registered nothing there.
-        if (RegOpenKeyExW(root, classesKey, 0, KEY_READ | KEY_WRITE, key.put()) != ERROR_SUCCESS)
+        if (opened == ERROR_ACCESS_DENIED || opened == ERROR_FILE_NOT_FOUND) continue;
+        if (opened != ERROR_SUCCESS) {
+            result = HRESULT_FROM_WIN32(static_cast<DWORD>(opened));
             continue;
+        }
         unregisterTypes(types, forUser);
         const LSTATUS status = removeClasses(key.get(), classes);
         if (status != ERROR_SUCCESS) result = HRESULT_FROM_WIN32(static_cast<DWORD>(status));

@@ -61,9 +61,10 @@ std::optional<TransferredCell> BlockReader::transferred(std::size_t column,
     const std::size_t row = row_ + ahead;
     const SQLLEN length = buffer.indicators[row];
     if (length == SQL_NULL_DATA) return std::nullopt;
+    if (!buffer.texts.empty()) return TransferredCell{SQL_C_CHAR, buffer.texts[row]};
     // Only texts have a length of their own.
     const std::size_t size =
-        buffer.type == transferredText ? static_cast<std::size_t>(length) : buffer.width;
+        buffer.type == SQL_C_CHAR ? static_cast<std::size_t>(length) : buffer.width;
     return TransferredCell{buffer.type, {buffer.data.data() + row * buffer.width, size}};
 }
 
@@ -75,7 +76,10 @@ bool BlockReader::fetchBlock() {
     SQLRETURN result = SQLFetchScroll(statement_.get(), SQL_FETCH_NEXT, 0);
     while (result != SQL_NO_DATA) {
         checkRows(result);
-        if (!widenWhatWasCut()) return fetched_ > 0;
+        if (!widenWhatWasCut()) {
+            if constexpr (transferredText != SQL_C_CHAR) convertTexts();
+            return fetched_ > 0;
+        }
         bind();
         result = SQLFetchScroll(statement_.get(), SQL_FETCH_ABSOLUTE, blockStart_);
     }
@@ -122,6 +126,19 @@ bool BlockReader::widenWhatWasCut() {
         cut = true;
     }
     return cut;
+}
+
+void BlockReader::convertTexts() {
+    for (Buffer& buffer : buffers_) {
+        if (buffer.type != transferredText) continue;
+        buffer.texts.resize(fetched_);
+        for (std::size_t row = 0; row < fetched_; ++row) {
+            const SQLLEN length = buffer.indicators[row];
+            if (length != SQL_NULL_DATA)
+                buffer.texts[row] = textFromDriver(buffer.data.data() + row * buffer.width,
+                                                   static_cast<std::size_t>(length));
+        }
+    }
 }
 
 void BlockReader::checkRows(SQLRETURN result) const {

@@ -29,11 +29,14 @@ class BlockReader : public RowReader {
         std::size_t width = 0;
         std::vector<char> data;
         std::vector<SQLLEN> indicators;
+        /// The block's texts in UTF-8 where the driver gives them in another form.
+        std::vector<std::string> texts;
     };
 
     bool fetchBlock();
     void bind();
     bool widenWhatWasCut();
+    void convertTexts();
     void checkRows(SQLRETURN result) const;
 
     const OdbcHandle& statement_;

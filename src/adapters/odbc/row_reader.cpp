@@ -25,9 +25,7 @@ SQLSMALLINT transferType(Dialect dialect, ColumnKind kind) {
 
 std::string textOfTransferred(const TransferredCell& cell) {
     if (cell.type == SQL_C_UTINYINT) return cell.bytes.front() != 0 ? "1" : "0";
-    // What was put together from pieces is UTF-8 everywhere.
-    if (cell.type == SQL_C_CHAR) return std::string(cell.bytes);
-    if (cell.type == transferredText) return textFromDriver(cell.bytes.data(), cell.bytes.size());
+    if (cell.type != SQL_C_DOUBLE) return std::string(cell.bytes);
     double value = 0;
     std::memcpy(&value, cell.bytes.data(), sizeof value);
     return shortestText(value);

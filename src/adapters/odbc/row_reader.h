@@ -12,6 +12,7 @@
 namespace catalogador {
 
 /// A value in the buffer that it was fetched into, and the C type (SQL_C_…) that it has there.
+/// Texts are SQL_C_CHAR and UTF-8, however the driver gave them.
 struct TransferredCell {
     SQLSMALLINT type = SQL_C_CHAR;
     std::string_view bytes;

@@ -26,22 +26,23 @@ bool SingleRowReader::next() {
 }
 
 std::optional<std::string> SingleRowReader::read(SQLUSMALLINT number, SQLSMALLINT type) {
-    std::string text;
+    std::string pieces;
     while (true) {
         SQLLEN length = 0;
         const SQLRETURN result = SQLGetData(statement_.get(), number, type, piece_.data(),
                                             static_cast<SQLLEN>(piece_.size()), &length);
         statement_.check(result);
-        if (result == SQL_NO_DATA) return text;
+        if (result == SQL_NO_DATA) return textFromDriver(pieces.data(), pieces.size());
         if (length == SQL_NULL_DATA) return std::nullopt;
-        const auto room = static_cast<SQLLEN>(piece_.size() - textUnit);
-        const bool more = type == transferredText && result == SQL_SUCCESS_WITH_INFO &&
-                          (length == SQL_NO_TOTAL || length > room);
+        if (type != transferredText)
+            return textOfTransferred({type, {piece_.data(), static_cast<std::size_t>(length)}});
         // A piece that is followed by another ends with the terminator.
-        const std::size_t size =
-            more ? static_cast<std::size_t>(room) : static_cast<std::size_t>(length);
-        text += textOfTransferred({type, {piece_.data(), size}});
-        if (!more) return text;
+        const std::size_t room = piece_.size() - textUnit;
+        const bool more = result == SQL_SUCCESS_WITH_INFO &&
+                          (length == SQL_NO_TOTAL || length > static_cast<SQLLEN>(room));
+        pieces.append(piece_.data(), more ? room : static_cast<std::size_t>(length));
+        // Where a piece ends, a character need not end.
+        if (!more) return textFromDriver(pieces.data(), pieces.size());
     }
 }
 
