@@ -146,6 +146,34 @@ TEST_P(RdoReading, IsAtEndAndEmptyAfterClose) {
     EXPECT_NE(errorNumberOf([&] { rows->AddNew(); }), 0);
 }
 
+TEST_P(RdoReading, TheConnectionIsUsableAtOnceAfterALongListWasClosed) {
+    std::vector<std::string> values;
+    for (int row = 0; row < 2000; ++row) values.push_back(decimalText(row) + ", 'text'");
+    create("a INTEGER, b VARCHAR(10)", values);
+    const auto readToItsEnd = [&] {
+        auto rows = connection->OpenResultset(select());
+        while (!rows->atEnd()) rows->MoveNext();
+        return rows;
+    };
+    for (int round = 0; round < 10; ++round) {
+        const auto left = readToItsEnd();
+        const auto half = connection->OpenResultset(select("Order By a"));
+        readToItsEnd()->Close();
+        half->MoveNext();
+        EXPECT_EQ(half->value(0), Variant(1));
+        left->Close();
+        connection->begin();
+        connection->Execute("Update " + table +
+                            " Set b = 'changed' Where a = " + decimalText(round));
+        readToItsEnd()->Close();
+        connection->commit();
+        readToItsEnd().reset();
+        half->Close();
+    }
+    const auto changed = connection->OpenResultset(select("Where b = 'changed' Order By a Desc"));
+    EXPECT_EQ(changed->value(0), Variant(9));
+}
+
 TEST_P(RdoReading, KeepsSeveralResultsetsOpenAtOnce) {
     create("a INTEGER", {"1", "2"});
     const auto first = connection->OpenResultset(select("Order By a"));

@@ -55,6 +55,10 @@ bool BlockReader::next() {
     return !ended_;
 }
 
+std::size_t BlockReader::rowsRead() const {
+    return static_cast<std::size_t>(blockStart_ - 1) + fetched_;
+}
+
 std::optional<TransferredCell> BlockReader::transferred(std::size_t column,
                                                         std::size_t ahead) const {
     const Buffer& buffer = buffers_[column];

@@ -20,6 +20,7 @@ class BlockReader : public RowReader {
 
     bool next() override;
     [[nodiscard]] std::size_t rowsAtHand() const override { return fetched_ - row_; }
+    [[nodiscard]] std::size_t rowsRead() const override;
     [[nodiscard]] std::optional<TransferredCell> transferred(std::size_t column,
                                                              std::size_t ahead) const override;
 

@@ -61,7 +61,7 @@ void OdbcConnection::setListener(StatementListener* listener) {
 }
 
 void* OdbcConnection::handle() const {
-    return session_->handle();
+    return session_->lend();
 }
 
 Dialect OdbcConnection::dialect() const {

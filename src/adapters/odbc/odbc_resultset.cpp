@@ -36,8 +36,13 @@ OdbcResultset::OdbcResultset(std::shared_ptr<OdbcSession> session, const std::st
     if (reader_->next()) row_ = Row::current;
 }
 
+OdbcResultset::~OdbcResultset() {
+    Close();
+}
+
 void OdbcResultset::MoveNext() {
     requireOpen();
+    session_->settle();
     if (row_ == Row::none) throw RuntimeError(error_number::noCurrentRow, "No current row");
     mode_ = Mode::reading;
     assigned_.clear();
@@ -145,8 +150,14 @@ void OdbcResultset::Delete() {
 }
 
 void OdbcResultset::Close() {
+    constexpr std::size_t manyRows = 500;
+    session_->settle();
+    const bool many = reader_ && reader_->rowsRead() > manyRows;
     reader_.reset();
-    statement_ = OdbcHandle();
+    if (many)
+        session_->freeBeside(std::move(statement_));
+    else
+        statement_ = OdbcHandle();
     open_ = false;
     row_ = Row::none;
     mode_ = Mode::reading;

@@ -18,6 +18,9 @@ class OdbcResultset : public rdoResultset {
   public:
     /// Runs the statement. Raises RuntimeError (statementFailed).
     OdbcResultset(std::shared_ptr<OdbcSession> session, const std::string& sql);
+    ~OdbcResultset() override;
+    OdbcResultset(const OdbcResultset&) = delete;
+    OdbcResultset& operator=(const OdbcResultset&) = delete;
 
     [[nodiscard]] bool atEnd() const override { return row_ == Row::none; }
     void MoveNext() override;

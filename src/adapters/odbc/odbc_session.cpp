@@ -2,7 +2,6 @@
 
 #include <algorithm>
 #include <chrono>
-#include <future>
 #include <thread>
 
 #include "adapters/odbc/bound_parameters.h"
@@ -75,10 +74,29 @@ OdbcSession::OdbcSession(OdbcHandle borrowed) : connection_(std::move(borrowed))
 }
 
 OdbcSession::~OdbcSession() {
+    settle();
     for (const OdbcHandle& lost : lostConnections_) SQLDisconnect(lost.get());
     if (!connected_) return;
     if (transactions_ > 0) SQLEndTran(SQL_HANDLE_DBC, connection_.get(), SQL_ROLLBACK);
     SQLDisconnect(connection_.get());
+}
+
+SQLHANDLE OdbcSession::lend() {
+    settle();
+    lent_ = true;
+    return connection_.get();
+}
+
+void OdbcSession::freeBeside(OdbcHandle statement) {
+    settle();
+    if (borrowed_ || lent_) return;
+    freeing_ = std::async(std::launch::async, [freed = std::move(statement)]() mutable {
+        const OdbcHandle ends = std::move(freed);
+    });
+}
+
+void OdbcSession::settle() const {
+    if (freeing_.valid()) freeing_.wait();
 }
 
 void OdbcSession::connect() {
@@ -112,6 +130,7 @@ bool OdbcSession::meansLost(const RuntimeError& error) const {
 }
 
 void OdbcSession::reconnectIfLost() {
+    settle();
     if (!lost_ || borrowed_ || transactions_ > 0) return;
     if (connected_) lostConnections_.push_back(std::move(connection_));
     connect();
@@ -304,6 +323,7 @@ void OdbcSession::rollback() {
 }
 
 void OdbcSession::endTransaction(SQLSMALLINT how) {
+    settle();
     if (transactions_ == 0)
         throw RuntimeError(error_number::invalidProcedureCall, "No transaction was begun");
     if (dialect_ == Dialect::sqlite) {

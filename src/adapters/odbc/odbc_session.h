@@ -2,6 +2,7 @@
 #include <chrono>
 #include <cstdint>
 #include <functional>
+#include <future>
 #include <memory>
 #include <string>
 #include <vector>
@@ -30,8 +31,8 @@ class OdbcSession {
     OdbcSession& operator=(const OdbcSession&) = delete;
 
     [[nodiscard]] Dialect dialect() const { return dialect_; }
-    /// The driver manager's handle of the connection.
-    [[nodiscard]] SQLHANDLE handle() const { return connection_.get(); }
+    /// The driver manager's handle of the connection, for somebody else to use beside the session.
+    [[nodiscard]] SQLHANDLE lend();
     [[nodiscard]] const SqlSyntax& syntax() const { return syntax_; }
 
     /// Runs one statement on a connection that lives: one that was lost is made again first, and a
@@ -45,6 +46,12 @@ class OdbcSession {
     [[nodiscard]] std::vector<ColumnInfo> columnsOf(const OdbcHandle& statement,
                                                     const std::string& sql) const;
     [[nodiscard]] static std::int64_t touchedRows(const OdbcHandle& statement);
+    /// Frees a statement with many rows, which takes a driver long, beside what the caller does
+    /// next; at once where others use the connection too.
+    void freeBeside(OdbcHandle statement);
+    /// Waits until no statement is being freed: a connection and its statements are used by one
+    /// thread at a time. Everything that the session does itself begins with it.
+    void settle() const;
 
     std::vector<std::vector<Variant>> query(const std::string& sql,
                                             const std::vector<Parameter>& parameters);
@@ -98,8 +105,10 @@ class OdbcSession {
     /// How long it is taken for granted that others are waiting for SQLite's lock.
     Clock::time_point othersUntil_;
     bool borrowed_ = false;
+    bool lent_ = false;
     bool connected_ = false;
     bool lost_ = false;
+    std::future<void> freeing_;
 };
 
 /// A transaction that is rolled back unless it was committed.

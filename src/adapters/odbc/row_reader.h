@@ -26,6 +26,8 @@ class RowReader {
     virtual bool next() = 0;
     /// Rows from the current one on that were fetched with it.
     [[nodiscard]] virtual std::size_t rowsAtHand() const { return 1; }
+    /// Rows that were fetched so far; 0 where that is not known.
+    [[nodiscard]] virtual std::size_t rowsRead() const { return 0; }
     /// A column of the `ahead`-th row at hand (0 is the current one) as it was transferred, whole;
     /// nullopt for NULL. Valid until next().
     [[nodiscard]] virtual std::optional<TransferredCell> transferred(std::size_t column,

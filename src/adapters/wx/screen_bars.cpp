@@ -112,7 +112,12 @@ void ScreenFrame::addTool(const ActionPlace& place) {
 std::vector<std::string> ScreenFrame::differences() const {
     std::vector<std::string> found;
     if (GetTitle() != wxText(window_.caption())) found.emplace_back("the title differs");
-    for (const auto& view : views_) view->describeDifferences(found);
+    for (const Control* control : window_.controls()) {
+        if (const FieldView* view = viewOf(*control))
+            view->describeDifferences(found);
+        else if (control->visible() && control != window_.find(panelName))
+            found.push_back(control->name() + ": is not shown at all");
+    }
     for (const Action& action : window_.commandBars.actions()) {
         const std::string name = "action " + decimalText(action.id);
         const wxMenuItem* item =

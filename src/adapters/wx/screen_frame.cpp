@@ -67,7 +67,7 @@ ScreenFrame::ScreenFrame(Window& window, wxWindow* below)
     SetIcons(wxIconBundle(iconBundle(applicationIcon).GetIcon(FromDIP(wxSize(16, 16)))));
     panel_ = new wxPanel(this, wxID_ANY, wxDefaultPosition, wxDefaultSize, wxWANTS_CHARS);
     toolbar_ = CreateToolBar(wxTB_HORIZONTAL | wxTB_FLAT | wxTB_HORZ_TEXT | wxTB_NODIVIDER);
-    createFields();
+    everythingChanged();
     applyWindow();
     Bind(wxEVT_CHAR_HOOK, &ScreenFrame::onKey, this);
     Bind(wxEVT_CLOSE_WINDOW, &ScreenFrame::onClose, this);
@@ -94,24 +94,27 @@ ScreenFrame::ScreenFrame(Window& window, wxWindow* below)
     });
 }
 
-void ScreenFrame::createFields() {
-    for (Control* control : window_.controls())
-        if (auto view = makeFieldView(*control, *panel_)) {
-            if (auto* box = dynamic_cast<wxControl*>(&view->native());
-                box != nullptr && dynamic_cast<wxTextCtrl*>(box) == nullptr && control->focusable())
-                box->Bind(wxEVT_SET_FOCUS, [control](wxFocusEvent& event) {
-                    control->window()->userFocused(*control);
-                    event.Skip();
-                });
-            changedViews_.insert(view.get());
-            views_.push_back(std::move(view));
-        }
+FieldView* ScreenFrame::createField(Control& control) {
+    auto view = makeFieldView(control, *panel_);
+    if (!view) return nullptr;
+    wxWindow& native = view->native();
+    if (dynamic_cast<wxControl*>(&native) != nullptr &&
+        dynamic_cast<wxTextCtrl*>(&native) == nullptr && control.focusable())
+        native.Bind(wxEVT_SET_FOCUS, [&control](wxFocusEvent& event) {
+            control.window()->userFocused(control);
+            event.Skip();
+        });
+    // Tab goes through the controls in the order of the model, whenever they were made.
+    const auto& all = window_.controls();
+    const auto next = std::find_if(std::find(all.begin(), all.end(), &control), all.end(),
+                                   [&](const Control* later) { return viewOf(*later) != nullptr; });
+    if (next != all.end()) native.MoveBeforeInTabOrder(&viewOf(**next)->native());
+    return views_.emplace(&control, std::move(view)).first->second.get();
 }
 
 FieldView* ScreenFrame::viewOf(const Control& control) const {
-    for (const auto& view : views_)
-        if (&view->control() == &control) return view.get();
-    return nullptr;
+    const auto found = views_.find(&control);
+    return found == views_.end() ? nullptr : found->second.get();
 }
 
 wxWindow* ScreenFrame::nativeOf(const Control& control) const {
@@ -136,15 +139,19 @@ Rect ScreenFrame::clientRect() const {
 }
 
 void ScreenFrame::controlChanged(Control& control) {
-    if (FieldView* view = viewOf(control)) {
-        changedViews_.insert(view);
-    } else if (&control == &window_.commandBars.filterBox) {
+    if (&control == &window_.commandBars.filterBox) {
         barsChanged_ = true;
-    } else {
-        // The panel: its size is the frame's business, its colour the window's.
-        for (const auto& each : views_) changedViews_.insert(each.get());
+    } else if (&control == window_.find(panelName)) {
+        // Its size is the frame's business, its colour the window's.
+        everythingChanged();
         windowChanged_ = true;
+    } else {
+        changedControls_.insert(&control);
     }
+}
+
+void ScreenFrame::everythingChanged() {
+    changedControls_.insert(window_.controls().begin(), window_.controls().end());
 }
 
 void ScreenFrame::barsChanged() {
@@ -161,12 +168,10 @@ void ScreenFrame::sync() {
     if (windowChanged_) {
         windowChanged_ = false;
         if (GetTitle() != wxText(window_.caption())) SetTitle(wxText(window_.caption()));
-        if (const Control* panel = window_.find("picBackColor"))
+        if (const Control* panel = window_.find(panelName))
             panel_->SetBackgroundColour(colourOf(panel->backColor()));
     }
-    const std::set<FieldView*> changed = std::move(changedViews_);
-    changedViews_.clear();
-    for (FieldView* view : changed) view->sync();
+    syncFields();
     if (barsChanged_) {
         barsChanged_ = false;
         syncMenus();
@@ -174,6 +179,18 @@ void ScreenFrame::sync() {
     }
     syncing_ = false;
     syncFocus();
+}
+
+void ScreenFrame::syncFields() {
+    const std::set<const Control*> changed = std::move(changedControls_);
+    changedControls_.clear();
+    for (Control* control : window_.controls()) {
+        if (!changed.contains(control)) continue;
+        FieldView* view = viewOf(*control);
+        // Native controls take long to make, and most lists have only some of the fields.
+        if (view == nullptr && control->visible()) view = createField(*control);
+        if (view != nullptr) view->sync();
+    }
 }
 
 void ScreenFrame::syncFocus() {
@@ -196,7 +213,7 @@ void ScreenFrame::runLoop() {
 
 void ScreenFrame::release() {
     released_ = true;
-    changedViews_.clear();
+    changedControls_.clear();
     panel_->DestroyChildren();
     views_.clear();
     changeOwner(*this, owner_);
@@ -228,7 +245,7 @@ void ScreenFrame::onResize() {
         // Decorations and bars may have taken room that the window did not have before it showed.
         window_.commandBars.onResize();
     }
-    for (const auto& view : views_) changedViews_.insert(view.get());
+    everythingChanged();
     sync();
 }
 

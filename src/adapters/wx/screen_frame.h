@@ -4,6 +4,7 @@
 #include <wx/textctrl.h>
 #include <wx/toolbar.h>
 
+#include <map>
 #include <memory>
 #include <optional>
 #include <set>
@@ -19,6 +20,9 @@ class wxGUIEventLoop;
 namespace catalogador {
 
 struct BoxLabels;
+
+/// The control that the others stand on.
+constexpr const char* panelName = "picBackColor";
 
 /// Modal loops (boxes, dialogs, nested screens) that were begun in this process. The toolkit offers
 /// a key that nobody used to the surrounding windows as well, and forgets that it has done so once
@@ -50,7 +54,10 @@ class ScreenFrame : public wxFrame {
     [[nodiscard]] std::vector<std::string> differences() const;
 
   private:
-    void createFields();
+    /// Null for a control that is shown otherwise (the panel).
+    FieldView* createField(Control& control);
+    void syncFields();
+    void everythingChanged();
     void createMenus();
     void syncMenus();
     void syncToolbar();
@@ -73,8 +80,9 @@ class ScreenFrame : public wxFrame {
     wxPanel* panel_ = nullptr;
     wxToolBar* toolbar_ = nullptr;
     wxTextCtrl* filterBox_ = nullptr;
-    std::vector<std::unique_ptr<FieldView>> views_;
-    std::set<FieldView*> changedViews_;
+    /// Of the controls that were ever visible.
+    std::map<const Control*, std::unique_ptr<FieldView>> views_;
+    std::set<const Control*> changedControls_;
     std::string shownToolbar_;
     bool barsChanged_ = true;
     bool focusChanged_ = true;
