@@ -6,10 +6,12 @@
 #include <wx/frame.h>
 #include <wx/image.h>
 #include <wx/panel.h>
+#include <wx/utils.h>
 
 #include <chrono>
 #include <cstdlib>
 #include <iostream>
+#include <typeinfo>
 
 #include "adapters/wx/grid_view.h"
 #include "adapters/wx/wx_surface.h"
@@ -22,16 +24,20 @@ namespace {
 
 using Clock = std::chrono::steady_clock;
 
-/// Lets the loop run until something has been painted and nothing is left to do.
+/// Lets the loop run until a window of a class has been painted and nothing is left to do.
 class PaintedWindow : public wxEventFilter {
   public:
-    PaintedWindow() { wxEvtHandler::AddFilter(this); }
+    explicit PaintedWindow(const std::type_info& kind) : kind_(kind) {
+        wxEvtHandler::AddFilter(this);
+    }
     ~PaintedWindow() override { wxEvtHandler::RemoveFilter(this); }
     PaintedWindow(const PaintedWindow&) = delete;
     PaintedWindow& operator=(const PaintedWindow&) = delete;
 
     int FilterEvent(wxEvent& event) override {
-        if (event.GetEventType() == wxEVT_PAINT) painted_ = true;
+        const wxObject* painted = event.GetEventObject();
+        if (event.GetEventType() == wxEVT_PAINT && painted != nullptr && typeid(*painted) == kind_)
+            painted_ = true;
         return Event_Skip;
     }
     void wait() {
@@ -42,12 +48,13 @@ class PaintedWindow : public wxEventFilter {
     }
 
   private:
+    const std::type_info& kind_;
     bool painted_ = false;
 };
 
 void openEmpty() {
     report("empty_window", secondsOf([] {
-               PaintedWindow painted;
+               PaintedWindow painted(typeid(wxPanel));
                auto* frame =
                    new wxFrame(nullptr, wxID_ANY, "Empty", wxDefaultPosition, wxSize(640, 480));
                new wxPanel(frame);
@@ -57,8 +64,10 @@ void openEmpty() {
 }
 
 void openView(WxSurface& surface, BenchHost& host, std::int16_t view) {
+    PaintedWindow painted(typeid(GridView));
     const auto start = Clock::now();
     surface.setModalRunner([&](Window& window) {
+        painted.wait();
         const auto shown = std::chrono::duration<double>(Clock::now() - start).count();
         report("open_window", shown);
         window.requestClose();
@@ -99,8 +108,13 @@ void paintPages(WxSurface& surface, BenchHost& host, std::int16_t view, int roun
         RecordGrid& grid = host.form().grdGrilla;
         auto* frame = dynamic_cast<wxFrame*>(surface.nativeWindow(window));
         frame->SetSize(0, 0, 1280, 900);
-        // The new size goes through the form's own layout, step by step.
-        for (int step = 0; step < 20; ++step) surface.processEvents();
+        // The new size goes through the window manager and the form's own layout, step by step.
+        constexpr int pageOfABigWindow = 30;
+        for (int step = 0; step < 200 && grid.rowsThatFit() < pageOfABigWindow; ++step) {
+            wxMilliSleep(10);
+            surface.processEvents();
+            wxTheApp->ProcessPendingEvents();
+        }
         GridView* grids = gridViewIn(*frame);
         wxBitmap bitmap(grids->GetClientSize());
         const auto measurePages = [&](const std::string& name) {

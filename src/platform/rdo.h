@@ -106,9 +106,9 @@ class rdoConnection {
     /// Runs one statement; gives the number of rows it touched (-1 when the driver does not tell).
     virtual std::int64_t Execute(const std::string& sql) = 0;
 
-    /// Called now and then, by whoever runs a statement, while that statement takes long; false
-    /// stops the statement, which then fails. Empty for nobody. A connection that cannot tell never
-    /// calls it.
+    /// Called by whoever runs a statement as soon as it runs, and then now and again while it takes
+    /// long; false stops the statement, which then fails. Empty for nobody. A connection that
+    /// cannot tell never calls it.
     virtual void setWaiting(std::function<bool()> /*waiting*/) {}
 
     /// `listener` may be null and must outlive its use.

@@ -214,7 +214,8 @@ SQLRETURN OdbcSession::runText(const OdbcHandle& statement, const std::string& t
     // Drivers read all rows before they come back, so whoever waits would wait for all of them.
     constexpr std::chrono::milliseconds betweenCalls{100};
     std::future<SQLRETURN> result = std::async(std::launch::async, run);
-    bool wanted = true;
+    // The first call finds the statement running: what can be done in the meantime, is.
+    bool wanted = waiting();
     while (result.wait_for(betweenCalls) != std::future_status::ready) {
         wanted = wanted && waiting();
         if (!wanted) SQLCancel(statement.get());

@@ -2,7 +2,9 @@
 
 #include <wx/settings.h>
 #ifdef __WXGTK__
-#include <dlfcn.h>
+#include <pango/pangocairo.h>
+
+#include "adapters/wx/desktop_function.h"
 #endif
 
 #include <algorithm>
@@ -43,11 +45,6 @@ constexpr const char* compactStyle =
     " box-shadow: inset 0 0 0 1px @theme_selected_bg_color; outline: none; }"
     "checkbutton { min-height: 0; padding: 0; }"
     "toolbar { padding: 2px; } toolbar button { min-height: 22px; padding: 1px 5px; }";
-
-template <class Function>
-Function symbol(const char* name) {
-    return reinterpret_cast<Function>(dlsym(RTLD_DEFAULT, name));
-}
 #endif
 
 }  // namespace
@@ -90,17 +87,24 @@ wxColour readableOn(const wxColour& background, wxColour wanted) {
 
 void useCompactFields() {
 #ifdef __WXGTK__
-    const auto newProvider = symbol<void* (*)()>("gtk_css_provider_new");
-    const auto load =
-        symbol<int (*)(void*, const char*, long, void*)>("gtk_css_provider_load_from_data");
-    const auto screen = symbol<void* (*)()>("gdk_screen_get_default");
-    const auto add =
-        symbol<void (*)(void*, void*, unsigned)>("gtk_style_context_add_provider_for_screen");
+    const auto newProvider = desktopFunction<void* (*)()>("gtk_css_provider_new");
+    const auto load = desktopFunction<int (*)(void*, const char*, long, void*)>(
+        "gtk_css_provider_load_from_data");
+    const auto screen = desktopFunction<void* (*)()>("gdk_screen_get_default");
+    const auto add = desktopFunction<void (*)(void*, void*, unsigned)>(
+        "gtk_style_context_add_provider_for_screen");
     if (newProvider == nullptr || load == nullptr || screen == nullptr || add == nullptr) return;
     constexpr unsigned applicationPriority = 600;
     void* provider = newProvider();
     load(provider, compactStyle, -1, nullptr);
     if (void* display = screen()) add(display, provider, applicationPriority);
+#endif
+}
+
+void startReadingFonts() {
+#ifdef __WXGTK__
+    // The map belongs to the library, which reads the settings of all fonts in a thread of its own.
+    (void)pango_cairo_font_map_get_default();
 #endif
 }
 

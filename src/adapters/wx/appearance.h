@@ -29,4 +29,8 @@ wxColour readableOn(const wxColour& background, wxColour wanted);
 /// Makes the native fields low enough for the rows that the layout gives them.
 void useCompactFields();
 
+/// Has the desktop's fonts looked up beside what comes before the first text is shown; it takes as
+/// long as reading some thousand rows.
+void startReadingFonts();
+
 }  // namespace catalogador

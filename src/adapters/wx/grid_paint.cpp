@@ -1,13 +1,14 @@
-#include <wx/control.h>
 #include <wx/dcbuffer.h>
 #include <wx/dcmemory.h>
 #include <wx/renderer.h>
 #include <wx/settings.h>
 
 #include <algorithm>
+#include <string>
 #include <vector>
 
 #include "adapters/wx/appearance.h"
+#include "adapters/wx/cell_drawing.h"
 #include "adapters/wx/grid_view.h"
 #include "runtime/text.h"
 
@@ -32,15 +33,22 @@ void GridView::onPaint(wxPaintEvent&) {
     paint(dc);
 }
 
+void GridView::prepare() {
+    wxBitmap nowhere(1, 1);
+    wxMemoryDC dc(nowhere);
+    paint(dc);
+}
+
 void GridView::paint(wxDC& dc) {
     dc.SetFont(GetFont());
     dc.SetBackground(wxBrush(colourOf(grid_.backColor())));
     dc.Clear();
-    paintRows(dc);
-    paintHeader(dc);
+    CellTexts texts(dc, *this);
+    paintRows(dc, texts);
+    paintHeader(dc, texts);
 }
 
-void GridView::paintHeader(wxDC& dc) {
+void GridView::paintHeader(wxDC& dc, CellTexts& texts) {
     const GridAppearance& look = grid_.appearance();
     const wxRect bar(0, 0, GetClientSize().GetWidth(), headerHeight());
     dc.SetPen(*wxTRANSPARENT_PEN);
@@ -49,6 +57,7 @@ void GridView::paintHeader(wxDC& dc) {
     wxFont bold = GetFont();
     bold.MakeBold();
     dc.SetFont(bold);
+    texts.fontChanged();
     dc.SetTextForeground(colourOf(look.foreColorFixed));
     dc.SetPen(wxPen(colourOf(look.gridColor)));
     for (int column = 0; column < grid_.columns(); ++column) {
@@ -60,7 +69,7 @@ void GridView::paintHeader(wxDC& dc) {
             grid_.sortIndicator() == 5 && grid_.sortColumn() == column && cell.width > 24;
         wxRect text = cell;
         if (sorted) text.width -= FromDIP(3 * arrowSize);
-        paintText(dc, wxText(grid_.header(column)), text, 1);
+        paintText(texts, grid_.header(column), text, 1);
         if (sorted) paintSortArrow(dc, cell);
         dc.DrawLine(cell.GetRight(), 3, cell.GetRight(), bar.height - 3);
     }
@@ -82,14 +91,14 @@ void GridView::paintSortArrow(wxDC& dc, const wxRect& cell) {
     dc.SetPen(pen);
 }
 
-void GridView::paintRows(wxDC& dc) {
+void GridView::paintRows(wxDC& dc, CellTexts& texts) {
     const int first = firstVisible();
     const int fit = GetClientSize().GetHeight() / rowHeight() + 1;
     const int end = std::min(grid_.visibleRows(), first + fit);
     std::vector<wxRect> cells;
     for (int column = 0; column < grid_.columns(); ++column) cells.push_back(columnRect(column));
     for (int n = first; n < end; ++n)
-        paintRow(dc, grid_.visibleRow(n), headerHeight() + (n - first) * rowHeight(), cells);
+        paintRow(dc, texts, grid_.visibleRow(n), headerHeight() + (n - first) * rowHeight(), cells);
     paintLines(dc, cells, end - first);
     const int marked = grid_.visibleIndex(grid_.row());
     if (!HasFocus() || marked < first || marked >= end) return;
@@ -104,7 +113,8 @@ wxColour GridView::selectedTextColour() const {
     return readableOn(colourOf(look.backColorSel), colourOf(look.foreColorSel));
 }
 
-void GridView::paintRow(wxDC& dc, int row, int top, const std::vector<wxRect>& cells) {
+void GridView::paintRow(wxDC& dc, CellTexts& texts, int row, int top,
+                        const std::vector<wxRect>& cells) {
     const wxRect line(0, top, GetClientSize().GetWidth(), rowHeight());
     const bool selected = row == grid_.row();
     if (selected) {
@@ -118,7 +128,7 @@ void GridView::paintRow(wxDC& dc, int row, int top, const std::vector<wxRect>& c
         wxRect cell = cells[static_cast<std::size_t>(column)];
         if (grid_.columnHidden(column) || cell.GetRight() < 0 || cell.x > line.width) continue;
         cell.y = top;
-        paintCell(dc, row, column, cell);
+        paintCell(dc, texts, row, column, cell);
     }
 }
 
@@ -137,7 +147,7 @@ void GridView::paintLines(wxDC& dc, const std::vector<wxRect>& cells, int rows) 
         dc.DrawLine(0, y - 1, width, y - 1);
 }
 
-void GridView::paintCell(wxDC& dc, int row, int column, const wxRect& cell) {
+void GridView::paintCell(wxDC& dc, CellTexts& texts, int row, int column, const wxRect& cell) {
     const CheckState check = grid_.check(row, column);
     if (check != CheckState::none) {
         paintCheck(dc, cell, check == CheckState::checked, row == grid_.row());
@@ -146,7 +156,7 @@ void GridView::paintCell(wxDC& dc, int row, int column, const wxRect& cell) {
     // A character is two pixels wide at least; what lies behind the cell's end is not measured.
     const auto most = static_cast<std::size_t>(std::max(0, cell.width));
     const std::string_view text = leftCharacters(grid_.text(row, column), most);
-    if (!text.empty()) paintText(dc, wxText(text), cell, grid_.alignment(row, column));
+    paintText(texts, text, cell, grid_.alignment(row, column));
 }
 
 void GridView::paintCheck(wxDC& dc, const wxRect& cell, bool checked, bool selected) {
@@ -157,8 +167,7 @@ void GridView::paintCheck(wxDC& dc, const wxRect& cell, bool checked, bool selec
                   cell.y + (cell.height - size.y) / 2);
 }
 
-/// The desktop draws a check box from its theme's files each time, which takes longer than all the
-/// texts of a row.
+/// Drawing one takes longer than a text.
 const wxBitmap& GridView::checkPicture(const wxSize& size, bool checked, bool selected) {
     const wxColour background =
         colourOf(selected ? grid_.appearance().backColorSel : grid_.backColor());
@@ -170,38 +179,24 @@ const wxBitmap& GridView::checkPicture(const wxSize& size, bool checked, bool se
         wxMemoryDC dc(picture.bitmap);
         dc.SetBackground(wxBrush(background));
         dc.Clear();
-        wxRendererNative::Get().DrawCheckBox(this, dc, wxRect(size),
-                                             checked ? static_cast<int>(wxCONTROL_CHECKED) : 0);
+        drawCheckBox(dc, *this, size, checked);
     }
     return picture.bitmap;
 }
 
-void GridView::paintText(wxDC& dc, const wxString& text, const wxRect& cell, int alignment) {
+void GridView::paintText(CellTexts& texts, std::string_view text, const wxRect& cell,
+                         int alignment) {
     if (text.empty()) return;
     wxRect inside = cell;
     inside.Deflate(FromDIP(cellMargin), 0);
     if (inside.width <= 0) return;
-    wxString line = text;
-    if (line.find_first_of("\r\n") != wxString::npos) {
-        // Line ends inside of a text would draw it over the rows below.
-        line.Replace("\r", "");
-        line.Replace("\n", " ");
-    }
-    wxSize size = dc.GetTextExtent(line);
-    if (size.x > inside.width) {
-        line =
-            wxControl::Ellipsize(line, dc, wxELLIPSIZE_END, inside.width, wxELLIPSIZE_FLAGS_NONE);
-        size = dc.GetTextExtent(line);
-    }
-    const int room = inside.width - size.x;
-    const int left = inside.x + room * side(alignment) / rightCodes;
-    const int top = inside.y + (inside.height - size.y) / 2;
-    if (room >= 0) {
-        dc.DrawText(line, left, top);
-        return;
-    }
-    const wxDCClipper clip(dc, inside);
-    dc.DrawText(line, inside.x, top);
+    if (text.find_first_of("\r\n") == std::string_view::npos)
+        return texts.draw(text, inside, side(alignment));
+    // Line ends inside of a text would draw it over the rows below.
+    std::string line(text);
+    std::erase(line, '\r');
+    std::replace(line.begin(), line.end(), '\n', ' ');
+    texts.draw(line, inside, side(alignment));
 }
 
 }  // namespace catalogador

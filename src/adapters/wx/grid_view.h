@@ -4,11 +4,14 @@
 #include <wx/window.h>
 
 #include <array>
+#include <string_view>
 #include <vector>
 
 #include "platform/controls/record_grid.h"
 
 namespace catalogador {
+
+class CellTexts;
 
 /// Draws the record grid: only the rows that are in sight, however many there are.
 class GridView : public wxWindow {
@@ -21,6 +24,8 @@ class GridView : public wxWindow {
     [[nodiscard]] int shownRows() const { return shownRows_; }
     /// Draws header and rows in sight.
     void paint(wxDC& dc);
+    /// Has the fonts loaded that it draws with.
+    void prepare();
 
   private:
     [[nodiscard]] int headerHeight() const;
@@ -39,15 +44,15 @@ class GridView : public wxWindow {
     [[nodiscard]] int rowAt(int y) const;
 
     void onPaint(wxPaintEvent& event);
-    void paintHeader(wxDC& dc);
-    void paintRows(wxDC& dc);
-    void paintRow(wxDC& dc, int row, int top, const std::vector<wxRect>& cells);
+    void paintHeader(wxDC& dc, CellTexts& texts);
+    void paintRows(wxDC& dc, CellTexts& texts);
+    void paintRow(wxDC& dc, CellTexts& texts, int row, int top, const std::vector<wxRect>& cells);
     void paintLines(wxDC& dc, const std::vector<wxRect>& cells, int rows);
-    void paintCell(wxDC& dc, int row, int column, const wxRect& cell);
+    void paintCell(wxDC& dc, CellTexts& texts, int row, int column, const wxRect& cell);
     void paintCheck(wxDC& dc, const wxRect& cell, bool checked, bool selected);
     const wxBitmap& checkPicture(const wxSize& size, bool checked, bool selected);
     [[nodiscard]] wxColour selectedTextColour() const;
-    void paintText(wxDC& dc, const wxString& text, const wxRect& cell, int alignment);
+    void paintText(CellTexts& texts, std::string_view text, const wxRect& cell, int alignment);
     void paintSortArrow(wxDC& dc, const wxRect& cell);
 
     void onMouse(wxMouseEvent& event);

@@ -7,6 +7,7 @@
 #include <algorithm>
 
 #include "adapters/wx/appearance.h"
+#include "adapters/wx/grid_view.h"
 #include "adapters/wx/host_windows.h"
 #include "adapters/wx/icons.h"
 #include "platform/controls/keys.h"
@@ -181,6 +182,15 @@ void ScreenFrame::sync() {
     syncFocus();
 }
 
+void ScreenFrame::prepare() {
+    if (released_ || syncing_ || IsShown()) return;
+    syncing_ = true;
+    syncFields();
+    for (const auto& [control, view] : views_)
+        if (auto* grid = dynamic_cast<GridView*>(&view->native())) grid->prepare();
+    syncing_ = false;
+}
+
 void ScreenFrame::syncFields() {
     const std::set<const Control*> changed = std::move(changedControls_);
     changedControls_.clear();
@@ -241,10 +251,13 @@ void ScreenFrame::onResize() {
         window_.userPlaced({twipsOf(*this, now.x), twipsOf(*this, now.y), twipsOf(*this, now.width),
                             twipsOf(*this, now.height)},
                            state);
+    } else if (GetClientSize() == laidOutSize_) {
+        return;
     } else if (window_.commandBars.onResize) {
         // Decorations and bars may have taken room that the window did not have before it showed.
         window_.commandBars.onResize();
     }
+    laidOutSize_ = GetClientSize();
     everythingChanged();
     sync();
 }

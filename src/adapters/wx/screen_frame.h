@@ -44,6 +44,8 @@ class ScreenFrame : public wxFrame {
     void popupLater(const Menu& menu);
     /// Shows everything that changed.
     void sync();
+    /// Does beforehand, while others work, what takes long when the window is first shown.
+    void prepare();
     void takeFocus();
     /// Returns when the model's window is closed.
     void runLoop();
@@ -89,6 +91,8 @@ class ScreenFrame : public wxFrame {
     bool windowChanged_ = true;
     bool syncing_ = false;
     wxSize appliedSize_;
+    /// The room that the controls were laid out in.
+    wxSize laidOutSize_;
     wxGUIEventLoop* loop_ = nullptr;
 };
 

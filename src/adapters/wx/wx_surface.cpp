@@ -90,6 +90,7 @@ void startToolkit(const std::string& language) {
         throw RuntimeError(error_number::cannotCreateObject, "The display cannot be opened");
     wxTheApp->SetAppName("catalogador");
     wxTheApp->SetExitOnFrameDelete(false);
+    startReadingFonts();
     useCompactFields();
     // Only the texts: numbers and dates are written as the program's own settings say.
     auto* texts = new wxTranslations;
@@ -196,7 +197,10 @@ bool WxSurface::progress(Window& window, int done, int total) {
         endProgress();
         return true;
     }
-    if (progressBegan_ == 0) progressBegan_ = wxGetUTCTimeMillis();
+    if (progressBegan_ == 0) {
+        progressBegan_ = wxGetUTCTimeMillis();
+        if (ScreenFrame* frame = frameOf(window)) frame->prepare();
+    }
     const wxLongLong now = wxGetUTCTimeMillis();
     if (now - progressBegan_ < (progress_ ? nextProgress_ : shownAfter)) return true;
     nextProgress_ = now - progressBegan_ + betweenSteps;

@@ -1,0 +1,33 @@
+#pragma once
+#include <wx/dc.h>
+#include <wx/window.h>
+
+#include <string_view>
+
+namespace catalogador {
+
+/// Draws texts on one line each, in the font and colour that the device context has at the time.
+/// The context must outlive it.
+class CellTexts {
+  public:
+    CellTexts(wxDC& dc, wxWindow& window);
+    ~CellTexts();
+    CellTexts(const CellTexts&) = delete;
+    CellTexts& operator=(const CellTexts&) = delete;
+
+    /// Draws UTF-8 into the middle of a place (pixels); a text that is too wide ends in an
+    /// ellipsis. `side` is 0 for left, 1 for centred, 2 for right.
+    void draw(std::string_view text, const wxRect& place, int side);
+    /// To be called after the context was given another font.
+    void fontChanged();
+
+  private:
+    wxDC& dc_;
+    /// What is kept from text to text: setting it up takes longer than drawing one.
+    void* layout_ = nullptr;
+};
+
+/// Draws a check box as large as the size, at the context's origin.
+void drawCheckBox(wxDC& dc, wxWindow& window, const wxSize& size, bool checked);
+
+}  // namespace catalogador
