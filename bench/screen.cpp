@@ -44,6 +44,8 @@ void load(frmCatalogador& form, int rounds) {
     form.grdGrilla.clearRows();
     const double before = bytesInUse();
     form.CargarGrilla();
+    // The next statement waits until what the load left to the driver has been freed.
+    form.mrdoCBase->OpenResultset("Select 1")->Close();
     report("held_bytes", bytesInUse() - before);
 }
 

@@ -9,7 +9,7 @@ namespace catalogador {
 
 namespace {
 
-constexpr std::size_t rowsPerBlock = 256;
+constexpr std::size_t rowsPerBlock = 64;
 /// All the buffers of a block together; wider rows come in smaller blocks.
 constexpr std::size_t blockBytes = std::size_t{4} << 20;
 /// What the text of a number has besides the digits that its length counts.

@@ -150,7 +150,7 @@ void OdbcResultset::Delete() {
 }
 
 void OdbcResultset::Close() {
-    constexpr std::size_t manyRows = 500;
+    constexpr std::size_t manyRows = 2000;
     session_->settle();
     const bool many = reader_ && reader_->rowsRead() > manyRows;
     reader_.reset();
