@@ -152,6 +152,29 @@ TEST(RecordGrid, MovingPastTheLastShownRowScrolls) {
     EXPECT_EQ(grid.topRow(), 1);
 }
 
+TEST(RecordGrid, PageKeysGoAPageLessOneRowAndStopAtTheEnds) {
+    RecordGrid grid("g");
+    fill(grid, std::vector<std::vector<std::string>>(25));
+    grid.setRowsThatFit(10);
+    grid.select(1, 0);
+    grid.defaultKey(key::pageDown, 0);
+    EXPECT_EQ(grid.row(), 10);
+    EXPECT_EQ(grid.topRow(), 1);
+    grid.defaultKey(key::pageDown, 0);
+    EXPECT_EQ(grid.row(), 19);
+    EXPECT_EQ(grid.topRow(), 10);
+    grid.defaultKey(key::pageDown, 0);
+    EXPECT_EQ(grid.row(), 25);
+    grid.defaultKey(key::up, 0);
+    grid.defaultKey(key::pageUp, 0);
+    EXPECT_EQ(grid.row(), 15);
+    EXPECT_EQ(grid.topRow(), 15);
+    grid.defaultKey(key::pageUp, 0);
+    grid.defaultKey(key::pageUp, 0);
+    EXPECT_EQ(grid.row(), 1);
+    EXPECT_FALSE(grid.defaultKey(key::left, 0));
+}
+
 TEST(RecordGrid, ADraggedColumnIsTold) {
     RecordGrid grid("g");
     fill(grid, {{"a"}});
