@@ -109,7 +109,7 @@ class rdoConnection {
     /// Called by whoever runs a statement as soon as it runs, and then now and again while it takes
     /// long; false stops the statement, which then fails. Empty for nobody. A connection that
     /// cannot tell never calls it.
-    virtual void setWaiting(std::function<bool()> /*waiting*/) {}
+    virtual void setWaiting(const std::function<bool()>& /*waiting*/) {}
 
     /// `listener` may be null and must outlive its use.
     virtual void setListener(StatementListener* listener) = 0;

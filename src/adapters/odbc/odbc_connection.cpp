@@ -52,8 +52,8 @@ std::int64_t OdbcConnection::Execute(const std::string& sql) {
     return session_->run(sql, {});
 }
 
-void OdbcConnection::setWaiting(std::function<bool()> waiting) {
-    session_->waiting = std::move(waiting);
+void OdbcConnection::setWaiting(const std::function<bool()>& waiting) {
+    session_->waiting = waiting;
 }
 
 void OdbcConnection::setListener(StatementListener* listener) {

@@ -31,7 +31,7 @@ class OdbcConnection : public rdoConnection {
     std::unique_ptr<rdoResultset> OpenResultset(const std::string& sql, int type = openDynamic,
                                                 int lock = lockOptimisticByValues) override;
     std::int64_t Execute(const std::string& sql) override;
-    void setWaiting(std::function<bool()> waiting) override;
+    void setWaiting(const std::function<bool()>& waiting) override;
     void setListener(StatementListener* listener) override;
 
     [[nodiscard]] Dialect dialect() const;

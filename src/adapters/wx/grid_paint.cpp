@@ -34,7 +34,8 @@ void GridView::onPaint(wxPaintEvent&) {
 }
 
 void GridView::prepare() {
-    wxBitmap nowhere(1, 1);
+    wxBitmap nowhere;
+    nowhere.Create(1, 1);
     wxMemoryDC dc(nowhere);
     paint(dc);
 }
@@ -96,6 +97,7 @@ void GridView::paintRows(wxDC& dc, CellTexts& texts) {
     const int fit = GetClientSize().GetHeight() / rowHeight() + 1;
     const int end = std::min(grid_.visibleRows(), first + fit);
     std::vector<wxRect> cells;
+    cells.reserve(static_cast<std::size_t>(grid_.columns()));
     for (int column = 0; column < grid_.columns(); ++column) cells.push_back(columnRect(column));
     for (int n = first; n < end; ++n)
         paintRow(dc, texts, grid_.visibleRow(n), headerHeight() + (n - first) * rowHeight(), cells);
@@ -174,7 +176,7 @@ const wxBitmap& GridView::checkPicture(const wxSize& size, bool checked, bool se
     CheckPicture& picture = checkPictures_[(checked ? 1U : 0U) + (selected ? 2U : 0U)];
     if (!picture.bitmap.IsOk() || picture.bitmap.GetSize() != size ||
         picture.background != background) {
-        picture.bitmap = wxBitmap(size);
+        picture.bitmap.Create(size);
         picture.background = background;
         wxMemoryDC dc(picture.bitmap);
         dc.SetBackground(wxBrush(background));
