@@ -4,8 +4,8 @@
 #   test.sh           all of them on this system, the real window included, and once more with the
 #                     sanitizers
 #   test.sh quick     the inner loop: what needs no display, on the release build
-#   test.sh windows   the Windows component
-#   test.sh all       as without an argument; tells that the Windows component was left out
+#   test.sh windows   the Windows component, of 64 and of 32 bits
+#   test.sh all       as without an argument, and the Windows component
 #   test.sh lint      clang-tidy over src
 #   test.sh fuzz [N]  the fuzzers, N seconds each (60 when it is left out); part of test.sh too
 #   test.sh coverage  how much of src the tests run, by line and branch
@@ -112,21 +112,31 @@ windows() {
     . packaging/windows/dependencies.sh
     . packaging/windows/wine.sh
     install_missing "${windows_packages[@]}" "${wine_packages[@]}"
-    packaging/windows/build.sh x64
-    start_display
-    # What runs in the prefix holds on to the display, so it ends before that.
-    trap 'stop_wine; stop_display; stop_servers' EXIT
-    start_wine "$PWD/build/wine"
-    # Wine's server sometimes breaks down under a test, which then gets no answer at all.
-    run_tests windows-x64 -j 1 --repeat until-pass:2
-    stop_wine
-    stop_display
-    windows_x86
+    windows_of x64
+    install_missing "${tree_maker_packages[@]}"
+    local tree status=0
+    tree=$(packaging/windows/tree32.sh) || status=$?
+    case $status in
+        0) windows_of x86 ;;
+        77)
+            echo "windows, 32 bits: skipped: $tree"
+            skipped=$((skipped + 1))
+            ;;
+        *) return "$status" ;;
+    esac
 }
 
-windows_x86() {
-    echo "windows, 32 bits: skipped: a 32-bit Wine is not set up by these scripts yet"
-    skipped=$((skipped + 1))
+# windows_of x64|x86
+windows_of() {
+    packaging/windows/build.sh "$1"
+    # What runs in the prefix holds on to the display, so it ends before that.
+    trap 'stop_wine || true; stop_display; stop_servers' EXIT
+    start_display
+    start_wine "$1"
+    run_tests "windows-$1" -L quick -j "$(nproc)"
+    run_tests "windows-$1" -LE quick
+    stop_wine || failed=$((failed + 1))
+    stop_display
 }
 
 lint() {
@@ -143,9 +153,7 @@ case "${1:-}" in
     "") this_system ;;
     all)
         this_system
-        # Wine's server was seen to break down under the many windows of these tests.
-        echo "windows: skipped: run test.sh windows by itself"
-        skipped=$((skipped + 1))
+        windows
         ;;
     fuzz) fuzz "${2:-60}" ;;
     coverage) coverage ;;

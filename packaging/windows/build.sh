@@ -31,11 +31,13 @@ processor=x86_64
 [ "$which" = x86 ] && processor=i686
 
 install_missing "${windows_packages[@]}" "${wine_packages[@]}"
+if [ "$which" = x86 ]; then
+    install_missing "${tree_maker_packages[@]}"
+    packaging/windows/tree32.sh
+fi
 packaging/windows/toolkit.sh "$processor"
 # The type library is written by a program that runs under Wine.
-start_wine "$PWD/build/wine"
-trap stop_wine EXIT
+trap 'stop_wine || true' EXIT
+start_wine "$which"
 build "windows-$which" "${targets[@]}"
-if [ "$which" = x64 ] && [ "${#targets[@]}" -eq 0 ]; then
-    packaging/windows/installer.sh
-fi
+if [ "${#targets[@]}" -eq 0 ]; then packaging/windows/installer.sh "$which"; fi

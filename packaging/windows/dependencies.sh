@@ -7,5 +7,8 @@ windows_packages=(g++-mingw-w64-x86-64-posix g++-mingw-w64-i686-posix mingw-w64-
     nlohmann-json3-dev libcli11-dev)
 wine_packages=(wine wine64 libwine-dev unixodbc libsqliteodbc sqlite3 xvfb xauth openbox xdotool
     imagemagick fonts-dejavu-core)
+# Inside of the tree of 32 bits, and what makes it.
+tree_packages=(wine wine32 unixodbc libsqliteodbc fonts-dejavu-core)
+tree_maker_packages=(debootstrap util-linux)
 
 windows_cache=${CATALOGADOR_CACHE:-${XDG_CACHE_HOME:-$HOME/.cache}/catalogador}/windows

@@ -1,12 +1,19 @@
 ; Installs the component, registers it and takes it away again. Made by installer.sh, which says where
-; the files are and what version they have.
-Target amd64-unicode
+; the files are, for what processor and what version they have. On one computer the libraries of 64
+; bits and those of 32 bits have views of the registry and folders of their own.
+!if ${PROCESSOR} == x64
+    Target amd64-unicode
+    !define BITS 64
+!else
+    Target x86-unicode
+    !define BITS 32
+!endif
 Unicode true
 !include "MUI2.nsh"
 
 Name "Catalogador"
 OutFile "${OUTPUT}"
-InstallDir "$PROGRAMFILES64\Catalogador"
+InstallDir "$PROGRAMFILES${BITS}\Catalogador"
 InstallDirRegKey HKLM "Software\Catalogador" "Folder"
 RequestExecutionLevel admin
 VIProductVersion "${VERSION}.0"
@@ -30,10 +37,10 @@ VIAddVersionKey LegalCopyright ""
 !macroend
 
 Function .onInit
-    SetRegView 64
+    SetRegView ${BITS}
 FunctionEnd
 Function un.onInit
-    SetRegView 64
+    SetRegView ${BITS}
 FunctionEnd
 
 Section

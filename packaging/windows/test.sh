@@ -14,7 +14,7 @@ case ${1:-} in
         ;;
 esac
 # The programs of the prefix hold on to the display, so they end before it.
-trap 'stop_wine; stop_display' EXIT
+trap 'stop_wine || true; stop_display' EXIT
 start_display
-start_wine "$PWD/build/wine"
+start_wine "$which"
 ctest --test-dir "build/windows-$which" --output-on-failure --timeout 300 "$@"

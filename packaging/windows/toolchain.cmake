@@ -35,5 +35,12 @@ set(CMAKE_MODULE_LINKER_FLAGS_INIT -static)
 # Windows 10 and later.
 set(CMAKE_CXX_FLAGS_INIT "-D_WIN32_WINNT=0x0A00 -DUNICODE -D_UNICODE -DNOMINMAX -DWIN32_LEAN_AND_MEAN")
 
+if(WINDOWS_PROCESSOR STREQUAL i686)
+    # Numbers are calculated as they are in 64 bits; every processor of Windows 10 can do that.
+    string(APPEND CMAKE_CXX_FLAGS_INIT " -msse2 -mfpmath=sse")
+    set(wine ${CMAKE_CURRENT_LIST_DIR}/wine32/wine)
+else()
+    set(wine wine)
+endif()
 # Programs that are run while building, and tests.
-set(CMAKE_CROSSCOMPILING_EMULATOR wine)
+set(CMAKE_CROSSCOMPILING_EMULATOR ${wine})

@@ -1,9 +1,8 @@
-#include <clocale>
-#include <filesystem>
 #include <iostream>
 
 #include "adapters/com/com_api.h"
 #include "adapters/desk/wide_text.h"
+#include "host_process.h"
 #include "hosted.h"
 #include "runtime/convert.h"
 
@@ -390,18 +389,9 @@ TEST(Creation, IsRefusedWithTheStatedErrorWhenTheTextsAreMissing) {
 
 TEST(Creation, LeavesTheHostsProcessAsItWas) {
     const Apartment apartment;
-    const std::string locale = std::setlocale(LC_ALL, nullptr);
-    const auto folder = std::filesystem::current_path();
-    const UINT errorMode = GetErrorMode();
-    wchar_t searched[MAX_PATH] = {};
-    GetDllDirectoryW(MAX_PATH, searched);
-    const std::wstring searchedBefore = searched;
+    const ProcessSettings before = processSettings();
     createdComponent();
-    EXPECT_EQ(std::setlocale(LC_ALL, nullptr), locale);
-    EXPECT_EQ(std::filesystem::current_path(), folder);
-    EXPECT_EQ(GetErrorMode(), errorMode);
-    GetDllDirectoryW(MAX_PATH, searched);
-    EXPECT_EQ(searched, searchedBefore);
+    EXPECT_EQ(processSettings(), before);
 }
 
 TEST(ClassObject, IsGivenForTheOneClassAndMakesNoPartsOfOthers) {

@@ -14,7 +14,7 @@ fi
 
 trap register_all EXIT
 for library in "${libraries[@]}"; do unregister "$library"; done
-"$packaging/installer.sh" "$build_folder" >"$log" || fail "$(cat "$log")"
+"$packaging/installer.sh" "${build_folder##*-}" >"$log" || fail "$(cat "$log")"
 wine test_windows.exe --gtest_filter='Manifest.*' >"$log" 2>&1 || fail "$(cat "$log")"
 
 wine catalogador-setup.exe /S '/D=C:\Catalogador' || fail "the installer failed"

@@ -4,56 +4,26 @@
 set -euo pipefail
 . "$(dirname "${BASH_SOURCE[0]}")/wine_tests.sh"
 here=$(dirname "$(realpath "${BASH_SOURCE[0]}")")
-. "$here/../../packaging/virtual_display.sh"
-pictures=$build_folder/pictures
-mkdir -p "$pictures"
+. "$here/desktop.sh"
 database=$CATALOGADOR_TEST_FOLDER/screen.db
 cp "$CATALOGADOR_TEST_DEMO" "$database"
 
-hosts=()
-leave() {
-    local host
-    for host in "${hosts[@]}"; do kill "$host" 2>/dev/null || true; done
-    rm -f "$database" "$database"-*
-}
-trap leave EXIT
+trap 'end_hosts; rm -f "$database" "$database"-*' EXIT
 
-until_true() {
-    wait_for 30 "$@" && return 0
-    import -window root "$pictures/screen-failed.png"
-    cat "$CATALOGADOR_TEST_FOLDER"/screen-*.log >&2
-    fail "never came true: $*"
-}
 # start_host NUMBER TIMES
 start_host() {
     run_script "$(windows_path "$here/screen.vbs")" "$database" "$2" \
         >"$CATALOGADOR_TEST_FOLDER/screen-$1.log" 2>&1 &
     hosts+=($!)
 }
-windows() { xdotool search --onlyvisible --name '^Escrituras$' 2>/dev/null | wc -l; }
-windows_are() { [ "$(windows)" -eq "$1" ]; }
-newest() { xdotool search --onlyvisible --name '^Escrituras$' | tail -n 1; }
-has_keys() { [ "$(xdotool getwindowfocus)" = "$1" ]; }
 said() { grep -qx "$2" "$CATALOGADOR_TEST_FOLDER/screen-$1.log"; }
 stored() { sqlite3 "$database" "$1"; }
-use_window() {
-    window=$1
-    xdotool windowactivate "$window"
-    until_true has_keys "$window"
-    # The keys go to a control once the window has settled.
-    sleep 1
-}
-picture() { import -window root "$pictures/screen-$1.png"; }
-close_window() {
-    use_window "$1"
-    xdotool key alt+F4
-}
 
 # One host: a record by the keyboard, each field ended with Enter.
 start_host one 2
 until_true windows_are 1
 use_window "$(newest)"
-picture opened
+picture screen-opened
 xdotool key ctrl+n
 sleep 1
 xdotool type --delay 30 'Qxqx'
@@ -62,7 +32,7 @@ xdotool type --delay 30 'Prueba de hosts'
 xdotool key Return
 xdotool type --delay 30 '987'
 sleep 0.5
-picture entered
+picture screen-entered
 xdotool key Return
 saved() { [ "$(stored "Select Count(*) From genCodigoTexto Where CTeIDTipoVista = 5
     And CTeTextoCorto = 'Qxqx'")" = 1 ]; }
@@ -72,19 +42,19 @@ code=$(stored "Select CTeCodigo From genCodigoTexto Where CTeIDTipoVista = 5
 [ "$(stored "Select CTeTextoLargo || ' ' || CAST(CTeValor1 AS INTEGER) From genCodigoTexto Where CTeCodigo = $code
     And CTeIDTipoVista = 5")" = 'Prueba de hosts 987' ] || fail "the record has other values"
 sleep 1
-picture saved
+picture screen-saved
 close_window "$(newest)"
 until_true said one "shown True code $code"
 
 # The same process opens it again; nothing is saved this time.
 until_true windows_are 1
 use_window "$(newest)"
-picture again
+picture screen-again
 
 # Another host beside it.
 start_host two 1
 until_true windows_are 2
-picture two
+picture screen-two
 for window in $(xdotool search --onlyvisible --name '^Escrituras$'); do close_window "$window"; done
 until_true said one "shown True code 0"
 until_true said two "shown True code 0"

@@ -1,19 +1,12 @@
-#include <array>
+#include <clocale>
 
 #include "adapters/desk/wide_text.h"
+#include "host_process.h"
 #include "hosted.h"
 #include "runtime/convert.h"
 
 namespace catalogador::test {
 namespace {
-
-/// What another thread sees while the screen is open.
-struct Seen {
-    bool shown = false;
-    bool hostDisabled = false;
-    bool owned = true;
-    HRESULT canUnload = S_OK;
-};
 
 HRESULT canUnload() {
     const HMODULE library = GetModuleHandleW(L"vemCatalogador.dll");
@@ -21,58 +14,152 @@ HRESULT canUnload() {
         reinterpret_cast<void*>(GetProcAddress(library, "DllCanUnloadNow")))();
 }
 
-/// Waits for the screen, looks and closes it.
-Seen lookAndClose(HWND host) {
-    Seen seen;
-    HWND window = nullptr;
-    for (int tries = 0; tries < 300 && window == nullptr; ++tries) {
+/// The screen, once it is there; null when it does not come.
+HWND shownScreen() {
+    for (int tries = 0; tries < 300; ++tries) {
         Sleep(50);
-        window = FindWindowW(nullptr, L"Escrituras");
-        if (window != nullptr && IsWindowVisible(window) == 0) window = nullptr;
+        const HWND window = FindWindowW(nullptr, L"Escrituras");
+        if (window != nullptr && IsWindowVisible(window) != 0) {
+            Sleep(500);
+            return window;
+        }
     }
-    if (window == nullptr) return seen;
-    Sleep(500);
-    seen.shown = true;
-    seen.hostDisabled = IsWindowEnabled(host) == 0;
-    seen.owned = GetWindow(window, GW_OWNER) != nullptr;
-    seen.canUnload = canUnload();
-    PostMessageW(window, WM_CLOSE, 0, 0);
-    return seen;
+    return nullptr;
 }
 
-bool activate(_clsCatalogador& component, HWND host, Seen& seen) {
-    SHORT view = 5;
-    LONG code = 0;
-    BSTR none = nullptr;
-    VARIANT_BOOL shown = VARIANT_FALSE;
-    std::thread other([&] { seen = lookAndClose(host); });
-    EXPECT_EQ(component.ActivarABM(&view, &code, &none, &shown), S_OK);
-    other.join();
-    return shown != VARIANT_FALSE;
-}
+/// A host with the screen's connection and a window of its own; the demonstration's list of scripts
+/// is opened on it.
+class Screen : public testing::Test {
+  protected:
+    Screen() : component_(createdComponent()) {
+        component_->putref_Coneccion(asForeign(connection_.object().get()).get());
+        BSTR key = newText("VEM04");
+        component_->put_AppKey(key);
+        SysFreeString(key);
+        component_->put_Empresa(1);
+    }
 
-TEST(Screen, HasTheHostsWindowsDisabledMeanwhileAndKeepsTheLibraryFromThenOn) {
-    const Apartment apartment;
-    DemoConnection connection;
-    const HWND host = CreateWindowExW(0, L"STATIC", L"Host", WS_OVERLAPPEDWINDOW | WS_VISIBLE, 0, 0,
-                                      200, 100, nullptr, nullptr, nullptr, nullptr);
-    const UINT errorMode = GetErrorMode();
-    auto component = createdComponent();
-    component->putref_Coneccion(asForeign(connection.object().get()).get());
-    BSTR key = newText("VEM04");
-    component->put_AppKey(key);
-    SysFreeString(key);
-    component->put_Empresa(1);
+    /// Opens the screen; another thread looks at it with `look` and closes it then.
+    bool activate(const std::function<void(HWND)>& look) {
+        SHORT view = 5;
+        LONG code = 0;
+        BSTR none = nullptr;
+        VARIANT_BOOL shown = VARIANT_FALSE;
+        bool seen = false;
+        std::thread other([&] {
+            const HWND window = shownScreen();
+            if (window == nullptr) return;
+            seen = true;
+            look(window);
+            PostMessageW(window, WM_CLOSE, 0, 0);
+        });
+        EXPECT_EQ(component_->ActivarABM(&view, &code, &none, &shown), S_OK);
+        other.join();
+        EXPECT_TRUE(seen) << "the screen did not come";
+        return shown != VARIANT_FALSE;
+    }
+
+    Apartment apartment_;
+    DemoConnection connection_;
+    HostWindow host_;
+    ComPtr<_clsCatalogador> component_;
+};
+
+TEST_F(Screen, HasTheHostsWindowsDisabledMeanwhileAndKeepsTheLibraryFromThenOn) {
+    HostWindow disabledBefore;
+    EnableWindow(disabledBefore.handle(), FALSE);
     for (int time = 0; time < 2; ++time) {
-        Seen seen;
-        EXPECT_TRUE(activate(*component.get(), host, seen));
-        EXPECT_TRUE(seen.shown);
-        EXPECT_TRUE(seen.hostDisabled);
-        EXPECT_FALSE(seen.owned);
-        EXPECT_EQ(seen.canUnload, S_FALSE);
-        EXPECT_NE(IsWindowEnabled(host), 0);
+        bool disabled = false;
+        bool owned = true;
+        HRESULT unloadable = S_OK;
+        EXPECT_TRUE(activate([&](HWND window) {
+            disabled = IsWindowEnabled(host_.handle()) == 0;
+            owned = GetWindow(window, GW_OWNER) != nullptr;
+            unloadable = canUnload();
+        }));
+        EXPECT_TRUE(disabled);
+        EXPECT_FALSE(owned);
+        EXPECT_EQ(unloadable, S_FALSE);
+        EXPECT_NE(IsWindowEnabled(host_.handle()), 0);
+        EXPECT_EQ(IsWindowEnabled(disabledBefore.handle()), 0) << "the host had disabled it itself";
     }
-    EXPECT_EQ(GetErrorMode(), errorMode);
+    EXPECT_EQ(component_->AddRef(), 2U);
+    EXPECT_EQ(component_->Release(), 1U);
+    component_.reset();
+    EXPECT_EQ(canUnload(), S_FALSE);
+}
+
+TEST_F(Screen, LetsTheTimersAndMessagesOfABusyHostThrough) {
+    long ticksBefore = 0;
+    long ticksMeanwhile = 0;
+    long messagesMeanwhile = 0;
+    bool shown = false;
+    bool opened = false;
+    // The host opens the screen out of its own loop, as one that answers a click does.
+    host_.onMessage = [&] {
+        if (opened) return;
+        opened = true;
+        shown = activate([&](HWND) {
+            ticksBefore = host_.ticks();
+            for (int i = 0; i < 10; ++i) host_.post();
+            Sleep(1000);
+            ticksMeanwhile = host_.ticks();
+            messagesMeanwhile = host_.messages();
+        });
+    };
+    host_.post();
+    HostWindow::runLoop(500);
+    EXPECT_TRUE(shown);
+    EXPECT_GT(ticksMeanwhile, ticksBefore + 10);
+    EXPECT_EQ(messagesMeanwhile, 11);
+    const long ticksAfter = host_.ticks();
+    host_.post();
+    HostWindow::runLoop(500);
+    EXPECT_GT(host_.ticks(), ticksAfter + 5) << "the host's own loop goes on";
+    EXPECT_EQ(host_.messages(), 12);
+}
+
+TEST_F(Screen, IsSharpOnEveryDisplayAndGivesTheHostsThreadItsScalingBack) {
+    for (const DPI_AWARENESS_CONTEXT own :
+         {DPI_AWARENESS_CONTEXT_UNAWARE, DPI_AWARENESS_CONTEXT_SYSTEM_AWARE}) {
+        const DPI_AWARENESS_CONTEXT before = SetThreadDpiAwarenessContext(own);
+        DPI_AWARENESS_CONTEXT used = nullptr;
+        EXPECT_TRUE(activate([&](HWND window) { used = GetWindowDpiAwarenessContext(window); }));
+        EXPECT_EQ(GetAwarenessFromDpiAwarenessContext(used), DPI_AWARENESS_PER_MONITOR_AWARE);
+        EXPECT_NE(AreDpiAwarenessContextsEqual(GetThreadDpiAwarenessContext(), own), 0);
+        SetThreadDpiAwarenessContext(before);
+    }
+}
+
+TEST_F(Screen, LeavesTheHostsProcessAsItWas) {
+    const std::string locale = std::setlocale(LC_ALL, nullptr);
+    EXPECT_NE(std::setlocale(LC_ALL, ""), nullptr);
+    const UINT mode = SetErrorMode(SEM_NOOPENFILEERRORBOX);
+    SetDllDirectoryW(L"C:\\windows\\temp");
+    const ProcessSettings before = processSettings();
+    ProcessSettings meanwhile;
+    EXPECT_TRUE(activate([&](HWND) { meanwhile = processSettings(); }));
+    const ProcessSettings after = processSettings();
+    EXPECT_NE(before.locale, "C");
+    EXPECT_EQ(before.searchedFolder, L"C:\\windows\\temp");
+    for (const ProcessSettings& now : {meanwhile, after}) {
+        EXPECT_EQ(now.locale, before.locale);
+        EXPECT_EQ(now.folder, before.folder);
+        EXPECT_EQ(now.searchedFolder, before.searchedFolder);
+        EXPECT_EQ(now.path, before.path);
+        EXPECT_EQ(now.errorMode, before.errorMode);
+        EXPECT_EQ(now.knowsScales, before.knowsScales);
+        EXPECT_EQ(now.filter, before.filter);
+    }
+    EXPECT_EQ(after.threadLocale, before.threadLocale);
+    EXPECT_EQ(after.awareness, before.awareness);
+    SetDllDirectoryW(nullptr);
+    SetErrorMode(mode);
+    std::setlocale(LC_ALL, locale.c_str());
+}
+
+TEST_F(Screen, IsRefusedOnAnotherThreadThanTheOneThatOpenedIt) {
+    EXPECT_TRUE(activate([](HWND) {}));
     HRESULT elsewhere = S_OK;
     std::thread([&] {
         const Apartment other;
@@ -85,11 +172,6 @@ TEST(Screen, HasTheHostsWindowsDisabledMeanwhileAndKeepsTheLibraryFromThenOn) {
         EXPECT_EQ(shown, VARIANT_FALSE);
     }).join();
     EXPECT_TRUE(FAILED(elsewhere)) << "the windows belong to the thread that opened them";
-    EXPECT_EQ(component->AddRef(), 2U);
-    EXPECT_EQ(component->Release(), 1U);
-    component.reset();
-    EXPECT_EQ(canUnload(), S_FALSE);
-    DestroyWindow(host);
 }
 
 }  // namespace

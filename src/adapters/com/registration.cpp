@@ -127,6 +127,24 @@ void unregisterTypes(const LibraryTypes& types, bool forUser) {
     }
 }
 
+/// A person's classes may have had none of these keys before.
+void removeEmptyKeys(HKEY root) {
+    for (const wchar_t* name : {L"CLSID", L"Interface", L"TypeLib"}) {
+        bool empty = false;
+        {
+            Key key;
+            DWORD keys = 0;
+            DWORD values = 0;
+            empty =
+                RegOpenKeyExW(root, name, 0, KEY_READ, key.put()) == ERROR_SUCCESS &&
+                RegQueryInfoKeyW(key.get(), nullptr, nullptr, nullptr, &keys, nullptr, nullptr,
+                                 &values, nullptr, nullptr, nullptr, nullptr) == ERROR_SUCCESS &&
+                keys == 0 && values == 0;
+        }
+        if (empty) RegDeleteKeyW(root, name);
+    }
+}
+
 HRESULT registerUnder(HKEY root, bool forUser, const std::vector<LibraryClass>& classes,
                       const LibraryTypes& types) {
     Key key;
@@ -185,6 +203,7 @@ HRESULT unregisterLibrary(const std::vector<LibraryClass>& classes, const Librar
         unregisterTypes(types, forUser);
         const LSTATUS status = removeClasses(key.get(), classes);
         if (status != ERROR_SUCCESS) result = HRESULT_FROM_WIN32(static_cast<DWORD>(status));
+        if (forUser) removeEmptyKeys(key.get());
     }
     return result;
 }

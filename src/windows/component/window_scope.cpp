@@ -31,8 +31,11 @@ SetThreadAwareness setThreadAwareness() {
 }  // namespace
 
 WindowScope::WindowScope() {
-    if (const auto set = setThreadAwareness())
+    if (const auto set = setThreadAwareness()) {
         before_ = set(DPI_AWARENESS_CONTEXT_PER_MONITOR_AWARE_V2);
+        // The first releases of Windows 10 refuse the second version.
+        if (before_ == nullptr) before_ = set(DPI_AWARENESS_CONTEXT_PER_MONITOR_AWARE);
+    }
     const HANDLE context = controlsContext();
     activated_ = context != INVALID_HANDLE_VALUE && ActivateActCtx(context, &cookie_) != 0;
 }

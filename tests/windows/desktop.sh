@@ -1,0 +1,33 @@
+# Sourced after wine_tests.sh: hosts whose screens are used with a keyboard.
+# shellcheck shell=bash
+
+. "$(dirname "${BASH_SOURCE[0]}")/../../packaging/virtual_display.sh"
+pictures=$build_folder/pictures
+mkdir -p "$pictures"
+
+hosts=()
+end_hosts() {
+    local host
+    for host in "${hosts[@]}"; do kill "$host" 2>/dev/null || true; done
+}
+until_true() {
+    wait_for 30 "$@" && return 0
+    import -window root "$pictures/failed.png"
+    fail "never came true: $*; $pictures/failed.png shows what was there"
+}
+windows() { xdotool search --onlyvisible --name '^Escrituras$' 2>/dev/null | wc -l; }
+windows_are() { [ "$(windows)" -eq "$1" ]; }
+newest() { xdotool search --onlyvisible --name '^Escrituras$' | tail -n 1; }
+has_keys() { [ "$(xdotool getwindowfocus)" = "$1" ]; }
+use_window() {
+    window=$1
+    xdotool windowactivate "$window"
+    until_true has_keys "$window"
+    # The keys go to a control once the window has settled.
+    sleep 1
+}
+picture() { import -window root "$pictures/$1.png"; }
+close_window() {
+    use_window "$1"
+    xdotool key alt+F4
+}
