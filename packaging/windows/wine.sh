@@ -5,21 +5,30 @@
 # 32 bits is in the tree of tree32.sh.
 start_wine() {
     local top
+    # shellcheck source=packaging/windows/dependencies.sh
+    . "$(dirname "${BASH_SOURCE[0]}")/dependencies.sh"
     top=$(cd "$(dirname "${BASH_SOURCE[0]}")/../.." && pwd)
     export WINEPREFIX=$top/build/wine-$1 WINEARCH=win64
     path_without_wine=$PATH
     if [ "$1" = x86 ]; then
         export WINEARCH=win32 PATH=$top/packaging/windows/wine32:$PATH
+        export CATALOGADOR_TREE=$windows_cache/i386
     fi
     # No question whether to download what these programs do not need, and only real errors.
     export WINEDLLOVERRIDES="mscoree,mshtml=" WINEDEBUG=${WINEDEBUG:--all}
     mkdir -p "$WINEPREFIX"
+    # Two runs in one prefix would end each other's server.
+    exec 7>"$WINEPREFIX.lock"
+    flock -n 7 || {
+        echo "== waiting for another run in $WINEPREFIX"
+        flock 7
+    }
     # What an earlier run that was broken off has left.
     wineserver -k 2>/dev/null || true
     # A server that stays. Debian's would end with its last program, and turn away one that starts in
     # that moment.
     rm -f "$(server_socket)"
-    wineserver -f -p >"$WINEPREFIX.server.log" 2>&1 8>&- &
+    wineserver -f -p >"$WINEPREFIX.server.log" 2>&1 7>&- 8>&- &
     wine_server=$!
     local tries=100
     until [ -S "$(server_socket)" ]; do
@@ -32,15 +41,15 @@ start_wine() {
     done
     if [ ! -f "$WINEPREFIX/system.reg" ]; then
         echo "== making a Wine prefix"
-        wineboot --init >/dev/null 2>&1
+        wineboot --init >/dev/null 2>&1 7>&-
     fi
     # A program that waits, so that the system's own processes stay: those that another program starts
     # hold on to its output, and who reads that would wait for them.
     rm -f "$WINEPREFIX/waiting"
     mkfifo "$WINEPREFIX/waiting"
     exec 8<>"$WINEPREFIX/waiting"
-    wine cmd <&8 >/dev/null 2>&1 8>&- &
-    wine cmd /c exit >/dev/null 2>&1
+    wine cmd <&8 >/dev/null 2>&1 7>&- 8>&- &
+    wine cmd /c exit >/dev/null 2>&1 7>&-
 }
 
 # Ends what runs in this prefix, and nothing else. Fails when the server had ended before.
@@ -63,6 +72,7 @@ stop_wine() {
         sleep 0.1
     done
     for process in $(wine_processes); do kill -KILL "$process" 2>/dev/null || true; done
+    exec 7>&-
     PATH=$path_without_wine
     unset WINEPREFIX WINEARCH wine_server
     return "$survived"

@@ -4,7 +4,12 @@
 set -euo pipefail
 here=$(cd "$(dirname "$(realpath "${BASH_SOURCE[0]}")")" && pwd)
 . "$here/../dependencies.sh"
-export CATALOGADOR_TREE=$windows_cache/i386
+# Who has started Wine says where the tree is: a test may have another home.
+export CATALOGADOR_TREE=${CATALOGADOR_TREE:-$windows_cache/i386}
+if [ ! -f "$CATALOGADOR_TREE/made-of" ]; then
+    echo "There is no Wine of 32 bits in $CATALOGADOR_TREE; packaging/windows/tree32.sh makes it" >&2
+    exit 1
+fi
 CATALOGADOR_SOURCES=$(cd "$here/../../.." && pwd)
 export CATALOGADOR_SOURCES
 # The tree has no other locale, and its own programs.
