@@ -17,12 +17,17 @@ until_true() {
 }
 windows() { xdotool search --onlyvisible --name '^Escrituras$' 2>/dev/null | wc -l; }
 windows_are() { [ "$(windows)" -eq "$1" ]; }
-newest() { xdotool search --onlyvisible --name '^Escrituras$' | tail -n 1; }
+# A window that goes away meanwhile ends the search.
+newest() {
+    until_true windows_are_found
+    tail -n 1 <<<"$found"
+}
+windows_are_found() { found=$(xdotool search --onlyvisible --name '^Escrituras$') && [ -n "$found" ]; }
+is_gone() { ! xdotool getwindowname "$1"; }
 has_keys() { [ "$(xdotool getwindowfocus)" = "$1" ]; }
 use_window() {
-    window=$1
-    xdotool windowactivate "$window"
-    until_true has_keys "$window"
+    xdotool windowactivate "$1"
+    until_true has_keys "$1"
     # The keys go to a control once the window has settled.
     sleep 1
 }
@@ -30,4 +35,5 @@ picture() { import -window root "$pictures/$1.png"; }
 close_window() {
     use_window "$1"
     xdotool key alt+F4
+    until_true is_gone "$1"
 }

@@ -55,7 +55,9 @@ picture screen-again
 start_host two 1
 until_true windows_are 2
 picture screen-two
-for window in $(xdotool search --onlyvisible --name '^Escrituras$'); do close_window "$window"; done
+close_window "$(newest)"
+until_true windows_are 1
+close_window "$(newest)"
 until_true said one "shown True code 0"
 until_true said two "shown True code 0"
 for host in "${hosts[@]}"; do wait "$host" || fail "a host ended with status $?"; done

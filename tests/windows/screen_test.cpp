@@ -39,8 +39,8 @@ class Screen : public testing::Test {
         component_->put_Empresa(1);
     }
 
-    /// Opens the screen; another thread looks at it with `look` and closes it then.
-    bool activate(const std::function<void(HWND)>& look) {
+    /// Opens the screen; another thread looks at it with `look`, and closes it then if it shall.
+    bool activate(const std::function<void(HWND)>& look, bool close = true) {
         SHORT view = 5;
         LONG code = 0;
         BSTR none = nullptr;
@@ -51,7 +51,7 @@ class Screen : public testing::Test {
             if (window == nullptr) return;
             seen = true;
             look(window);
-            PostMessageW(window, WM_CLOSE, 0, 0);
+            if (close) PostMessageW(window, WM_CLOSE, 0, 0);
         });
         EXPECT_EQ(component_->ActivarABM(&view, &code, &none, &shown), S_OK);
         other.join();
@@ -117,6 +117,24 @@ TEST_F(Screen, LetsTheTimersAndMessagesOfABusyHostThrough) {
     HostWindow::runLoop(500);
     EXPECT_GT(host_.ticks(), ticksAfter + 5) << "the host's own loop goes on";
     EXPECT_EQ(host_.messages(), 12);
+}
+
+TEST_F(Screen, ClosesWhenTheHostIsAskedToQuitAndLeavesTheRequestToTheHostsLoop) {
+    const DWORD thread = GetCurrentThreadId();
+    HWND screen = nullptr;
+    EXPECT_TRUE(activate(
+        [&](HWND window) {
+            screen = window;
+            PostThreadMessageW(thread, WM_QUIT, 0, 0);
+        },
+        false));
+    EXPECT_EQ(IsWindowVisible(screen), 0);
+    EXPECT_NE(IsWindowEnabled(host_.handle()), 0);
+    MSG message{};
+    BOOL more = TRUE;
+    while (more != 0 && message.message != WM_QUIT)
+        more = PeekMessageW(&message, nullptr, 0, 0, PM_REMOVE);
+    EXPECT_EQ(message.message, static_cast<UINT>(WM_QUIT));
 }
 
 TEST_F(Screen, IsSharpOnEveryDisplayAndGivesTheHostsThreadItsScalingBack) {

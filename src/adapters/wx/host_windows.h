@@ -21,6 +21,10 @@ class HostWindowsDisabled {
     WXWidget active_ = nullptr;
 };
 
+/// Asks the host's own loop to end: a request to quit that reached the screen's was the host's.
+/// Does nothing where no other program can be the host.
+void askHostToQuit();
+
 /// Makes `owner` (null for none) the owner of a top-level window; gives the previous one. Does
 /// nothing where windows have no owner.
 WXWidget changeOwner(wxWindow& window, WXWidget owner);

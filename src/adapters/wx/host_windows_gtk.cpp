@@ -5,6 +5,8 @@ namespace catalogador {
 HostWindowsDisabled::HostWindowsDisabled(const wxWindow& /*shown*/) {}
 HostWindowsDisabled::~HostWindowsDisabled() = default;
 
+void askHostToQuit() {}
+
 WXWidget changeOwner(wxWindow& /*window*/, WXWidget /*owner*/) {
     return nullptr;
 }

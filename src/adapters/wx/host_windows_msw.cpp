@@ -25,6 +25,10 @@ HostWindowsDisabled::~HostWindowsDisabled() {
     if (IsWindow(static_cast<HWND>(active_)) != 0) SetActiveWindow(static_cast<HWND>(active_));
 }
 
+void askHostToQuit() {
+    PostQuitMessage(0);
+}
+
 WXWidget changeOwner(wxWindow& window, WXWidget owner) {
     const auto previous = SetWindowLongPtrW(static_cast<HWND>(window.GetHandle()), GWLP_HWNDPARENT,
                                             reinterpret_cast<LONG_PTR>(owner));

@@ -219,6 +219,8 @@ void ScreenFrame::runLoop() {
     loop_ = &loop;
     if (!window_.isClosed()) loop.Run();
     loop_ = nullptr;
+    // Nothing but a request to quit ends the loop before the window is closed.
+    hostQuits_ = !window_.isClosed();
 }
 
 void ScreenFrame::release() {
@@ -228,6 +230,8 @@ void ScreenFrame::release() {
     views_.clear();
     changeOwner(*this, owner_);
     Destroy();
+    // Not before: a box that asks whether to save would go away at once.
+    if (hostQuits_) askHostToQuit();
 }
 
 void ScreenFrame::onClose(wxCloseEvent& event) {

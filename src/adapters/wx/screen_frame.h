@@ -77,6 +77,7 @@ class ScreenFrame : public wxFrame {
 
     Window& window_;
     bool released_ = false;
+    bool hostQuits_ = false;
     /// What the window had for an owner when it was made.
     WXWidget owner_ = nullptr;
     wxPanel* panel_ = nullptr;
