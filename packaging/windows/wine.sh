@@ -25,8 +25,7 @@ start_wine() {
     }
     # What an earlier run that was broken off has left.
     wineserver -k 2>/dev/null || true
-    # A server that stays. Debian's would end with its last program, and turn away one that starts in
-    # that moment.
+    # A server that stays, where Debian's would end with its last program, and whose end this shell sees.
     rm -f "$(server_socket)"
     wineserver -f -p >"$WINEPREFIX.server.log" 2>&1 7>&- 8>&- &
     wine_server=$!
