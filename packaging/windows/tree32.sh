@@ -5,6 +5,8 @@
 set -euo pipefail
 here=$(cd "$(dirname "${BASH_SOURCE[0]}")" && pwd)
 . "$here/dependencies.sh"
+# Where debootstrap is, and what installing packages needs.
+export PATH=$PATH:/usr/sbin:/sbin
 tree=$windows_cache/i386
 made_of=$(cat "${BASH_SOURCE[0]}" "$here/dependencies.sh" | sha256sum)
 
