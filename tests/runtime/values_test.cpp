@@ -1,5 +1,11 @@
 #include <gtest/gtest.h>
 
+#include <algorithm>
+#include <array>
+#include <cmath>
+#include <cstdio>
+#include <random>
+
 #include "runtime/convert.h"
 #include "runtime/error.h"
 
@@ -120,6 +126,23 @@ TEST(DateFromIso, ReadsDatesThatExist) {
     EXPECT_EQ(isoText(Date{2024, 1, 2, 3, 4, 5, 250000000}), "2024-01-02 03:04:05.25");
     for (const char* text : {"", "2023-02-29", "2024-13-01", "2024-01-01 25:00", "2024-01-01x"})
         EXPECT_EQ(dateFromIso(text), std::nullopt) << text;
+}
+
+TEST(ToText, OfANumberHasItsFifteenSignificantDigits) {
+    std::mt19937_64 chance(11);
+    std::uniform_int_distribution<std::int64_t> whole(-999'999'999'999'999'999,
+                                                      999'999'999'999'999'999);
+    std::uniform_int_distribution<int> size(-12, 12);
+    for (int i = 0; i < 200'000; ++i) {
+        // Some have few digits, some more than fit.
+        const auto few = static_cast<double>(whole(chance) >> (i % 60));
+        const double number = few * std::pow(10, size(chance));
+        std::array<char, 40> expected{};
+        std::snprintf(expected.data(), expected.size(), "%.15g", number);
+        std::string text = expected.data();
+        std::replace(text.begin(), text.end(), 'e', 'E');
+        ASSERT_EQ(toText(Variant(number), Regional()), text);
+    }
 }
 
 }  // namespace
