@@ -3,6 +3,7 @@
 #include <functional>
 
 #include "database.h"
+#include "runtime/text.h"
 
 namespace catalogador {
 namespace {
@@ -374,6 +375,21 @@ TEST_P(RdoWriting, SeesTheWriteOfAnotherUserAlsoWithinATransactionOfTheHost) {
     EXPECT_EQ(errorNumberOf([&] { rows->Update(); }), error_number::rowChanged);
     connection->rollback();
     EXPECT_EQ(all().at(0).at(1), Variant("second"));
+}
+
+TEST_P(RdoWriting, WritesRowsThatHoldAZeroDate) {
+    if (dialect() != Dialect::mariadb) GTEST_SKIP() << "Only MariaDB stores dates of zeros";
+    create("Code INTEGER, Stamp DATETIME, Day DATE",
+           {"1, '0000-00-00 00:00:00', '0000-00-00'", "2, '2024-05-00 00:00:00', '2024-00-00'"});
+    for (const int code : {1, 2}) {
+        const auto rows = connection->OpenResultset(select("Where Code = " + decimalText(code)));
+        rows->Edit();
+        rows->setValue("Code", code + 10);
+        rows->Update();
+        EXPECT_EQ(rows->value("Code"), Variant(code + 10));
+        rows->Delete();
+    }
+    EXPECT_TRUE(all().empty());
 }
 
 }  // namespace
