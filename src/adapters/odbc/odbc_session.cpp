@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <chrono>
+#include <system_error>
 #include <thread>
 
 #include "adapters/odbc/bound_parameters.h"
@@ -90,9 +91,14 @@ SQLHANDLE OdbcSession::lend() {
 void OdbcSession::freeBeside(OdbcHandle statement) {
     settle();
     if (borrowed_ || lent_) return;
-    freeing_ = std::async(std::launch::async, [freed = std::move(statement)]() mutable {
+    auto freeIt = [freed = std::move(statement)]() mutable {
         const OdbcHandle ends = std::move(freed);
-    });
+    };
+    try {
+        freeing_ = std::async(std::launch::async, std::move(freeIt));
+    } catch (const std::system_error&) {
+        // There is no thread to be had: the statement has been freed here, with what held it.
+    }
 }
 
 void OdbcSession::settle() const {
@@ -213,7 +219,13 @@ SQLRETURN OdbcSession::runText(const OdbcHandle& statement, const std::string& t
     if (!waiting) return run();
     // Drivers read all rows before they come back, so whoever waits would wait for all of them.
     constexpr std::chrono::milliseconds betweenCalls{100};
-    std::future<SQLRETURN> result = std::async(std::launch::async, run);
+    std::future<SQLRETURN> result;
+    try {
+        result = std::async(std::launch::async, run);
+    } catch (const std::system_error&) {
+        // There is no thread to be had, so the window waits.
+        return run();
+    }
     // The first call finds the statement running: what can be done in the meantime, is.
     bool wanted = waiting();
     while (result.wait_for(betweenCalls) != std::future_status::ready) {
