@@ -6,7 +6,7 @@ build_packages=(g++ cmake ninja-build ccache pkg-config unixodbc-dev libsqliteod
     libwxgtk3.2-dev wx3.2-i18n nlohmann-json3-dev libcli11-dev libgtest-dev libgmock-dev iso-codes)
 screen_packages=(xvfb xauth openbox xdotool imagemagick fonts-dejavu-core adwaita-icon-theme
     librsvg2-common librsvg2-bin python3-openpyxl libreoffice-calc-nogui poppler-utils)
-check_packages=(clang-format gettext python3 util-linux)
+check_packages=(clang-format gettext python3 util-linux locales)
 lint_packages=(clang-tidy)
 fuzz_packages=(clang)
 coverage_packages=(gcovr)
