@@ -12,3 +12,10 @@ tree_packages=(wine wine32 unixodbc libsqliteodbc fonts-dejavu-core)
 tree_maker_packages=(debootstrap util-linux)
 
 windows_cache=${CATALOGADOR_CACHE:-${XDG_CACHE_HOME:-$HOME/.cache}/catalogador}/windows
+
+# debian_mirror RELEASE: where this machine's own packages of that release come from
+debian_mirror() {
+    # shellcheck disable=SC2016  # the names are those of apt
+    apt-get indextargets --format '$(REPO_URI)' 'Created-By: Packages' \
+        "Codename: $1" 'Component: main' | head -n 1
+}

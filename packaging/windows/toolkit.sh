@@ -24,10 +24,7 @@ fetch_source() {
     local package=$1 folder=$2 lists=$windows_cache/lists release mirror
     mkdir -p "$lists/partial" "$folder"
     release=$(. /etc/os-release && echo "$VERSION_CODENAME")
-    # Where this machine's own packages come from.
-    # shellcheck disable=SC2016  # the names are those of apt
-    mirror=$(apt-get indextargets --format '$(REPO_URI)' 'Created-By: Packages' \
-        "Codename: $release" 'Component: main' | head -n 1)
+    mirror=$(debian_mirror "$release")
     [ -n "$mirror" ] || {
         echo "apt knows no source of packages for $release" >&2
         return 1

@@ -30,10 +30,7 @@ if [ "$(cat "$tree/made-of" 2>/dev/null)" != "$made_of" ]; then
     rm -rf --one-file-system "$tree"
     release=$(. /etc/os-release && echo "$VERSION_CODENAME")
     log=$windows_cache/i386.log
-    # Where this machine's own packages come from.
-    # shellcheck disable=SC2016  # the names are those of apt
-    mirror=$(apt-get indextargets --format '$(REPO_URI)' 'Created-By: Packages' \
-        "Codename: $release" 'Component: main' | head -n 1)
+    mirror=$(debian_mirror "$release")
     if ! debootstrap --arch=i386 --variant=minbase "$release" "$tree" "$mirror" >"$log" 2>&1; then
         tail -n 20 "$log" >&2
         cannot "no tree of Debian of 32 bits can be made here; the whole of it is in $log"
