@@ -81,7 +81,7 @@ int fillServer(const Options& options) {
     const auto connection = openServer(options);
     DemoOptions demo;
     demo.userName = systemUser();
-    demo.dialect = schemaOf(connection->dialect());
+    demo.dialect = schemaOf(connection->session()->dialect());
     writeDemo(*connection, demo);
     std::cout << "The demonstration is in the database. Open it with: catalogador open --connect "
                  "(the same) --view 1\n";

@@ -71,9 +71,9 @@ std::uint8_t clsCatalogador::AddNew(std::int16_t IDVista, const std::string& Nom
 std::uint8_t clsCatalogador::insertText(std::int16_t view, const std::string& sequence,
                                         const std::string& text) {
     const PointerDuring hourglass(host_.surface);
-    const std::string sql =
-        "Select * From genCodigoTexto Where CTeIDTipoVista = " + decimalText(view) +
-        " And  CTeTextoCorto = '" + replaceText(text, "'", "''", Compare::binary) + "'";
+    const SqlText sql = "Select * From genCodigoTexto Where CTeIDTipoVista = " + decimalText(view) +
+                        " And  CTeTextoCorto = '" +
+                        SqlText::ofData(replaceText(text, "'", "''", Compare::binary)) + "'";
     const auto rows = connection_->OpenResultset(sql);
     if (!rows->atEnd()) {
         rows->Close();

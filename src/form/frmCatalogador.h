@@ -198,7 +198,7 @@ class frmCatalogador : public Window {
     void setGridWidths();
     void setGridAlignments(const std::string& alignments);
     void setGridAppearance();
-    std::string listingStatement();
+    SqlText listingStatement();
     void appendRows();
     struct ListColumn;
     class Loading;
@@ -237,8 +237,8 @@ class frmCatalogador : public Window {
     bool duplicateReported(const std::string& campo, const std::string& valor, bool numerico,
                            const Label& label, Control& control);
     bool duplicateValueReported(ValueField& field);
-    void replaceValueToken(std::string& sql, ValueField& field);
-    std::string withFieldValues(std::string sql, std::int32_t codigo);
+    void replaceValueToken(SqlText& sql, ValueField& field);
+    SqlText withFieldValues(SqlText sql, std::int32_t codigo);
     [[nodiscard]] std::string numberForDatabase(const std::string& typed) const;
 
     bool savable();
@@ -281,7 +281,7 @@ class frmCatalogador : public Window {
     std::string mstrSeparadorDecimal = ".";
     std::string mstrSeparadorMiles = ",";
     /// Statement and rows of the procedure at work; procedures reuse them one after another.
-    std::string mstrSQL;
+    SqlText mstrSQL;
     std::unique_ptr<rdoResultset> mrdoRegistro;
     std::string mstrSQLDuplicados;
     std::int16_t mintIdAyuda = 0;

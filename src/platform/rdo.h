@@ -1,10 +1,13 @@
 #pragma once
+#include <cstdint>
 #include <functional>
 #include <memory>
 #include <string>
 #include <string_view>
 #include <vector>
 
+#include "platform/dialect.h"
+#include "platform/sql_text.h"
 #include "runtime/convert.h"
 #include "runtime/variant.h"
 
@@ -94,17 +97,57 @@ class rdoResultset {
     virtual void Close() = 0;
 };
 
+/// What a connection offers besides resultsets when the program itself opened it: statements with
+/// values for their "?", and transactions. For the program's own services; no listener is told of
+/// these statements. Every member raises RuntimeError.
+class rdoSession {
+  public:
+    virtual ~rdoSession() = default;
+
+    [[nodiscard]] virtual Dialect dialect() const = 0;
+
+    /// The rows of a query. A Null is no value for a "?".
+    virtual std::vector<std::vector<Variant>> query(const std::string& sql,
+                                                    const std::vector<Variant>& values = {}) = 0;
+    /// Gives the number of rows touched (-1 when the driver does not tell).
+    virtual std::int64_t run(const std::string& sql, const std::vector<Variant>& values = {}) = 0;
+
+    /// Everything from here to commit() or rollback() is done as a whole or not at all. In SQLite
+    /// no one else can write meanwhile. Transactions may be nested.
+    virtual void begin() = 0;
+    virtual void commit() = 0;
+    virtual void rollback() = 0;
+};
+
+/// A transaction that is rolled back unless it was committed.
+class rdoTransaction {
+  public:
+    explicit rdoTransaction(rdoSession& session) : session_(session) { session_.begin(); }
+    ~rdoTransaction();
+    rdoTransaction(const rdoTransaction&) = delete;
+    rdoTransaction& operator=(const rdoTransaction&) = delete;
+
+    void commit();
+
+  private:
+    rdoSession& session_;
+    bool open_ = true;
+};
+
 /// An open database connection of the host.
 class rdoConnection {
   public:
     virtual ~rdoConnection() = default;
 
     /// Runs one statement that returns rows. A text that carries a second statement is refused.
-    virtual std::unique_ptr<rdoResultset> OpenResultset(const std::string& sql,
-                                                        int type = openDynamic,
+    virtual std::unique_ptr<rdoResultset> OpenResultset(const SqlText& sql, int type = openDynamic,
                                                         int lock = lockOptimisticByValues) = 0;
     /// Runs one statement; gives the number of rows it touched (-1 when the driver does not tell).
-    virtual std::int64_t Execute(const std::string& sql) = 0;
+    virtual std::int64_t Execute(const SqlText& sql) = 0;
+
+    /// Null for a connection of a host's own, which has neither parameters nor transactions. Lives
+    /// as long as the connection.
+    [[nodiscard]] virtual rdoSession* session() { return nullptr; }
 
     /// Called by whoever runs a statement as soon as it runs, and then now and again while it takes
     /// long; false stops the statement, which then fails. Empty for nobody. A connection that

@@ -42,12 +42,8 @@ std::size_t foldedPrefix(std::string_view text, std::string_view folded) {
     return at;
 }
 
-struct Found {
-    std::size_t position = std::string_view::npos;
-    std::size_t length = 0;
-};
-
-Found findFrom(std::string_view text, std::string_view find, std::size_t from, Compare how) {
+/// `find` is folded already where case is not regarded.
+FoundText findFrom(std::string_view text, std::string_view find, std::size_t from, Compare how) {
     if (how == Compare::binary) return {text.find(find, from), find.size()};
     for (std::size_t at = from; at <= text.size();) {
         const std::size_t length = foldedPrefix(text.substr(at), find);
@@ -83,11 +79,15 @@ bool equalText(std::string_view left, std::string_view right) {
     return compareText(left, right, Compare::text) == 0;
 }
 
+FoundText findTextFrom(std::string_view text, std::string_view find, std::size_t from,
+                       Compare how) {
+    return findFrom(text, how == Compare::text ? foldCase(find) : std::string(find), from, how);
+}
+
 std::size_t findText(std::string_view text, std::string_view find, Compare how) {
     if (how == Compare::text && isAscii(find) && isAscii(text))
         return foldCase(text).find(foldCase(find));
-    const std::string folded = how == Compare::text ? foldCase(find) : std::string(find);
-    return findFrom(text, folded, 0, how).position;
+    return findTextFrom(text, find, 0, how).position;
 }
 
 bool containsText(std::string_view text, std::string_view find, Compare how) {
@@ -100,7 +100,7 @@ std::string replaceText(std::string_view text, std::string_view find, std::strin
     const std::string wanted = how == Compare::text ? foldCase(find) : std::string(find);
     std::string replaced;
     std::size_t from = 0;
-    for (Found hit = findFrom(text, wanted, from, how); hit.position != std::string_view::npos;
+    for (FoundText hit = findFrom(text, wanted, from, how); hit.position != std::string_view::npos;
          hit = findFrom(text, wanted, from, how)) {
         replaced.append(text.substr(from, hit.position - from)).append(with);
         from = hit.position + hit.length;

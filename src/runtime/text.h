@@ -25,6 +25,14 @@ bool equalText(std::string_view left, std::string_view right);
 
 /// Position in bytes of `find` in `text`, or npos. An empty `find` is found at 0.
 std::size_t findText(std::string_view text, std::string_view find, Compare how);
+/// Where a text was found, in bytes; position npos when it was not. The length may differ from that
+/// of the text sought when case is not regarded.
+struct FoundText {
+    std::size_t position = std::string_view::npos;
+    std::size_t length = 0;
+};
+/// The first `find` at or after the byte `from`.
+FoundText findTextFrom(std::string_view text, std::string_view find, std::size_t from, Compare how);
 bool containsText(std::string_view text, std::string_view find, Compare how);
 
 /// Every occurrence of `find`, from left to right, replaced; what was put in is not searched again.

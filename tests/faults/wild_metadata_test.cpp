@@ -12,7 +12,7 @@ class WildMetadata : public testing::Test {
   protected:
     WildMetadata() {
         for (const std::string& sql : schemaStatementList(SchemaDialect::sqlite))
-            desk_.connection().run(sql);
+            desk_.connection().session()->run(sql);
         run("Insert Into Catalogador (ABMIDFormVista, ABMTitulo, ABMNombreVista, ABMConsulta, "
             "ABMColumnasNombre, ABMColumnasAncho, ABMColumnasAlineacion, ABMAnchoForm) Values (7, "
             "'Todo', 'Todo', 'Select CTeCodigo, CTeTextoCorto, CTeTextoLargo From genCodigoTexto', "
@@ -23,7 +23,7 @@ class WildMetadata : public testing::Test {
             "'uno')");
     }
 
-    void run(const std::string& sql) { desk_.connection().run(sql); }
+    void run(const std::string& sql) { desk_.connection().session()->run(sql); }
     void open(const std::function<void(frmCatalogador&)>& look) { desk_.open(7, look); }
     /// Opens, saves a new record and gives what was told meanwhile.
     std::vector<std::string> saveNew() {

@@ -148,7 +148,7 @@ Variant anyValue(FuzzedDataProvider& data) {
     }
 }
 
-std::unique_ptr<rdoResultset> FuzzConnection::OpenResultset(const std::string& sql, int /*type*/,
+std::unique_ptr<rdoResultset> FuzzConnection::OpenResultset(const SqlText& sql, int /*type*/,
                                                             int /*lock*/) {
     // A loop that waits for the rows to end must not be kept waiting by bytes that have ended.
     if (data_.remaining_bytes() == 0 || data_.ConsumeIntegralInRange(0, errorEvery) == 1)

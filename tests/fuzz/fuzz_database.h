@@ -22,9 +22,8 @@ class FuzzConnection : public rdoConnection {
     explicit FuzzConnection(FuzzedDataProvider& data, std::map<std::string, Variant> fixed = {})
         : data_(data), fixed_(std::move(fixed)) {}
 
-    std::unique_ptr<rdoResultset> OpenResultset(const std::string& sql, int type,
-                                                int lock) override;
-    std::int64_t Execute(const std::string& sql) override;
+    std::unique_ptr<rdoResultset> OpenResultset(const SqlText& sql, int type, int lock) override;
+    std::int64_t Execute(const SqlText& sql) override;
     void setListener(StatementListener*) override {}
 
   private:

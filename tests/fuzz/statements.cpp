@@ -3,8 +3,8 @@
 
 #include <cstdlib>
 
-#include "adapters/odbc/select_condition.h"
-#include "adapters/odbc/statement_text.h"
+#include "adapters/sql/select_condition.h"
+#include "adapters/sql/statement_text.h"
 #include "runtime/error.h"
 
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* bytes, std::size_t size) {

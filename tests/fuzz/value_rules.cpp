@@ -4,7 +4,7 @@
 #include <cmath>
 #include <cstdlib>
 
-#include "adapters/odbc/column_info.h"
+#include "adapters/sql/column_info.h"
 #include "runtime/convert.h"
 #include "runtime/error.h"
 #include "runtime/text.h"

@@ -47,25 +47,25 @@ class TestedConnection {
     TestedConnection(std::shared_ptr<OdbcConnection> odbc, std::unique_ptr<rdoConnection> rdo)
         : odbc_(std::move(odbc)), rdo_(std::move(rdo)) {}
 
-    std::unique_ptr<rdoResultset> OpenResultset(const std::string& sql, int type = openDynamic,
+    std::unique_ptr<rdoResultset> OpenResultset(const SqlText& sql, int type = openDynamic,
                                                 int lock = lockOptimisticByValues) {
         return rdo().OpenResultset(sql, type, lock);
     }
-    std::int64_t Execute(const std::string& sql) { return rdo().Execute(sql); }
+    std::int64_t Execute(const SqlText& sql) { return rdo().Execute(sql); }
     void setListener(StatementListener* listener) { rdo().setListener(listener); }
 
     /// The database connection itself.
     operator OdbcConnection&() { return *odbc_; }
-    [[nodiscard]] Dialect dialect() const { return odbc_->dialect(); }
+    [[nodiscard]] Dialect dialect() const { return odbc_->session()->dialect(); }
     auto query(const std::string& sql, const std::vector<Variant>& values = {}) {
-        return odbc_->query(sql, values);
+        return odbc_->session()->query(sql, values);
     }
     std::int64_t run(const std::string& sql, const std::vector<Variant>& values = {}) {
-        return odbc_->run(sql, values);
+        return odbc_->session()->run(sql, values);
     }
-    void begin() { odbc_->begin(); }
-    void commit() { odbc_->commit(); }
-    void rollback() { odbc_->rollback(); }
+    void begin() { odbc_->session()->begin(); }
+    void commit() { odbc_->session()->commit(); }
+    void rollback() { odbc_->session()->rollback(); }
 
   private:
     rdoConnection& rdo() { return rdo_ ? *rdo_ : *odbc_; }

@@ -40,10 +40,11 @@ TEST_F(Sqlite, AStatementThatTakesLongTellsWhoeverWaitsAndCanBeStopped) {
 }
 
 TEST_F(Sqlite, GivesStoredTextWhereItDoesNotFitTheDeclaredType) {
-    connection_->run(
+    connection_->session()->run(
         "CREATE TABLE t (a INTEGER, b BIT, c NUMERIC(10,2), d DOUBLE, e TIMESTAMP, f DATE, "
         "g VARCHAR(3))");
-    connection_->run("INSERT INTO t VALUES ('abc', 'yes', '12,5', 'n/a', '', 'soon', 'longer')");
+    connection_->session()->run(
+        "INSERT INTO t VALUES ('abc', 'yes', '12,5', 'n/a', '', 'soon', 'longer')");
     const auto rows = connection_->OpenResultset("Select * From t");
     for (const auto& [column, text] : std::vector<std::pair<int, const char*>>{
              {0, "abc"}, {1, "yes"}, {2, "12,5"}, {3, "n/a"}, {4, ""}, {5, "soon"}, {6, "longer"}})
@@ -52,16 +53,16 @@ TEST_F(Sqlite, GivesStoredTextWhereItDoesNotFitTheDeclaredType) {
     rows->setValue("g", "x");
     rows->Update();
     rows->Delete();
-    EXPECT_TRUE(connection_->query("SELECT * FROM t").empty());
+    EXPECT_TRUE(connection_->session()->query("SELECT * FROM t").empty());
 }
 
 TEST_F(Sqlite, FindsRowWhateverItsValuesAreStoredAs) {
-    connection_->run(
+    connection_->session()->run(
         "CREATE TABLE t (a INTEGER, b BIT, c NUMERIC, d VARCHAR(9), e TIMESTAMP, f, g REAL)");
     for (const char* row :
          {"3.5, 7, 1.0/3, 12, 2460000.5, 5, 4", "'1', '0', '1e3', 'A', 0, 'x', 1e300",
           "1e20, true, 12345678901234567890, '', '2024-01-02T03:04', 0.1, -0.0"}) {
-        connection_->run(std::string("INSERT INTO t VALUES (") + row + ")");
+        connection_->session()->run(std::string("INSERT INTO t VALUES (") + row + ")");
         const auto rows = connection_->OpenResultset("Select * From t");
         rows->Edit();
         rows->setValue("d", "changed");
@@ -71,8 +72,8 @@ TEST_F(Sqlite, FindsRowWhateverItsValuesAreStoredAs) {
 }
 
 TEST_F(Sqlite, ReportsBitForEveryDeclarationOfOne) {
-    connection_->run("CREATE TABLE t (a BIT, b bit(1), c BOOLEAN, d bool, e INTEGER)");
-    connection_->run("INSERT INTO t VALUES (1, 0, 1, 0, 1)");
+    connection_->session()->run("CREATE TABLE t (a BIT, b bit(1), c BOOLEAN, d bool, e INTEGER)");
+    connection_->session()->run("INSERT INTO t VALUES (1, 0, 1, 0, 1)");
     for (const char* sql : {"Select * From t", "Select * From t Where a = 0",
                             "Select a, b, c, d, e From (Select * From t)"}) {
         const auto rows = connection_->OpenResultset(sql);
@@ -84,7 +85,7 @@ TEST_F(Sqlite, ReportsBitForEveryDeclarationOfOne) {
 }
 
 TEST_F(Sqlite, StoresDatesAndFlagsTheUsualWay) {
-    connection_->run("CREATE TABLE t (a TIMESTAMP, b DATE, c BIT, d INTEGER)");
+    connection_->session()->run("CREATE TABLE t (a TIMESTAMP, b DATE, c BIT, d INTEGER)");
     const auto rows = connection_->OpenResultset("Select * From t");
     rows->AddNew();
     rows->setValue("a", Date{2024, 1, 2, 3, 4, 5});
@@ -92,7 +93,7 @@ TEST_F(Sqlite, StoresDatesAndFlagsTheUsualWay) {
     rows->setValue("c", true);
     rows->setValue("d", 7);
     rows->Update();
-    const auto stored = connection_->query(
+    const auto stored = connection_->session()->query(
         "SELECT CAST(a AS TEXT), CAST(b AS TEXT), typeof(c) || c, typeof(d) || d FROM t");
     const std::vector<Variant> expected{"2024-01-02 03:04:05", "2024-01-02", "integer1",
                                         "integer7"};
@@ -100,33 +101,33 @@ TEST_F(Sqlite, StoresDatesAndFlagsTheUsualWay) {
 }
 
 TEST_F(Sqlite, NoticesChangeOfCaseInColumnThatIsBlindToIt) {
-    connection_->run("CREATE TABLE t (a VARCHAR(9) COLLATE NOCASE)");
-    connection_->run("INSERT INTO t VALUES ('ana')");
+    connection_->session()->run("CREATE TABLE t (a VARCHAR(9) COLLATE NOCASE)");
+    connection_->session()->run("INSERT INTO t VALUES ('ana')");
     const auto rows = connection_->OpenResultset("Select * From t");
-    connection_->run("UPDATE t SET a = 'ANA'");
+    connection_->session()->run("UPDATE t SET a = 'ANA'");
     EXPECT_EQ(errorNumberOf([&] { rows->Delete(); }), error_number::rowChanged);
 }
 
 TEST_F(Sqlite, WaitsForALockAsLongAsTheConnectionStringSays) {
-    connection_->run("CREATE TABLE t (a INTEGER)");
+    connection_->session()->run("CREATE TABLE t (a INTEGER)");
     const auto other = OdbcConnection::open(stringFor(file_.path()) + ";Timeout=300");
-    connection_->begin();
+    connection_->session()->begin();
     const auto start = std::chrono::steady_clock::now();
-    EXPECT_EQ(errorNumberOf([&] { other->begin(); }), error_number::statementFailed);
+    EXPECT_EQ(errorNumberOf([&] { other->session()->begin(); }), error_number::statementFailed);
     EXPECT_LT(std::chrono::steady_clock::now() - start, std::chrono::seconds(4));
     EXPECT_GE(std::chrono::steady_clock::now() - start, std::chrono::milliseconds(200));
-    connection_->rollback();
+    connection_->session()->rollback();
 }
 
 TEST_F(Sqlite, StopsWaitingForALockWithAnError) {
-    connection_->run("CREATE TABLE t (a INTEGER)");
-    connection_->run("INSERT INTO t VALUES (1)");
+    connection_->session()->run("CREATE TABLE t (a INTEGER)");
+    connection_->session()->run("INSERT INTO t VALUES (1)");
     Timeouts timeouts;
     timeouts.lock = std::chrono::milliseconds(300);
     const auto other = OdbcConnection::open(stringFor(file_.path()), timeouts);
     const auto rows = other->OpenResultset("Select * From t");
-    connection_->begin();
-    connection_->run("UPDATE t SET a = 1");
+    connection_->session()->begin();
+    connection_->session()->run("UPDATE t SET a = 1");
     const auto start = std::chrono::steady_clock::now();
     rows->Edit();
     rows->setValue("a", 3);
@@ -134,14 +135,14 @@ TEST_F(Sqlite, StopsWaitingForALockWithAnError) {
     EXPECT_NE(text.find("locked"), std::string::npos) << text;
     EXPECT_LT(std::chrono::steady_clock::now() - start, std::chrono::seconds(10));
     EXPECT_GE(std::chrono::steady_clock::now() - start, std::chrono::milliseconds(200));
-    connection_->commit();
+    connection_->session()->commit();
     rows->Update();
-    EXPECT_EQ(connection_->query("SELECT a FROM t").at(0).at(0), Variant(3));
+    EXPECT_EQ(connection_->session()->query("SELECT a FROM t").at(0).at(0), Variant(3));
 }
 
 TEST_F(Sqlite, LetsTwoProcessesWriteAtTheSameTime) {
     constexpr int rounds = 50;
-    connection_->run("CREATE TABLE t (a INTEGER)");
+    connection_->session()->run("CREATE TABLE t (a INTEGER)");
     connection_.reset();
     const auto write = [&](int process) {
         const auto connection = OdbcConnection::open(stringFor(file_.path()));
@@ -160,12 +161,12 @@ TEST_F(Sqlite, LetsTwoProcessesWriteAtTheSameTime) {
     waitpid(child, &status, 0);
     EXPECT_EQ(status, 0);
     const auto connection = OdbcConnection::open(stringFor(file_.path()));
-    EXPECT_EQ(connection->query("SELECT DISTINCT a FROM t").size(), 2U * rounds);
+    EXPECT_EQ(connection->session()->query("SELECT DISTINCT a FROM t").size(), 2U * rounds);
 }
 
 TEST_F(Sqlite, EnforcesForeignKeys) {
-    connection_->run("CREATE TABLE p (a INTEGER PRIMARY KEY)");
-    connection_->run("CREATE TABLE c (a INTEGER REFERENCES p(a))");
+    connection_->session()->run("CREATE TABLE p (a INTEGER PRIMARY KEY)");
+    connection_->session()->run("CREATE TABLE c (a INTEGER REFERENCES p(a))");
     EXPECT_EQ(errorNumberOf([&] { connection_->Execute("Insert Into c Values (1)"); }),
               error_number::statementFailed);
 }
@@ -177,6 +178,7 @@ TEST(SqliteFile, MayHaveAnOddName) {
         const TemporaryFile file(name);
         const std::string error = errorOf([&] {
             OdbcConnection::open(OdbcConnection::sqliteConnectionString(file.path()))
+                ->session()
                 ->run("CREATE TABLE t (a INTEGER)");
         });
         EXPECT_EQ(error, "") << name;

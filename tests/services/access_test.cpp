@@ -9,8 +9,8 @@ namespace {
 class Access : public test::ServiceDatabase {
   protected:
     Access() {
-        connection_->run("INSERT INTO accUsuarios VALUES (7, 'ana'), (8, 'o''brien')");
-        connection_->run(
+        connection_->session()->run("INSERT INTO accUsuarios VALUES (7, 'ana'), (8, 'o''brien')");
+        connection_->session()->run(
             "INSERT INTO accPermisos VALUES (7, 'Países', 1, 'AB'), (7, 'Países', 1, 'M'), "
             "(7, 'Países', 2, 'X'), (8, 'Países', 1, 'Z'), (7, 'None', 1, NULL), "
             "(-1, 'Países', 1, 'ALL')");
@@ -65,7 +65,7 @@ TEST_F(Access, IsNotTalkedOverByHostileTexts) {
 }
 
 TEST_F(Access, RaisesWhenTheTablesAreMissing) {
-    connection_->run("DROP TABLE accUsuarios");
+    connection_->session()->run("DROP TABLE accUsuarios");
     const auto access = TableAccessLibrary("ana").create();
     std::int32_t id = 0;
     EXPECT_THROW(access->UsuarioActual(*connection_, "", id), RuntimeError);

@@ -13,7 +13,7 @@ namespace {
 class ProximoCodigo : public test::ServiceDatabase {
   protected:
     ProximoCodigo() {
-        connection_->run(
+        connection_->session()->run(
             "INSERT INTO genNumeradores VALUES ('Países', 33), ('Full', 2147483646), "
             "('Empty', NULL)");
     }
@@ -25,7 +25,7 @@ class ProximoCodigo : public test::ServiceDatabase {
         return utilities_.ProximoCodigo(foreign, name);
     }
     Variant stored(const std::string& name) {
-        return connection_
+        return connection_->session()
             ->query("SELECT NumUltimo FROM genNumeradores WHERE NumNombre = ?", {name})
             .at(0)
             .at(0);
@@ -65,22 +65,25 @@ TEST_F(ProximoCodigo, IsMinusOneForASequenceWithoutNumber) {
 
 TEST_F(ProximoCodigo, LeavesADatabaseErrorInTheCurrentError) {
     currentError().clear();
-    connection_->run("DROP TABLE genNumeradores");
+    connection_->session()->run("DROP TABLE genNumeradores");
     EXPECT_EQ(draw("Países"), -1);
     EXPECT_EQ(currentError().number, error_number::statementFailed);
     EXPECT_NE(currentError().description.find("genNumeradores"), std::string::npos);
     currentError().clear();
     EXPECT_EQ(drawForeign("Países"), -1);
     EXPECT_NE(currentError().number, 0);
-    connection_->run("CREATE TABLE t (a INTEGER)");
+    connection_->session()->run("CREATE TABLE t (a INTEGER)");
 }
 
 TEST_F(ProximoCodigo, DrawsNothingWhenTheNameStandsTwice) {
-    connection_->run("DROP TABLE genNumeradores");
-    connection_->run("CREATE TABLE genNumeradores (NumNombre VARCHAR(100), NumUltimo INTEGER)");
-    connection_->run("INSERT INTO genNumeradores VALUES ('a', 1), ('a', 5)");
+    connection_->session()->run("DROP TABLE genNumeradores");
+    connection_->session()->run(
+        "CREATE TABLE genNumeradores (NumNombre VARCHAR(100), NumUltimo INTEGER)");
+    connection_->session()->run("INSERT INTO genNumeradores VALUES ('a', 1), ('a', 5)");
     EXPECT_EQ(draw("a"), -1);
-    EXPECT_EQ(connection_->query("SELECT * FROM genNumeradores WHERE NumUltimo IN (1, 5)").size(),
+    EXPECT_EQ(connection_->session()
+                  ->query("SELECT * FROM genNumeradores WHERE NumUltimo IN (1, 5)")
+                  .size(),
               2U);
 }
 

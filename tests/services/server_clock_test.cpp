@@ -44,7 +44,7 @@ TEST_F(FechaServidor, GoesOnBetweenTwoQuestions) {
     Date last = utilities_.FechaServidor(*connection_);
     for (int i = 0; i < 100; ++i) {
         // What a save does at the least between reading a record and stamping it.
-        connection_->query("SELECT 1");
+        connection_->session()->query("SELECT 1");
         const Date next = utilities_.FechaServidor(*connection_);
         EXPECT_GT(next, last);
         last = next;

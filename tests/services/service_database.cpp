@@ -33,11 +33,11 @@ EnvironmentChange::~EnvironmentChange() {
 }
 
 ServiceDatabase::ServiceDatabase() : connection_(connect()) {
-    connection_->run(
+    connection_->session()->run(
         "CREATE TABLE genNumeradores (NumNombre VARCHAR(100) PRIMARY KEY, NumUltimo INTEGER)");
-    connection_->run(
+    connection_->session()->run(
         "CREATE TABLE accUsuarios (UsuID INTEGER PRIMARY KEY, UsuNombre VARCHAR(100))");
-    connection_->run(
+    connection_->session()->run(
         "CREATE TABLE accPermisos (PerUsuID INTEGER, PerOpcion VARCHAR(100), PerEmpresa SMALLINT, "
         "PerDerechos VARCHAR(100))");
 }

@@ -41,11 +41,10 @@ class EnvironmentChange {
 class ForeignConnection : public rdoConnection {
   public:
     explicit ForeignConnection(rdoConnection& inner) : inner_(inner) {}
-    std::unique_ptr<rdoResultset> OpenResultset(const std::string& sql, int type,
-                                                int lock) override {
+    std::unique_ptr<rdoResultset> OpenResultset(const SqlText& sql, int type, int lock) override {
         return inner_.OpenResultset(sql, type, lock);
     }
-    std::int64_t Execute(const std::string& sql) override { return inner_.Execute(sql); }
+    std::int64_t Execute(const SqlText& sql) override { return inner_.Execute(sql); }
     void setListener(StatementListener* listener) override { inner_.setListener(listener); }
 
   private:

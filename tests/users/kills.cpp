@@ -36,22 +36,22 @@ struct Progress {
 
 /// Every column of a record tells the same version, so that a half-written one gives itself away.
 void insertRecord(OdbcConnection& database, int code, int version) {
-    database.begin();
-    database.run(
+    database.session()->begin();
+    database.session()->run(
         "Insert Into genCodigoTexto (CTeIDTipoVista, CTeCodigo, CTeTextoCorto, "
         "CTeTextoLargo, CTeValor1, CTeValor2, CTeValor3) Values (91, ?, ?, ?, ?, ?, ?)",
         {code, "Version " + decimalText(version), "Version " + decimalText(version), version,
          version, version});
     for (int i = 0; i < detailsPerRecord; ++i)
-        database.run(
+        database.session()->run(
             "Insert Into genCodigoTexto (CTeIDTipoVista, CTeCodigo, CTeTextoCorto, "
             "CTeValor1, CTeValor2) Values (92, ?, 'Detail', ?, ?)",
             {code * detailsPerRecord + i, code, code});
-    database.run(
+    database.session()->run(
         "Insert Into genCodigoTexto (CTeIDTipoVista, CTeCodigo, CTeTextoCorto, CTeValor1, "
         "CTeValor2) Values (93, ?, 'Marked', ?, 0)",
         {code, code});
-    database.commit();
+    database.session()->commit();
 }
 
 bool complain(const std::string& what) {
@@ -65,7 +65,7 @@ std::string textOf(const Variant& value) {
 
 bool recordsAreWhole(OdbcConnection& database) {
     bool good = true;
-    for (const auto& row : database.query(
+    for (const auto& row : database.session()->query(
              "Select CTeCodigo, CTeTextoCorto, CTeTextoLargo, CTeValor1, CTeValor2, CTeValor3 From "
              "genCodigoTexto Where CTeIDTipoVista = 91")) {
         const std::string version = textOf(row[3]);
@@ -73,7 +73,7 @@ bool recordsAreWhole(OdbcConnection& database) {
                            textOf(row[4]) == version && textOf(row[5]) == version;
         if (!whole) good = complain("record " + textOf(row[0]) + " is half of version " + version);
     }
-    for (const auto& row : database.query(
+    for (const auto& row : database.session()->query(
              "Select CTeCodigo, CTeTextoCorto, CTeValor1, CTeValor2 From genCodigoTexto Where "
              "CTeIDTipoVista = 92"))
         if (textOf(row[1]) != "Detail" || row[2] != row[3])
@@ -86,28 +86,28 @@ bool rulesWereKept(OdbcConnection& database) {
     bool good = true;
     const std::string gone =
         " And CTeValor1 Not In (Select CTeCodigo From genCodigoTexto Where CTeIDTipoVista = 91)";
-    for (const auto& row :
-         database.query("Select CTeCodigo From genCodigoTexto Where CTeIDTipoVista = 92" + gone))
+    for (const auto& row : database.session()->query(
+             "Select CTeCodigo From genCodigoTexto Where CTeIDTipoVista = 92" + gone))
         good = complain("detail " + textOf(row[0]) + " has outlived its record");
-    for (const auto& row :
-         database.query("Select CTeCodigo From genCodigoTexto Where CTeIDTipoVista = 93 And "
-                        "CTeValor2 <> 1" +
-                        gone))
+    for (const auto& row : database.session()->query(
+             "Select CTeCodigo From genCodigoTexto Where CTeIDTipoVista = 93 And "
+             "CTeValor2 <> 1" +
+             gone))
         good = complain("the rule for record " + textOf(row[0]) + " did not run");
     return good;
 }
 
 bool fileIsSound(OdbcConnection& database) {
-    if (database.dialect() != Dialect::sqlite) return true;
-    const auto rows = database.query("PRAGMA integrity_check");
+    if (database.session()->dialect() != Dialect::sqlite) return true;
+    const auto rows = database.session()->query("PRAGMA integrity_check");
     return textOf(rows.at(0).at(0)) == "ok" || complain(textOf(rows.at(0).at(0)));
 }
 
 void restock(OdbcConnection& database) {
     const auto codes =
-        database.query("Select CTeCodigo From genCodigoTexto Where CTeIDTipoVista = 91");
+        database.session()->query("Select CTeCodigo From genCodigoTexto Where CTeIDTipoVista = 91");
     if (codes.size() > recordCount / 2) return;
-    database.run("Delete From genCodigoTexto Where CTeIDTipoVista In (91, 92, 93)");
+    database.session()->run("Delete From genCodigoTexto Where CTeIDTipoVista In (91, 92, 93)");
     for (int code = 1; code <= recordCount; ++code) insertRecord(database, code, 1);
 }
 

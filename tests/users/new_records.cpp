@@ -39,7 +39,7 @@ int saveNewOnes(const std::string& connection, int user, int records, Counts& co
 }
 
 std::int64_t number(OdbcConnection& connection, const std::string& sql) {
-    return toLong(connection.query(sql).at(0).at(0), Regional{});
+    return toLong(connection.session()->query(sql).at(0).at(0), Regional{});
 }
 
 }  // namespace

@@ -58,7 +58,7 @@ std::vector<std::string> contents() {
 void run(const std::string& connectionString, const std::vector<std::string>& statements) {
     const int status = inProcess([&] {
         const auto connection = OdbcConnection::open(connectionString);
-        for (const std::string& sql : statements) connection->run(sql);
+        for (const std::string& sql : statements) connection->session()->run(sql);
         return 0;
     });
     if (status != 0) throw std::runtime_error("the database could not be made");

@@ -55,7 +55,7 @@ void fill(const std::string& connection) {
     inProcess([&] {
         const auto database = OdbcConnection::open(connection);
         for (int code = 1; code <= recordCount; ++code)
-            database->run(
+            database->session()->run(
                 "Insert Into genCodigoTexto (CTeIDTipoVista, CTeCodigo, CTeTextoCorto, "
                 "CTeValor1) Values (91, ?, 'Suma', 0)",
                 {code});
@@ -85,7 +85,7 @@ int sameRecords(const std::string& connection, int seconds, int users) {
 
     return inProcess([&] {
         const auto database = OdbcConnection::open(connection);
-        const auto rows = database->query(
+        const auto rows = database->session()->query(
             "Select Sum(CTeValor1), Count(*) From genCodigoTexto Where CTeIDTipoVista = 91");
         const std::int32_t sum = toLong(rows.at(0).at(0), Regional{});
         std::cout << users << " users, " << recordCount << " records, " << seconds

@@ -134,16 +134,16 @@ class AutomationResultset : public rdoResultset {
 
 }  // namespace
 
-std::unique_ptr<rdoResultset> AutomationConnection::OpenResultset(const std::string& sql, int type,
+std::unique_ptr<rdoResultset> AutomationConnection::OpenResultset(const SqlText& sql, int type,
                                                                   int lock) {
-    if (listener_ != nullptr) listener_->opened(sql, type, lock);
+    if (listener_ != nullptr) listener_->opened(sql.text(), type, lock);
     return std::make_unique<AutomationResultset>(
-        objectIn(connection_.call(L"OpenResultset", {sql, type, lock})), listener_);
+        objectIn(connection_.call(L"OpenResultset", {sql.text(), type, lock})), listener_);
 }
 
-std::int64_t AutomationConnection::Execute(const std::string& sql) {
-    if (listener_ != nullptr) listener_->executed(sql);
-    connection_.call(L"Execute", {sql});
+std::int64_t AutomationConnection::Execute(const SqlText& sql) {
+    if (listener_ != nullptr) listener_->executed(sql.text());
+    connection_.call(L"Execute", {sql.text()});
     if (!connection_.has(L"RowsAffected")) return -1;
     return toLong(variantOf(connection_.get(L"RowsAffected").get()), Regional{});
 }

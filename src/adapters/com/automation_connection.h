@@ -14,9 +14,9 @@ class AutomationConnection : public rdoConnection {
     explicit AutomationConnection(AutomationObject connection)
         : connection_(std::move(connection)) {}
 
-    std::unique_ptr<rdoResultset> OpenResultset(const std::string& sql, int type = openDynamic,
+    std::unique_ptr<rdoResultset> OpenResultset(const SqlText& sql, int type = openDynamic,
                                                 int lock = lockOptimisticByValues) override;
-    std::int64_t Execute(const std::string& sql) override;
+    std::int64_t Execute(const SqlText& sql) override;
     /// The table of a row that is written is not known here and is told as "".
     void setListener(StatementListener* listener) override { listener_ = listener; }
 

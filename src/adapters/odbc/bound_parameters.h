@@ -3,7 +3,7 @@
 #include <vector>
 
 #include "adapters/odbc/odbc_handle.h"
-#include "adapters/odbc/write_statements.h"
+#include "adapters/sql/write_statements.h"
 
 namespace catalogador {
 

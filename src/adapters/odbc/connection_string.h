@@ -2,7 +2,7 @@
 #include <string>
 #include <string_view>
 
-#include "adapters/odbc/timeouts.h"
+#include "adapters/sql/timeouts.h"
 
 namespace catalogador {
 

@@ -2,7 +2,7 @@
 
 #include <string>
 
-#include "adapters/odbc/odbc_api.h"
+#include "adapters/sql/odbc_api.h"
 
 namespace catalogador {
 

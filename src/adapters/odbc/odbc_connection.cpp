@@ -6,19 +6,6 @@
 
 namespace catalogador {
 
-namespace {
-
-/// A Null has no type that a database could be told, so it is written into the statement's text
-/// by the caller; the values here are all bound.
-std::vector<Parameter> parametersOf(const std::vector<Variant>& values) {
-    std::vector<Parameter> parameters;
-    parameters.reserve(values.size());
-    for (const Variant& value : values) parameters.push_back(parameterOf(value));
-    return parameters;
-}
-
-}  // namespace
-
 std::unique_ptr<OdbcConnection> OdbcConnection::open(const std::string& connectionString,
                                                      const Timeouts& timeouts) {
     return std::unique_ptr<OdbcConnection>(
@@ -41,15 +28,15 @@ OdbcConnection::~OdbcConnection() {
     session_->listener = nullptr;
 }
 
-std::unique_ptr<rdoResultset> OdbcConnection::OpenResultset(const std::string& sql, int type,
+std::unique_ptr<rdoResultset> OdbcConnection::OpenResultset(const SqlText& sql, int type,
                                                             int lock) {
-    if (session_->listener != nullptr) session_->listener->opened(sql, type, lock);
-    return std::make_unique<OdbcResultset>(session_, sql);
+    if (session_->listener != nullptr) session_->listener->opened(sql.text(), type, lock);
+    return std::make_unique<OdbcResultset>(session_, sql.text());
 }
 
-std::int64_t OdbcConnection::Execute(const std::string& sql) {
-    if (session_->listener != nullptr) session_->listener->executed(sql);
-    return session_->run(sql, {});
+std::int64_t OdbcConnection::Execute(const SqlText& sql) {
+    if (session_->listener != nullptr) session_->listener->executed(sql.text());
+    return session_->run(sql.text(), {});
 }
 
 void OdbcConnection::setWaiting(const std::function<bool()>& waiting) {
@@ -60,31 +47,12 @@ void OdbcConnection::setListener(StatementListener* listener) {
     session_->listener = listener;
 }
 
+rdoSession* OdbcConnection::session() {
+    return session_.get();
+}
+
 void* OdbcConnection::handle() const {
     return session_->lend();
-}
-
-Dialect OdbcConnection::dialect() const {
-    return session_->dialect();
-}
-
-std::vector<std::vector<Variant>> OdbcConnection::query(const std::string& sql,
-                                                        const std::vector<Variant>& values) {
-    return session_->query(sql, parametersOf(values));
-}
-
-std::int64_t OdbcConnection::run(const std::string& sql, const std::vector<Variant>& values) {
-    return session_->run(sql, parametersOf(values));
-}
-
-void OdbcConnection::begin() {
-    session_->begin();
-}
-void OdbcConnection::commit() {
-    session_->commit();
-}
-void OdbcConnection::rollback() {
-    session_->rollback();
 }
 
 }  // namespace catalogador

@@ -2,12 +2,9 @@
 #include <cstdint>
 #include <memory>
 #include <string>
-#include <vector>
 
-#include "adapters/odbc/dialect.h"
-#include "adapters/odbc/timeouts.h"
+#include "adapters/sql/timeouts.h"
 #include "platform/rdo.h"
-#include "runtime/variant.h"
 
 namespace catalogador {
 
@@ -28,28 +25,16 @@ class OdbcConnection : public rdoConnection {
 
     ~OdbcConnection() override;
 
-    std::unique_ptr<rdoResultset> OpenResultset(const std::string& sql, int type = openDynamic,
+    std::unique_ptr<rdoResultset> OpenResultset(const SqlText& sql, int type = openDynamic,
                                                 int lock = lockOptimisticByValues) override;
-    std::int64_t Execute(const std::string& sql) override;
+    std::int64_t Execute(const SqlText& sql) override;
     void setWaiting(const std::function<bool()>& waiting) override;
     void setListener(StatementListener* listener) override;
 
-    [[nodiscard]] Dialect dialect() const;
+    [[nodiscard]] rdoSession* session() override;
+
     /// The driver manager's handle of the connection.
     [[nodiscard]] void* handle() const;
-
-    /// Statements of the program's own services, with a value for each "?". No listener is told of
-    /// them. Both raise RuntimeError (statementFailed).
-    std::vector<std::vector<Variant>> query(const std::string& sql,
-                                            const std::vector<Variant>& values = {});
-    /// Gives the number of rows touched (-1 when the driver does not tell).
-    std::int64_t run(const std::string& sql, const std::vector<Variant>& values = {});
-
-    /// Everything from here to commit() or rollback() is done as a whole or not at all. In SQLite
-    /// no one else can write meanwhile.
-    void begin();
-    void commit();
-    void rollback();
 
   private:
     explicit OdbcConnection(std::shared_ptr<OdbcSession> session);

@@ -3,7 +3,7 @@
 #include <cstdint>
 #include <string>
 
-#include "adapters/odbc/odbc_api.h"
+#include "adapters/sql/odbc_api.h"
 
 namespace catalogador {
 

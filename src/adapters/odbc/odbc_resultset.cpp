@@ -3,8 +3,8 @@
 #include <algorithm>
 
 #include "adapters/odbc/cell_text.h"
-#include "adapters/odbc/select_condition.h"
-#include "adapters/odbc/statement_text.h"
+#include "adapters/sql/select_condition.h"
+#include "adapters/sql/statement_text.h"
 #include "runtime/error.h"
 #include "runtime/text.h"
 
@@ -220,7 +220,7 @@ std::vector<Assignment> OdbcResultset::assignments() const {
 void OdbcResultset::insertRow() {
     const auto statement = insertStatement(session_->dialect(), *table_, assignments());
     tellListener("insert");
-    OdbcTransaction transaction(*session_);
+    rdoTransaction transaction(*session_);
     session_->write(statement);
     transaction.commit();
 }
@@ -248,7 +248,7 @@ ParameterizedStatement OdbcResultset::withinCondition(ParameterizedStatement sta
 }
 
 void OdbcResultset::writeOneRow(const ParameterizedStatement& statement, bool countUnchanged) {
-    OdbcTransaction transaction(*session_);
+    rdoTransaction transaction(*session_);
     std::int64_t touched = session_->write(statement);
     if (touched == 0 && countUnchanged && session_->dialect() == Dialect::mariadb) {
         // A row that had these values already is not counted as touched.
@@ -256,7 +256,7 @@ void OdbcResultset::writeOneRow(const ParameterizedStatement& statement, bool co
             withinCondition(countStatement(session_->dialect(), *table_, expectedValues()));
         // Counted as it is now, not as it was when a transaction of the host began.
         count.text += " FOR UPDATE";
-        const auto rows = session_->query(count.text, count.parameters);
+        const auto rows = session_->query(count);
         touched = *rows.at(0).at(0).as<std::int64_t>();
     }
     if (touched == 0)

@@ -40,6 +40,15 @@ ColumnInfo columnInfo(const OdbcHandle& statement, Dialect dialect, SQLUSMALLINT
     return column;
 }
 
+/// A Null has no type that a database could be told, so it is written into the statement's text
+/// by the caller; the values here are all bound.
+std::vector<Parameter> parametersOf(const std::vector<Variant>& values) {
+    std::vector<Parameter> parameters;
+    parameters.reserve(values.size());
+    for (const Variant& value : values) parameters.push_back(parameterOf(value));
+    return parameters;
+}
+
 /// The driver of SQLite takes a column's alias for its name. Beside a "*" the position of a column
 /// is known only from the nearer end of the list.
 void resolveAliases(std::vector<ColumnInfo>& columns, const std::vector<SelectItem>& items) {
@@ -258,8 +267,12 @@ std::int64_t OdbcSession::touchedRows(const OdbcHandle& statement) {
 }
 
 std::vector<std::vector<Variant>> OdbcSession::query(const std::string& sql,
-                                                     const std::vector<Parameter>& parameters) {
-    return rowsOf(execute(sql, parameters), sql);
+                                                     const std::vector<Variant>& values) {
+    return query({sql, parametersOf(values)});
+}
+
+std::vector<std::vector<Variant>> OdbcSession::query(const ParameterizedStatement& statement) {
+    return rowsOf(execute(statement.text, statement.parameters), statement.text);
 }
 
 std::vector<std::vector<Variant>> OdbcSession::rowsOf(const OdbcHandle& statement,
@@ -277,8 +290,8 @@ std::vector<std::vector<Variant>> OdbcSession::rowsOf(const OdbcHandle& statemen
     return rows;
 }
 
-std::int64_t OdbcSession::run(const std::string& sql, const std::vector<Parameter>& parameters) {
-    return touchedRows(execute(sql, parameters));
+std::int64_t OdbcSession::run(const std::string& sql, const std::vector<Variant>& values) {
+    return touchedRows(execute(sql, parametersOf(values)));
 }
 
 std::int64_t OdbcSession::write(const ParameterizedStatement& statement) {
@@ -293,7 +306,7 @@ std::int64_t OdbcSession::write(const ParameterizedStatement& statement) {
 void OdbcSession::begin() {
     reconnectIfLost();
     if (transactions_ > 0) {
-        run("SAVEPOINT " + savepoint(), {});
+        run("SAVEPOINT " + savepoint());
     } else if (dialect_ == Dialect::sqlite) {
         beginSqlite();
     } else {
@@ -313,14 +326,14 @@ void OdbcSession::beginSqlite() {
         std::this_thread::sleep_until(lastWritten_ + longerThanBetweenTwoLooks);
     const auto start = Clock::now();
     // A lock that is taken at once can be waited for; one that is taken later may fail.
-    run("BEGIN IMMEDIATE", {});
+    run("BEGIN IMMEDIATE");
     if (Clock::now() - start > noticeableWait) othersUntil_ = Clock::now() + memoryOfOthers;
 }
 
 void OdbcSession::commit() {
     if (transactions_ > 1) {
         --transactions_;
-        run("RELEASE SAVEPOINT " + savepoint(), {});
+        run("RELEASE SAVEPOINT " + savepoint());
         return;
     }
     endTransaction(SQL_COMMIT);
@@ -329,7 +342,7 @@ void OdbcSession::commit() {
 void OdbcSession::rollback() {
     if (transactions_ > 1) {
         --transactions_;
-        run("ROLLBACK TO SAVEPOINT " + savepoint(), {});
+        run("ROLLBACK TO SAVEPOINT " + savepoint());
         return;
     }
     endTransaction(SQL_ROLLBACK);
@@ -340,7 +353,7 @@ void OdbcSession::endTransaction(SQLSMALLINT how) {
     if (transactions_ == 0)
         throw RuntimeError(error_number::invalidProcedureCall, "No transaction was begun");
     if (dialect_ == Dialect::sqlite) {
-        run(how == SQL_COMMIT ? "COMMIT" : "ROLLBACK", {});
+        run(how == SQL_COMMIT ? "COMMIT" : "ROLLBACK");
         transactions_ = 0;
         lastWritten_ = Clock::now();
         return;
@@ -380,20 +393,6 @@ void OdbcSession::setAutocommit(bool on) {
 
 std::string OdbcSession::savepoint() const {
     return "catalogador_" + decimalText(transactions_);
-}
-
-OdbcTransaction::~OdbcTransaction() {
-    if (!open_) return;
-    try {
-        session_.rollback();
-    } catch (const RuntimeError&) {
-        // The database has ended the transaction itself; the first error is on its way already.
-    }
-}
-
-void OdbcTransaction::commit() {
-    session_.commit();
-    open_ = false;
 }
 
 }  // namespace catalogador

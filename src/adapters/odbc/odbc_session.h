@@ -7,30 +7,30 @@
 #include <string>
 #include <vector>
 
-#include "adapters/odbc/column_info.h"
-#include "adapters/odbc/dialect.h"
 #include "adapters/odbc/odbc_handle.h"
-#include "adapters/odbc/statement_text.h"
-#include "adapters/odbc/timeouts.h"
-#include "adapters/odbc/write_statements.h"
+#include "adapters/sql/column_info.h"
+#include "adapters/sql/statement_text.h"
+#include "adapters/sql/timeouts.h"
+#include "adapters/sql/write_statements.h"
+#include "platform/dialect.h"
 #include "platform/rdo.h"
 #include "runtime/error.h"
 
 namespace catalogador {
 
 /// A connection to a database as the resultsets opened on it share it.
-class OdbcSession {
+class OdbcSession : public rdoSession {
   public:
     /// Raises RuntimeError (statementFailed) with the driver's text, never with a password.
     explicit OdbcSession(const std::string& connectionString, const Timeouts& timeouts = {});
     /// On a connection that somebody else has opened and will close; it is not made again when it
     /// is lost. Raises RuntimeError (statementFailed).
     explicit OdbcSession(OdbcHandle borrowed);
-    ~OdbcSession();
+    ~OdbcSession() override;
     OdbcSession(const OdbcSession&) = delete;
     OdbcSession& operator=(const OdbcSession&) = delete;
 
-    [[nodiscard]] Dialect dialect() const { return dialect_; }
+    [[nodiscard]] Dialect dialect() const override { return dialect_; }
     /// The driver manager's handle of the connection, for somebody else to use beside the session.
     [[nodiscard]] SQLHANDLE lend();
     [[nodiscard]] const SqlSyntax& syntax() const { return syntax_; }
@@ -54,17 +54,18 @@ class OdbcSession {
     void settle() const;
 
     std::vector<std::vector<Variant>> query(const std::string& sql,
-                                            const std::vector<Parameter>& parameters);
-    std::int64_t run(const std::string& sql, const std::vector<Parameter>& parameters);
+                                            const std::vector<Variant>& values = {}) override;
+    std::int64_t run(const std::string& sql, const std::vector<Variant>& values = {}) override;
+    std::vector<std::vector<Variant>> query(const ParameterizedStatement& statement);
 
     /// Writes a row and gives the number of rows touched. A value that the database could store
     /// only in part is refused. To be used in a transaction.
     std::int64_t write(const ParameterizedStatement& statement);
 
-    /// Transactions may be nested; an inner one is a savepoint of the outer.
-    void begin();
-    void commit();
-    void rollback();
+    /// An inner transaction is a savepoint of the outer.
+    void begin() override;
+    void commit() override;
+    void rollback() override;
 
     /// Called while a statement runs long, if not empty; false stops the statement.
     std::function<bool()> waiting;
@@ -109,21 +110,6 @@ class OdbcSession {
     bool connected_ = false;
     bool lost_ = false;
     std::future<void> freeing_;
-};
-
-/// A transaction that is rolled back unless it was committed.
-class OdbcTransaction {
-  public:
-    explicit OdbcTransaction(OdbcSession& session) : session_(session) { session_.begin(); }
-    ~OdbcTransaction();
-    OdbcTransaction(const OdbcTransaction&) = delete;
-    OdbcTransaction& operator=(const OdbcTransaction&) = delete;
-
-    void commit();
-
-  private:
-    OdbcSession& session_;
-    bool open_ = true;
 };
 
 }  // namespace catalogador

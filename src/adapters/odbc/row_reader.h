@@ -5,9 +5,9 @@
 #include <string_view>
 #include <vector>
 
-#include "adapters/odbc/column_info.h"
-#include "adapters/odbc/dialect.h"
 #include "adapters/odbc/odbc_handle.h"
+#include "adapters/sql/column_info.h"
+#include "platform/dialect.h"
 
 namespace catalogador {
 

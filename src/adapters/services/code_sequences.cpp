@@ -2,7 +2,6 @@
 
 #include <limits>
 
-#include "adapters/odbc/odbc_connection.h"
 #include "adapters/services/service_queries.h"
 #include "runtime/convert.h"
 #include "runtime/error.h"
@@ -16,36 +15,11 @@ constexpr std::int32_t lastCode = std::numeric_limits<std::int32_t>::max();
 /// How often a draw is tried again when another client was faster.
 constexpr int maximumTries = 100;
 
-class Transaction {
-  public:
-    explicit Transaction(OdbcConnection& connection) : connection_(connection) {
-        connection_.begin();
-    }
-    ~Transaction() {
-        if (committed_) return;
-        try {
-            connection_.rollback();
-        } catch (const RuntimeError&) {
-            // Nothing of it remains either way, and the first error is on its way.
-        }
-    }
-    Transaction(const Transaction&) = delete;
-    Transaction& operator=(const Transaction&) = delete;
-
-    void commit() {
-        connection_.commit();
-        committed_ = true;
-    }
-
-  private:
-    OdbcConnection& connection_;
-    bool committed_ = false;
-};
-
 /// The update takes the row's lock, so that of several clients at once each reads its own number.
-std::optional<std::int32_t> drawInTransaction(OdbcConnection& connection, const std::string& name) {
-    Transaction transaction(connection);
-    const std::int64_t touched = connection.run(
+std::optional<std::int32_t> drawInTransaction(rdoConnection& connection, rdoSession& session,
+                                              const std::string& name) {
+    rdoTransaction transaction(session);
+    const std::int64_t touched = session.run(
         "UPDATE genNumeradores SET NumUltimo = NumUltimo + 1 WHERE NumNombre = ? AND NumUltimo < " +
             decimalText(lastCode),
         {name});
@@ -74,8 +48,8 @@ std::optional<std::int32_t> drawByValue(rdoConnection& connection, const std::st
 }  // namespace
 
 std::optional<std::int32_t> drawCode(rdoConnection& connection, const std::string& name) {
-    if (auto* odbc = dynamic_cast<OdbcConnection*>(&connection))
-        return drawInTransaction(*odbc, name);
+    if (rdoSession* session = connection.session())
+        return drawInTransaction(connection, *session, name);
     for (int tries = 1;; ++tries) {
         try {
             return drawByValue(connection, name);

@@ -4,7 +4,7 @@
 #include <ctime>
 
 #include "adapters/desk/desk.h"
-#include "adapters/odbc/odbc_connection.h"
+#include "platform/rdo.h"
 #include "runtime/convert.h"
 #include "runtime/error.h"
 
@@ -59,16 +59,16 @@ Date timeOfThisMachine() {
 }  // namespace
 
 Date serverTime(rdoConnection& connection) {
-    if (auto* odbc = dynamic_cast<OdbcConnection*>(&connection)) {
-        switch (odbc->dialect()) {
+    if (rdoSession* session = connection.session()) {
+        switch (session->dialect()) {
             case Dialect::sqlite:
                 return timeOfThisMachine();
             case Dialect::postgresql:
-                return firstDate(odbc->query(postgresqlTime));
+                return firstDate(session->query(postgresqlTime));
             case Dialect::mariadb:
-                return firstDate(odbc->query(mariadbTime));
+                return firstDate(session->query(mariadbTime));
             default:
-                return firstDate(odbc->query(standardTime));
+                return firstDate(session->query(standardTime));
         }
     }
     try {

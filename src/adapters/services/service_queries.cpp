@@ -2,15 +2,13 @@
 
 #include <algorithm>
 
-#include "adapters/odbc/odbc_connection.h"
 #include "runtime/convert.h"
 
 namespace catalogador {
 
 namespace {
 
-std::vector<std::vector<Variant>> askDatabase(OdbcConnection& connection,
-                                              const TableQuestion& question) {
+std::vector<std::vector<Variant>> askDatabase(rdoSession& session, const TableQuestion& question) {
     std::string sql = "SELECT ";
     for (const std::string& column : question.columns)
         sql += (column == question.columns.front() ? "" : ", ") + column;
@@ -20,7 +18,7 @@ std::vector<std::vector<Variant>> askDatabase(OdbcConnection& connection,
         sql += (values.empty() ? " WHERE " : " AND ") + column + " = ?";
         values.push_back(value);
     }
-    return connection.query(sql, values);
+    return session.query(sql, values);
 }
 
 bool fits(const rdoResultset& rows, const TableQuestion& question) {
@@ -48,8 +46,7 @@ std::vector<std::vector<Variant>> readAll(rdoConnection& connection,
 
 std::vector<std::vector<Variant>> rowsWhere(rdoConnection& connection,
                                             const TableQuestion& question) {
-    if (auto* odbc = dynamic_cast<OdbcConnection*>(&connection))
-        return askDatabase(*odbc, question);
+    if (rdoSession* session = connection.session()) return askDatabase(*session, question);
     return readAll(connection, question);
 }
 

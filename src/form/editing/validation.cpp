@@ -75,9 +75,9 @@ bool frmCatalogador::ValidarSQLDuplicados(const std::string& sql, std::int32_t c
     });
 }
 
-std::string frmCatalogador::withFieldValues(std::string sql, std::int32_t codigo) {
+SqlText frmCatalogador::withFieldValues(SqlText sql, std::int32_t codigo) {
     const auto put = [&](const char* token, const std::string& value) {
-        sql = replaceText(sql, token, value, Compare::text);
+        sql.replace(token, SqlText::ofData(value), Compare::text);
     };
     put("[Codigo]", decimalText(codigo));
     put("[TextoCorto]", trimmed(txtTexto1));
@@ -89,12 +89,12 @@ std::string frmCatalogador::withFieldValues(std::string sql, std::int32_t codigo
     return sql;
 }
 
-void frmCatalogador::replaceValueToken(std::string& sql, ValueField& field) {
+void frmCatalogador::replaceValueToken(SqlText& sql, ValueField& field) {
     const std::string token = "[" + std::string(field.key) + "]";
     const int kind = kindOf(field.label.tag);
     if (kind == 2 && field.combo.listIndex() != -1) {
-        sql = replaceText(sql, token, decimalText(field.combo.itemData(field.combo.listIndex())),
-                          Compare::binary);
+        const std::int32_t code = field.combo.itemData(field.combo.listIndex());
+        sql.replace(token, SqlText::ofData(decimalText(code)), Compare::binary);
         return;
     }
     std::string value = "0";
@@ -104,17 +104,18 @@ void frmCatalogador::replaceValueToken(std::string& sql, ValueField& field) {
     } else if (kind != 2) {
         value = decimalText(field.check.value());
     }
-    sql = replaceText(sql, token, value, Compare::text);
+    sql.replace(token, SqlText::ofData(value), Compare::text);
 }
 
 bool frmCatalogador::ValorDuplicado(const std::string& campo, const std::string& valor,
                                     bool numerico) {
     if (valor.empty()) return false;
     const PointerDuring hourglass(surface());
+    const SqlText value = SqlText::ofData(numerico ? numberForDatabase(valor) : valor);
     mstrSQL =
         "Select CTeCodigo From genCodigoTexto Where CTeIDTipoVista = " + decimalText(mlngIdVista) +
         " And CTeCodigo <> " + decimalText(mlngIdDato) + " And CTe" + campo + " = " +
-        (numerico ? numberForDatabase(valor) : "'" + valor + "'");
+        (numerico ? value : "'" + value + "'");
     if (mblnPorEmpresa && mintEmpresa >= 1)
         mstrSQL += " And CTeValor1 = " + decimalText(mintEmpresa);
     openRecords();
@@ -172,8 +173,8 @@ bool frmCatalogador::ValidarClasificacion(std::int32_t codigo, const std::string
         }
         if (others.empty()) others = "-1";
         mstrSQL = "Select ClaCodigo From genClasificacionesEntes Where Clacodigo <> " +
-                  decimalText(codigo) + " And ClaNombre = '" + nombre + "' And Not ClaCodigo In (" +
-                  others + ")";
+                  decimalText(codigo) + " And ClaNombre = '" + SqlText::ofData(nombre) +
+                  "' And Not ClaCodigo In (" + SqlText::ofData(others) + ")";
         const PointerDuring hourglass(surface());
         openRecords();
         const bool taken = !mrdoRegistro->atEnd();

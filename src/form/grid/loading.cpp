@@ -125,16 +125,15 @@ void frmCatalogador::tellStopped() {
         styleExclamation, mstrAppName);
 }
 
-std::string frmCatalogador::listingStatement() {
-    std::string sql = grdGrilla.tag;
+SqlText frmCatalogador::listingStatement() {
+    SqlText sql = grdGrilla.tag;
     const std::string company = decimalText(mintEmpresa);
-    mblnPorEmpresa = containsText(sql, "[prmIdEmpresa]", Compare::text);
-    sql = replaceText(sql, mblnPorEmpresa ? "[prmIdEmpresa]" : "[prmIdEmpresa2]", company,
-                      Compare::text);
-    if (mlngIdVista == viewClassifications && containsText(sql, "[prm99]", Compare::text)) {
+    mblnPorEmpresa = containsText(sql.text(), "[prmIdEmpresa]", Compare::text);
+    sql.replace(mblnPorEmpresa ? "[prmIdEmpresa]" : "[prmIdEmpresa2]", company, Compare::text);
+    if (mlngIdVista == viewClassifications && containsText(sql.text(), "[prm99]", Compare::text)) {
         std::string codes = BuscarTextoLista(1, mlngUsuario);
         if (codes.empty()) codes = "-1";
-        sql = replaceText(sql, "[prm99]", codes, Compare::text);
+        sql.replace("[prm99]", SqlText::ofData(codes), Compare::text);
         mstrListaNoMarcados = BuscarTextoLista(2, mlngUsuario);
     }
     return sql;

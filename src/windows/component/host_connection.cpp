@@ -10,11 +10,11 @@ namespace {
 class UnusableConnection : public rdoConnection {
   public:
     explicit UnusableConnection(RuntimeError reason) : reason_(std::move(reason)) {}
-    std::unique_ptr<rdoResultset> OpenResultset(const std::string& /*sql*/, int /*type*/,
+    std::unique_ptr<rdoResultset> OpenResultset(const SqlText& /*sql*/, int /*type*/,
                                                 int /*lock*/) override {
         throw reason_;
     }
-    std::int64_t Execute(const std::string& /*sql*/) override { throw reason_; }
+    std::int64_t Execute(const SqlText& /*sql*/) override { throw reason_; }
     void setListener(StatementListener* /*listener*/) override {}
 
   private:

@@ -1,11 +1,11 @@
-#include "adapters/odbc/write_statements.h"
+#include "adapters/sql/write_statements.h"
 
 #include <algorithm>
 #include <array>
 #include <cmath>
 #include <string_view>
 
-#include "adapters/odbc/odbc_api.h"
+#include "adapters/sql/odbc_api.h"
 #include "runtime/convert.h"
 #include "runtime/error.h"
 #include "runtime/text.h"

@@ -3,7 +3,7 @@
 #include <string>
 #include <string_view>
 
-#include "adapters/odbc/dialect.h"
+#include "platform/dialect.h"
 #include "runtime/variant.h"
 
 namespace catalogador {

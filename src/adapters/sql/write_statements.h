@@ -4,8 +4,8 @@
 #include <variant>
 #include <vector>
 
-#include "adapters/odbc/column_info.h"
-#include "adapters/odbc/dialect.h"
+#include "adapters/sql/column_info.h"
+#include "platform/dialect.h"
 #include "runtime/variant.h"
 
 namespace catalogador {

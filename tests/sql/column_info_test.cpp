@@ -1,4 +1,4 @@
-#include "adapters/odbc/column_info.h"
+#include "adapters/sql/column_info.h"
 
 #include <gtest/gtest.h>
 

@@ -1,4 +1,4 @@
-#include "adapters/odbc/select_condition.h"
+#include "adapters/sql/select_condition.h"
 
 #include <algorithm>
 #include <array>

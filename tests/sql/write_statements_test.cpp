@@ -1,4 +1,4 @@
-#include "adapters/odbc/write_statements.h"
+#include "adapters/sql/write_statements.h"
 
 #include <gtest/gtest.h>
 

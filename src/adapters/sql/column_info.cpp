@@ -1,11 +1,11 @@
-#include "adapters/odbc/column_info.h"
+#include "adapters/sql/column_info.h"
 
 #include <algorithm>
 #include <array>
 #include <charconv>
 #include <cmath>
 
-#include "adapters/odbc/odbc_api.h"
+#include "adapters/sql/odbc_api.h"
 #include "platform/rdo.h"
 #include "runtime/convert.h"
 #include "runtime/text.h"

@@ -1,4 +1,4 @@
-#include "adapters/odbc/statement_text.h"
+#include "adapters/sql/statement_text.h"
 
 #include <gtest/gtest.h>
 

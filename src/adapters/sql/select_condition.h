@@ -2,7 +2,7 @@
 #include <string>
 #include <string_view>
 
-#include "adapters/odbc/statement_text.h"
+#include "adapters/sql/statement_text.h"
 
 namespace catalogador {
 

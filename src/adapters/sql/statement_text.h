@@ -4,7 +4,7 @@
 #include <string_view>
 #include <vector>
 
-#include "adapters/odbc/dialect.h"
+#include "platform/dialect.h"
 
 namespace catalogador {
 

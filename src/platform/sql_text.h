@@ -1,0 +1,51 @@
+#pragma once
+#include <cstddef>
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include "runtime/text.h"
+
+namespace catalogador {
+
+/// The text of a statement that knows which of its bytes are data: what somebody typed, stored or
+/// chose, as opposed to what the program or the metadata wrote. The text itself is never changed
+/// for that; data access refuses a statement whose data does not stay data.
+class SqlText {
+  public:
+    /// A run of bytes of the text.
+    struct Piece {
+        std::size_t start = 0;
+        std::size_t length = 0;
+
+        friend bool operator==(const Piece&, const Piece&) = default;
+    };
+
+    SqlText() = default;
+    /// A text without data.
+    // NOLINTNEXTLINE(google-explicit-constructor): most statements are plain texts.
+    SqlText(std::string text) : text_(std::move(text)), isData_(text_.size(), '\0') {}
+    // NOLINTNEXTLINE(google-explicit-constructor)
+    SqlText(const char* text) : SqlText(std::string(text)) {}
+    /// A text that is data as a whole.
+    static SqlText ofData(std::string data);
+
+    [[nodiscard]] const std::string& text() const { return text_; }
+    [[nodiscard]] bool empty() const { return text_.empty(); }
+    /// The runs of data from left to right, none of them empty. Data beside data is one run.
+    [[nodiscard]] std::vector<Piece> data() const;
+
+    SqlText& operator+=(const SqlText& other);
+    friend SqlText operator+(SqlText left, const SqlText& right) { return left += right; }
+
+    /// Puts `with` in the place of every `find`, as replaceText does. A place that touches data
+    /// becomes data, whatever is put there.
+    void replace(std::string_view find, const SqlText& with, Compare how);
+
+  private:
+    std::string text_;
+    /// One byte for each byte of the text: 1 where that is data, else 0.
+    std::string isData_;
+};
+
+}  // namespace catalogador
