@@ -1,64 +1,29 @@
-#include <cerrno>
-#include <cstring>
 #include <filesystem>
-#include <fstream>
 #include <iostream>
 
 #include "adapters/demo/demo.h"
 #include "adapters/desk/desk.h"
+#include "adapters/files/replaced_file.h"
 #include "apps/commands.h"
 #include "apps/connections.h"
 #include "apps/folders.h"
 #include "runtime/error.h"
 #include "runtime/paths.h"
-#include "runtime/text.h"
 
 namespace catalogador {
 
 namespace {
 
-/// A file that is removed again unless it was given its name.
-class Draft {
-  public:
-    explicit Draft(std::filesystem::path target)
-        : target_(std::move(target)),
-          draft_(pathOf(pathText(target_) + "." + decimalText(processId()) + ".part")) {}
-    ~Draft() {
-        std::error_code ignored;
-        std::filesystem::remove(draft_, ignored);
-    }
-    Draft(const Draft&) = delete;
-    Draft& operator=(const Draft&) = delete;
-
-    [[nodiscard]] std::string path() const { return pathText(draft_); }
-    /// An empty file that is its user's alone, before there is anything to read in it.
-    void create() const {
-        using std::filesystem::perms;
-        std::ofstream file(draft_);
-        if (!file)
-            throw std::filesystem::filesystem_error(
-                std::strerror(errno), draft_, std::error_code(errno, std::generic_category()));
-        std::filesystem::permissions(draft_, perms::owner_read | perms::owner_write);
-    }
-    /// Takes the place of a file that is there already.
-    void publish() const { std::filesystem::rename(draft_, target_); }
-
-  private:
-    std::filesystem::path target_;
-    std::filesystem::path draft_;
-};
-
 std::filesystem::path write(const Options& options) {
     const std::filesystem::path folder(pathOf(options.directory));
     std::filesystem::create_directories(folder);
     // Written with the separator that every driver understands.
-    std::filesystem::path file = pathOf(options.directory + "/demo.db");
-    const Draft draft(file);
-    draft.create();
+    const std::filesystem::path file = pathOf(options.directory + "/demo.db");
+    ReplacedFile draft(pathText(file));
     DemoOptions demo;
     demo.userName = systemUser();
     writeDemo(*createDatabase(draft.path()), demo);
-    draft.publish();
+    draft.commit();
     return file;
 }
 

@@ -1,11 +1,9 @@
-#include <windows.h>
+#include "adapters/files/replaced_file.h"
 
-#include <array>
 #include <filesystem>
 #include <system_error>
 
-#include "adapters/desk/wide_text.h"
-#include "adapters/files/replaced_file.h"
+#include "adapters/files/storing.h"
 #include "runtime/error.h"
 #include "runtime/paths.h"
 
@@ -15,31 +13,27 @@ namespace {
 
 constexpr std::int32_t pathAccessError = 75;
 
-std::string lastError() {
-    return std::system_category().message(static_cast<int>(GetLastError()));
-}
-
 }  // namespace
 
 ReplacedFile::ReplacedFile(const std::string& target) : target_(target) {
     const std::filesystem::path path = pathOf(target);
-    folder_ = path.has_parent_path() ? pathText(path.parent_path()) : ".";
     std::error_code ignored;
     if (std::filesystem::is_directory(path, ignored)) fail("it is a folder");
-    std::array<wchar_t, MAX_PATH> name{};
-    if (GetTempFileNameW(wideOf(folder_).c_str(), L"cat", 0, name.data()) == 0) fail(lastError());
-    path_ = utf8Of(name.data());
-}
-
-ReplacedFile::~ReplacedFile() {
-    if (!committed_) DeleteFileW(wideOf(path_).c_str());
+    try {
+        folder_.emplace(path.has_parent_path() ? pathText(path.parent_path()) : ".");
+        path_ = folder_->path() + "/file";
+        createLike(path_, target_);
+    } catch (const std::system_error& error) {
+        fail(error.code().message());
+    }
 }
 
 void ReplacedFile::commit() {
-    if (MoveFileExW(wideOf(path_).c_str(), wideOf(target_).c_str(),
-                    MOVEFILE_REPLACE_EXISTING | MOVEFILE_WRITE_THROUGH) == 0)
-        fail(lastError());
-    committed_ = true;
+    try {
+        storeAs(path_, target_);
+    } catch (const std::system_error& error) {
+        fail(error.code().message());
+    }
 }
 
 void ReplacedFile::fail(const std::string& reason) const {
