@@ -68,8 +68,9 @@ TEST_P(ServicesOn, GivesEveryProcessItsOwnCodes) {
 }
 
 TEST_P(ServicesOn, GivesNoCodeForUnknownNamesAndUsedUpSequences) {
-    connection->run("INSERT INTO genNumeradores VALUES ('Full', 2147483647)");
-    for (const char* name : {"Full", "", "x' OR '1'='1", "\\' OR 1=1 -- "})
+    connection->run("INSERT INTO genNumeradores VALUES ('Full', 2147483647), ('Países', 33)");
+    for (const char* name :
+         {"Full", "países", "Paises", "Países ", "", "x' OR '1'='1", "\\' OR 1=1 -- "})
         EXPECT_EQ(utilities.ProximoCodigo(*connection, name), -1) << name;
     connection->run("DROP TABLE genNumeradores");
     EXPECT_EQ(utilities.ProximoCodigo(*connection, "Full"), -1);
@@ -121,6 +122,26 @@ TEST_P(ServicesOn, GivesStampsThatAColumnOfWholeSecondsTakesToo) {
     rows->setValue("Stamp", stamp);
     rows->Update();
     EXPECT_EQ(all().size(), 1U);
+}
+
+TEST_P(ServicesOn, KnowsAUserByTheExactName) {
+    connection->run("INSERT INTO accUsuarios VALUES (7, 'ana')");
+    connection->run("INSERT INTO accUsuarios VALUES (8, 'Ana')");
+    connection->run("INSERT INTO accPermisos VALUES (7, 'Países', 1, 'ABM')");
+    connection->run("INSERT INTO accPermisos VALUES (8, 'Países', 1, 'C')");
+    const auto rightsOf = [this](const char* user, const char* option) {
+        return TableAccessLibrary(user).create()->PermisosOpcion(*connection, "", option, 1);
+    };
+    EXPECT_EQ(rightsOf("ana", "Países"), "ABM");
+    EXPECT_EQ(rightsOf("Ana", "Países"), "C");
+    for (const char* user : {"ANA", "aná", "ana ", " ana", "ana\t", "anａ", "a\u0301na"}) {
+        EXPECT_EQ(rightsOf(user, "Países"), "") << user;
+        std::int32_t id = 0;
+        TableAccessLibrary(user).create()->UsuarioActual(*connection, "", id);
+        EXPECT_EQ(id, -1) << user;
+    }
+    for (const char* option : {"PAÍSES", "Paises", "Países "})
+        EXPECT_EQ(rightsOf("ana", option), "") << option;
 }
 
 TEST_P(ServicesOn, GivesRightsByParametersOnly) {

@@ -8,25 +8,36 @@ namespace catalogador {
 
 namespace {
 
+bool same(const Variant& stored, const Variant& wanted) {
+    return equalValues(stored, wanted, Regional{}).value_or(false);
+}
+
 std::vector<std::vector<Variant>> askDatabase(rdoSession& session, const TableQuestion& question) {
     std::string sql = "SELECT ";
-    for (const std::string& column : question.columns)
-        sql += (column == question.columns.front() ? "" : ", ") + column;
-    sql += " FROM " + question.table;
+    for (const std::string& column : question.columns) sql += column + ", ";
+    std::string condition;
     std::vector<Variant> values;
     for (const auto& [column, value] : question.conditions) {
-        sql += (values.empty() ? " WHERE " : " AND ") + column + " = ?";
+        sql += (values.empty() ? "" : ", ") + column;
+        condition += (values.empty() ? " WHERE " : " AND ") + column + " = ?";
         values.push_back(value);
     }
-    return session.query(sql, values);
+    auto rows = session.query(sql + " FROM " + question.table + condition, values);
+    // By the rules of some databases "ANA", "aná" and "ana " are the same text as "ana".
+    const std::size_t asked = question.columns.size();
+    std::erase_if(rows, [&](const std::vector<Variant>& row) {
+        for (std::size_t i = 0; i < values.size(); ++i)
+            if (!same(row[asked + i], values[i])) return true;
+        return false;
+    });
+    for (auto& row : rows) row.resize(asked);
+    return rows;
 }
 
 bool fits(const rdoResultset& rows, const TableQuestion& question) {
     return std::all_of(
-        question.conditions.begin(), question.conditions.end(), [&](const auto& condition) {
-            return equalValues(rows.value(condition.first), condition.second, Regional{})
-                .value_or(false);
-        });
+        question.conditions.begin(), question.conditions.end(),
+        [&](const auto& condition) { return same(rows.value(condition.first), condition.second); });
 }
 
 std::vector<std::vector<Variant>> readAll(rdoConnection& connection,

@@ -8,7 +8,9 @@
 
 namespace catalogador {
 
-/// Columns of the rows of one table in which other columns have given values (never Null).
+/// Columns of the rows of one table in which other columns have given values (never Null). Texts
+/// are the same when they are byte for byte, whatever the database calls the same. There is at
+/// least one column and one condition.
 struct TableQuestion {
     std::string table;
     std::vector<std::string> columns;
