@@ -17,7 +17,7 @@ constexpr std::uint8_t resultAdded = 1;
 constexpr std::uint8_t resultMissingArgument = 9;
 }  // namespace
 
-clsCatalogador::clsCatalogador(Host& host) : host_(host) {
+clsCatalogador::clsCatalogador(Host& host, int depth) : host_(host), depth_(depth) {
     if (CargarLenguaje(host, "VEM04", "VEM04", "Catalogador") == 0)
         throw RuntimeError(error_number::languageMissing, "Falta componente de lenguaje.",
                            "ObjetoLenguaje");
@@ -50,6 +50,7 @@ void clsCatalogador::showForm(std::int16_t view, std::int32_t code, const std::s
     form.mlngIdVista = view;
     form.mlngIdDato = code;
     form.mstrValorTexto1 = text;
+    form.depth = depth_;
     form.showModal();
     lastModified_ = form.mlngIdUltimo;
 }

@@ -13,8 +13,9 @@ namespace catalogador {
 class clsCatalogador {
   public:
     /// Loads the language library. Raises RuntimeError (languageMissing) when it is missing, after
-    /// the user was told. `host` must outlive the object.
-    explicit clsCatalogador(Host& host);
+    /// the user was told. `host` must outlive the object. `depth` is how deep in one another its
+    /// screens will be open; 1 for a host's own.
+    explicit clsCatalogador(Host& host, int depth = 1);
 
     /// The host's open connection, not owned; null for none.
     void Coneccion(rdoConnection* connection) { connection_ = connection; }
@@ -40,6 +41,7 @@ class clsCatalogador {
     void report(std::int32_t message, const RuntimeError& error);
 
     Host& host_;
+    int depth_;
     rdoConnection* connection_ = nullptr;
     std::int16_t company_ = 0;
     std::string appKey_;

@@ -37,6 +37,8 @@ class frmCatalogador : public Window {
     /// Record being edited: 0 for none or a new one. At start: >= 1 opens that record, -1 starts a
     /// new one.
     std::int32_t mlngIdDato = 0;
+    /// How deep in one another screens are open with this one: 1 for the one that the host opened.
+    int depth = 1;
     /// Code of the last record saved or deleted.
     std::int32_t mlngIdUltimo = 0;
 

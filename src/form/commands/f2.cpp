@@ -4,9 +4,22 @@
 
 namespace catalogador {
 
+namespace {
+
+constexpr std::int32_t outOfStackSpace = 28;
+/// Each screen runs inside of the one below it, on the stack of the thread, which a host may have
+/// made small.
+constexpr int deepestScreen = 50;
+
+}  // namespace
+
 void frmCatalogador::AccionF2(std::int16_t accion, ComboBox* combo, std::int32_t dato) {
     trap("AccionF2", [&] {
-        clsCatalogador nested(host_);
+        if (depth >= deepestScreen)
+            throw RuntimeError(outOfStackSpace, decimalText(deepestScreen) +
+                                                    " screens are open one above the other; close "
+                                                    "this one before another is opened");
+        clsCatalogador nested(host_, depth + 1);
         nested.Coneccion(mrdoCBase);
         nested.AppKey(mstrAppKey);
         nested.Empresa(mintEmpresa);
