@@ -60,4 +60,15 @@ void appendCharacter(std::string& text, char32_t character) {
     }
 }
 
+std::string replacingInvalidBytes(std::string_view text) {
+    constexpr char32_t replacement = 0xFFFD;
+    std::string replaced;
+    replaced.reserve(text.size());
+    for (std::size_t at = 0; at < text.size();) {
+        const char32_t character = nextCharacter(text, at);
+        appendCharacter(replaced, character >= invalidByteBase ? replacement : character);
+    }
+    return replaced;
+}
+
 }  // namespace catalogador

@@ -11,6 +11,9 @@ char32_t nextCharacter(std::string_view text, std::size_t& at);
 /// Appends a character; those from invalidByteBase on become their byte again.
 void appendCharacter(std::string& text, char32_t character);
 
+/// The text with a replacement character for each byte that is no UTF-8.
+std::string replacingInvalidBytes(std::string_view text);
+
 constexpr char32_t invalidByteBase = 0x110000;
 
 }  // namespace catalogador

@@ -92,6 +92,26 @@ TEST_F(PdfWriterTest, OtherProgramsReadPagesTitleAndEveryText) {
     EXPECT_GE(counts[2], 200);
 }
 
+TEST_F(PdfWriterTest, BytesThatAreNoTextArePrintedAsReplacementSigns) {
+    RecordGrid grid("grid");
+    grid.setFormatString(
+        "C\xF3"
+        "digo|Nombre");
+    for (const char* text : {"Espa\xF1"
+                             "a",
+                             "\xC0\x80", "\x80\x81 fin", "entero"})
+        grid.setText(grid.addRow(), 1, text);
+    printer_.header = "Subdivisi\xF3n";
+    printer_.startDocument("Subdivisi\xF3n");
+    printer_.renderGrid(grid);
+    printer_.endDocument();
+    writePdf(printer_.document(), path("list.pdf"));
+    const std::string text = outputOf("pdftotext -layout " + path("list.pdf") + " -");
+    for (const char* printed : {"C\uFFFDdigo", "Espa\uFFFDa", "\uFFFD\uFFFD\n", "\uFFFD\uFFFD fin",
+                                "entero", "Subdivisi\uFFFDn"})
+        EXPECT_NE(text.find(printed), std::string::npos) << printed << " in " << text;
+}
+
 TEST_F(PdfWriterTest, AFolderThatIsMissingIsSaidAndNothingIsLeft) {
     EXPECT_THROW(writePdf(printed(1), path("missing/list.pdf")), RuntimeError);
     EXPECT_TRUE(std::filesystem::is_empty(folder_));

@@ -2,6 +2,8 @@
 
 #include <algorithm>
 
+#include "runtime/utf8.h"
+
 namespace catalogador {
 
 namespace {
@@ -60,11 +62,11 @@ int TextFit::characterWidth(std::string_view character) {
     const std::size_t code = commonCode(character);
     if (code < commonCharacters) {
         int& width = common_[code];
-        if (width < 0) width = measure_.width(character, font_);
+        if (width < 0) width = measure_.width(replacingInvalidBytes(character), font_);
         return width;
     }
     const auto [found, isNew] = others_.try_emplace(std::string(character), 0);
-    if (isNew) found->second = measure_.width(character, font_);
+    if (isNew) found->second = measure_.width(replacingInvalidBytes(character), font_);
     return found->second;
 }
 
@@ -119,7 +121,8 @@ std::string TextFit::shortened(std::string_view text, int room) {
 }
 
 std::vector<std::string> TextFit::lines(std::string_view text, int room, std::size_t most) {
-    const std::string whole = onOneLine(text);
+    // A byte that is no text must not keep the rest from being printed.
+    const std::string whole = onOneLine(replacingInvalidBytes(text));
     std::string_view rest = withoutBlanksAfter(withoutBlanksBefore(whole));
     if (room < width(shortestLine)) most = 1;
     std::vector<std::string> lines;

@@ -8,6 +8,7 @@
 #include "platform/printing/grid_pages.h"
 #include "platform/printing/text_fit.h"
 #include "runtime/error.h"
+#include "runtime/utf8.h"
 
 namespace catalogador {
 
@@ -82,7 +83,7 @@ PrintedPage& vsPrinter::newPage() {
 }
 
 void vsPrinter::startDocument(const std::string& title) {
-    document_.title = title;
+    document_.title = replacingInvalidBytes(title);
     document_.pages.clear();
     newPage();
 }
