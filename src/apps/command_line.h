@@ -5,7 +5,7 @@
 namespace catalogador {
 
 /// What the program was called with, in UTF-8. Also makes the standard output carry bytes as they
-/// are, where the system would change line ends.
+/// are, where the system would change line ends, and lets writing fail there when it is closed.
 class CommandLine {
   public:
     CommandLine(int argc, char** argv);

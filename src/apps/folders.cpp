@@ -15,6 +15,7 @@ std::string installedFolder(const char* name, [[maybe_unused]] const char* sourc
 #ifdef _WIN32
     return pathText(program / name);
 #else
+    if (program.empty()) return source;
     const auto installed = program.parent_path() / "share" / "catalogador" / name;
     return std::filesystem::is_directory(installed) ? pathText(installed) : source;
 #endif

@@ -1,6 +1,7 @@
 #include <exception>
 #include <iostream>
 
+#include "adapters/script/transcript.h"
 #include "apps/command_line.h"
 #include "apps/commands.h"
 
@@ -29,11 +30,12 @@ int main(int argc, char** argv) {
     int exitStatus = catalogador::exitUnusable;
     const catalogador::CommandLine line(argc, argv);
     const auto options = catalogador::readOptions(line.count(), line.values(), exitStatus);
-    if (!options) return exitStatus;
     try {
-        return perform(*options);
+        if (options) exitStatus = perform(*options);
+        if (!std::cout.flush()) throw catalogador::OutputFailed();
     } catch (const std::exception& error) {
         std::cerr << "catalogador: " << error.what() << '\n';
         return catalogador::exitUnusable;
     }
+    return exitStatus;
 }

@@ -64,6 +64,31 @@ for dialect in sqlite postgresql mariadb; do
 done
 ends 2 "schema of an unknown dialect" schema --dialect other
 
+# The files that it made are there, but nobody was told.
+for command in "schema --dialect sqlite" "demo made/full" "--help" "--version" \
+    "run --database $database --view 1" "add --database $database --view 5 --name Escrituras --value x"; do
+    title="$command to a full disk"
+    "$program" $command <script >/dev/full 2>err
+    [ $? -eq 2 ] || fail "$title: the status is not 2"
+    says err "the output could not be written"
+    title="$command to a closed output"
+    "$program" $command <script >&- 2>err
+    [ $? -eq 2 ] || fail "$title: the status is not 2"
+    says err "the output could not be written"
+done
+title="a script whose reader has gone"
+printf 'sql "Update accUsuarios Set UsuNombre = UsuNombre"\n%.0s' $(seq 2000) >script
+{
+    "$program" run --database "$database" --view 0 --script script 2>err
+    echo $? >status
+} | head -n 1 >out
+[ "$(cat status)" = 2 ] || fail "$title: status $(cat status)"
+says err "the output could not be written"
+: >script
+title="every standard stream closed"
+"$program" run --database "$database" --view 1 <&- >&- 2>&-
+[ $? -eq 2 ] || fail "$title: the status is not 2"
+
 ends 2 "no command"
 ends 2 "unknown command" play
 ends 2 "no view" run --database "$database"
@@ -106,6 +131,17 @@ ends 0 "language of the call" run --database "$database" --view 1 --language 2
 says out '"language":"LNG_QTX_002"'
 ends 0 "language of a setting" run --database "$database" --view 1 --setting Idioma=3
 says out '"language":"LNG_QTX_003"'
+mkdir -p .config/catalogador catalogador made/home/.config/catalogador
+for file in .config/catalogador catalogador made/home/.config/catalogador; do
+    printf '[VEM04]\nIdioma=3\n' >$file/catalogador.ini
+done
+for home in "" HOME= HOME=made/home "XDG_CONFIG_HOME=. HOME="; do
+    title="settings of the current folder with '$home'"
+    env -u HOME -u XDG_CONFIG_HOME $home "$program" run --database "$database" --view 1 \
+        <script >out 2>err || fail "$title: status $?"
+    says out '"language":"LNG_QTX_001"'
+done
+rm -r catalogador
 mkdir catalogador && printf '[VEM04]\nIdioma=2\n' >catalogador/catalogador.ini
 ends 0 "language of the settings file" run --database "$database" --view 1
 says out '"language":"LNG_QTX_002"'

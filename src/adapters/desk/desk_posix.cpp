@@ -10,9 +10,12 @@ namespace catalogador {
 
 namespace {
 
+/// Empty where the variable names no folder: a relative one would be a folder of whatever folder is
+/// the current one.
 std::filesystem::path environmentPath(const char* name) {
     const char* value = std::getenv(name);
-    return value != nullptr ? value : "";
+    const std::filesystem::path path = value != nullptr ? value : "";
+    return path.is_absolute() ? path : std::filesystem::path();
 }
 
 }  // namespace
@@ -20,7 +23,7 @@ std::filesystem::path environmentPath(const char* name) {
 std::string programFolder() {
     std::error_code failure;
     const auto program = std::filesystem::read_symlink("/proc/self/exe", failure);
-    return failure ? "." : pathText(program.parent_path());
+    return failure ? "" : pathText(program.parent_path());
 }
 
 std::int64_t processId() {
@@ -33,9 +36,9 @@ std::string systemUser() {
 }
 
 std::filesystem::path configurationFolder() {
-    std::filesystem::path folder = environmentPath("XDG_CONFIG_HOME");
-    // The convention has relative paths ignored.
-    return folder.is_absolute() ? folder : environmentPath("HOME") / ".config";
+    const std::filesystem::path folder = environmentPath("XDG_CONFIG_HOME");
+    const std::filesystem::path home = userFolder();
+    return !folder.empty() || home.empty() ? folder : home / ".config";
 }
 
 std::filesystem::path userFolder() {

@@ -74,6 +74,8 @@ void Player::perform(const ScriptLine& line) {
         refuse(line.number, errorText(error.number(), error.description()));
     }
     compareScreen();
+    // What nobody can see any more must not go on.
+    stage_.transcript.check();
 }
 
 void Player::carryOut(Arguments& line) {

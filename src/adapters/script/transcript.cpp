@@ -49,6 +49,14 @@ std::string lineOf(const Json& value) {
     return value.dump(oneLine, ' ', false, Json::error_handler_t::replace);
 }
 
+OutputFailed::OutputFailed()
+    : std::runtime_error(
+          "the output could not be written; check that what it is sent to is open and has room") {}
+
+void Transcript::check() const {
+    if (!out_) throw OutputFailed();
+}
+
 void Transcript::print(const Json& event) {
     // A reader at the other end of a pipe answers to what it reads.
     out_ << lineOf(event) << '\n' << std::flush;

@@ -1,6 +1,7 @@
 #pragma once
 #include <nlohmann/json.hpp>
 #include <ostream>
+#include <stdexcept>
 
 #include "platform/rdo.h"
 #include "runtime/variant.h"
@@ -16,6 +17,12 @@ Json jsonOf(const Variant& value);
 /// One line; bytes that are no UTF-8 are replaced.
 std::string lineOf(const Json& value);
 
+/// What was printed did not get where it should.
+class OutputFailed : public std::runtime_error {
+  public:
+    OutputFailed();
+};
+
 /// What happens on the screen, one JSON object a line, written out at once.
 class Transcript {
   public:
@@ -26,6 +33,8 @@ class Transcript {
     void trace(const Json& event);
     /// For events that are too long to be held as one object. Ends with a line end.
     [[nodiscard]] std::ostream& stream() { return out_; }
+    /// Raises OutputFailed when something printed before was lost; printing itself raises nothing.
+    void check() const;
 
   private:
     std::ostream& out_;

@@ -4,6 +4,7 @@
 
 #include <array>
 #include <cerrno>
+#include <csignal>
 #include <cstring>
 #include <filesystem>
 #include <system_error>
@@ -26,6 +27,7 @@ constexpr const char* opener = "xdg-open";
 /// this program prints.
 [[noreturn]] void becomeOpener(const char* path, int failed) {
     setsid();
+    std::signal(SIGPIPE, SIG_DFL);
     const int nowhere = open("/dev/null", O_RDWR);
     for (const int stream : {STDIN_FILENO, STDOUT_FILENO, STDERR_FILENO})
         if (nowhere >= 0) dup2(nowhere, stream);

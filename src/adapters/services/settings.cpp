@@ -44,7 +44,8 @@ Settings::Settings(const std::string& file, const std::map<std::string, std::str
 }
 
 std::string Settings::defaultFile() {
-    return pathText(configurationFolder() / "catalogador" / "catalogador.ini");
+    const std::filesystem::path folder = configurationFolder();
+    return folder.empty() ? "" : pathText(folder / "catalogador" / "catalogador.ini");
 }
 
 std::optional<std::string> Settings::read(const std::string& key, const std::string& name) const {

@@ -17,7 +17,7 @@ class Settings {
     /// Reads the file; one that does not exist holds no settings.
     Settings(const std::string& file, const std::map<std::string, std::string>& overrides);
 
-    /// The file in the user's configuration folder, which need not exist.
+    /// The file in the user's configuration folder, which need not exist; empty without a folder.
     static std::string defaultFile();
 
     /// Keys and names are compared without regard to case.
