@@ -3,6 +3,7 @@
 #include <algorithm>
 
 #include "modules/modIds.h"
+#include "modules/modLenguaje.h"
 #include "runtime/convert.h"
 #include "runtime/text.h"
 
@@ -23,6 +24,7 @@ constexpr int labelDrop = 25;
 constexpr int textWidth = 4000;
 constexpr int valueWidth = 1800;
 constexpr int comboWidth = 4000;
+constexpr std::int32_t textRefusedMessage = 121;
 
 }  // namespace
 
@@ -142,7 +144,29 @@ std::int32_t frmCatalogador::codeOfRow(int row) const {
 void frmCatalogador::openRecords() {
     if (mrdoCBase == nullptr)
         throw RuntimeError(error_number::objectNotSet, "Object variable not set");
-    mrdoRegistro = mrdoCBase->OpenResultset(mstrSQL, openDynamic, lockOptimisticByValues);
+    try {
+        mrdoRegistro = mrdoCBase->OpenResultset(mstrSQL, openDynamic, lockOptimisticByValues);
+    } catch (const DataRefused& refused) {
+        throw refusalOf(refused);
+    }
+}
+
+RuntimeError frmCatalogador::refusalOf(const DataRefused& refused) const {
+    std::string place = caption();
+    const auto takeFrom = [&](const Label& label, const TextBox& box) {
+        if (trim(box.text()) != refused.data()) return;
+        place = label.caption();
+        LimpiarCaption(place);
+    };
+    for (const TextField& field : textFields_) takeFrom(field.label, field.text);
+    for (const ValueField& field : valueFields_) takeFrom(field.label, field.text);
+    std::string shown = refused.data();
+    // A message box ends at some of these and breaks its line at others.
+    std::replace_if(
+        shown.begin(), shown.end(), [](unsigned char c) { return c < ' '; }, ' ');
+    const std::string text =
+        replaceText(ObtenerMensaje(textRefusedMessage), "[p2]", place, Compare::binary);
+    return {refused.number(), replaceText(text, "[p1]", shown, Compare::binary)};
 }
 
 }  // namespace catalogador

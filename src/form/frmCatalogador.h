@@ -264,8 +264,10 @@ class frmCatalogador : public Window {
     /// The text of a column of the form's resultset; Null gives the empty text.
     [[nodiscard]] std::string textOrEmpty(const char* column) const;
     [[nodiscard]] std::int32_t codeOfRow(int row) const;
-    /// Opens mstrSQL as the form's resultset.
+    /// Opens mstrSQL as the form's resultset. What data access says of a text that cannot be used
+    /// is said in the screen's language.
     void openRecords();
+    [[nodiscard]] RuntimeError refusalOf(const DataRefused& refused) const;
 
     template <class Result, class Body>
     Result trap(const char* procedure, Result failure, Body&& body) {

@@ -23,6 +23,8 @@ constexpr std::int32_t rowChanged = 40044;
 /// A column or a current row that does not exist was asked for.
 constexpr std::int32_t noCurrentRow = 40009;
 constexpr std::int32_t columnNotFound = 40041;
+/// What was typed or stored would not stay a value in its statement, which was not run.
+constexpr std::int32_t dataRefused = 40060;
 }  // namespace error_number
 
 /// The one exception of the system: a number, a description and, where it is known, the source.

@@ -47,5 +47,17 @@ TEST(SqlText, TokenThatReachesIntoDataBecomesData) {
     EXPECT_EQ(sql.data(), (Pieces{{4, 1}}));
 }
 
+TEST(SqlText, ListOfCodesIsToldFromValues) {
+    const SqlText sql = "a In (" + SqlText::ofData("1,2", SqlText::Kind::codes) +
+                        SqlText::ofData("3") + SqlText::ofData("4") + ")";
+    EXPECT_EQ(sql.data(), (Pieces{{6, 3, SqlText::Kind::codes}, {9, 2}}));
+}
+
+TEST(SqlText, RefusalKeepsTheText) {
+    const DataRefused refused("O'Brien");
+    EXPECT_EQ(refused.number(), error_number::dataRefused);
+    EXPECT_EQ(refused.data(), "O'Brien");
+}
+
 }  // namespace
 }  // namespace catalogador

@@ -3,6 +3,7 @@
 #include "adapters/odbc/connection_string.h"
 #include "adapters/odbc/odbc_resultset.h"
 #include "adapters/odbc/odbc_session.h"
+#include "adapters/sql/data_check.h"
 
 namespace catalogador {
 
@@ -31,11 +32,13 @@ OdbcConnection::~OdbcConnection() {
 std::unique_ptr<rdoResultset> OdbcConnection::OpenResultset(const SqlText& sql, int type,
                                                             int lock) {
     if (session_->listener != nullptr) session_->listener->opened(sql.text(), type, lock);
+    requireDataStaysData(sql, session_->syntax());
     return std::make_unique<OdbcResultset>(session_, sql.text());
 }
 
 std::int64_t OdbcConnection::Execute(const SqlText& sql) {
     if (session_->listener != nullptr) session_->listener->executed(sql.text());
+    requireDataStaysData(sql, session_->syntax());
     return session_->run(sql.text(), {});
 }
 

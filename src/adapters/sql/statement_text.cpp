@@ -10,137 +10,9 @@ namespace catalogador {
 
 namespace {
 
-bool isBlank(char c) {
-    return c == ' ' || c == '\t' || c == '\n' || c == '\r' || c == '\f' || c == '\v';
-}
-
 bool isDigit(char c) {
     return c >= '0' && c <= '9';
 }
-
-bool isWordStart(char c) {
-    return (c >= 'a' && c <= 'z') || (c >= 'A' && c <= 'Z') || c == '_' ||
-           static_cast<unsigned char>(c) >= 0x80;
-}
-
-bool isWordPart(char c) {
-    return isWordStart(c) || isDigit(c) || c == '$';
-}
-
-class Tokenizer {
-  public:
-    Tokenizer(std::string_view sql, const SqlSyntax& syntax) : sql_(sql), syntax_(syntax) {}
-
-    std::vector<SqlToken> run() {
-        std::vector<SqlToken> tokens;
-        while (position_ < sql_.size()) {
-            if (isBlank(sql_[position_])) {
-                ++position_;
-                continue;
-            }
-            const std::size_t start = position_;
-            const TokenKind kind = next();
-            tokens.push_back({kind, sql_.substr(start, position_ - start)});
-        }
-        return tokens;
-    }
-
-  private:
-    [[nodiscard]] char at(std::size_t offset) const {
-        const std::size_t index = position_ + offset;
-        return index < sql_.size() ? sql_[index] : '\0';
-    }
-
-    [[nodiscard]] bool startsWith(std::string_view what) const {
-        return sql_.substr(position_).starts_with(what);
-    }
-
-    /// Consumes one token, which must not begin with a blank.
-    TokenKind next() {
-        if (skipComment()) return TokenKind::comment;
-        if (syntax_.escapeStrings && (at(0) == 'E' || at(0) == 'e') && at(1) == '\'') {
-            ++position_;
-            return quoted('\'', true, TokenKind::text);
-        }
-        const char c = at(0);
-        if (c == '\'') return quoted('\'', syntax_.backslashEscapes, TokenKind::text);
-        if (c == '"')
-            return quoted('"', syntax_.doubleQuotedTexts && syntax_.backslashEscapes,
-                          syntax_.doubleQuotedTexts ? TokenKind::text : TokenKind::quotedName);
-        if (c == '`' && syntax_.backtickNames) return quoted('`', false, TokenKind::quotedName);
-        if (c == '[' && syntax_.bracketNames) return upTo("]", 1, TokenKind::quotedName);
-        if (c == '$' && syntax_.dollarQuotes && skipDollarQuoted()) return TokenKind::text;
-        if (isWordStart(c) || isDigit(c)) {
-            while (position_ < sql_.size() && isWordPart(sql_[position_])) ++position_;
-            return TokenKind::word;
-        }
-        ++position_;
-        return c == ';' ? TokenKind::separator : TokenKind::symbol;
-    }
-
-    bool skipComment() {
-        const bool dashes = startsWith("--") && (!syntax_.dashCommentNeedsBlank ||
-                                                 static_cast<unsigned char>(at(2)) <= ' ');
-        if (dashes || (syntax_.hashComments && at(0) == '#')) {
-            position_ = std::min(sql_.find('\n', position_), sql_.size());
-            return true;
-        }
-        if (!startsWith("/*")) return false;
-        if (syntax_.executableComments && (startsWith("/*!") || startsWith("/*M!"))) return false;
-        skipBlockComment();
-        return true;
-    }
-
-    void skipBlockComment() {
-        position_ += 2;
-        for (int depth = 1; depth > 0 && position_ < sql_.size();) {
-            if (startsWith("*/")) {
-                --depth;
-                position_ += 2;
-            } else if (syntax_.nestedComments && startsWith("/*")) {
-                ++depth;
-                position_ += 2;
-            } else {
-                ++position_;
-            }
-        }
-    }
-
-    TokenKind quoted(char quote, bool backslashes, TokenKind kind) {
-        ++position_;
-        while (position_ < sql_.size()) {
-            const char c = sql_[position_++];
-            if (c == '\\' && backslashes) {
-                if (position_ < sql_.size()) ++position_;
-            } else if (c == quote) {
-                if (at(0) != quote) return kind;
-                ++position_;
-            }
-        }
-        return kind;
-    }
-
-    TokenKind upTo(std::string_view end, std::size_t from, TokenKind kind) {
-        const std::size_t found = sql_.find(end, position_ + from);
-        position_ = found == std::string_view::npos ? sql_.size() : found + end.size();
-        return kind;
-    }
-
-    /// "$1" is a parameter and "a$b" a name: only "$$" and "$tag$" open a quotation.
-    bool skipDollarQuoted() {
-        std::size_t end = position_ + 1;
-        if (end < sql_.size() && isDigit(sql_[end])) return false;
-        while (end < sql_.size() && (isWordStart(sql_[end]) || isDigit(sql_[end]))) ++end;
-        if (end >= sql_.size() || sql_[end] != '$') return false;
-        const std::string_view tag = sql_.substr(position_, end + 1 - position_);
-        upTo(tag, tag.size(), TokenKind::text);
-        return true;
-    }
-
-    std::string_view sql_;
-    const SqlSyntax& syntax_;
-    std::size_t position_ = 0;
-};
 
 bool isKeyword(const SqlToken& token, std::string_view keyword) {
     return token.kind == TokenKind::word &&
@@ -212,30 +84,6 @@ SelectItem selectItem(const std::vector<SqlToken>& tokens) {
 }
 
 }  // namespace
-
-SqlSyntax syntaxOf(Dialect dialect) {
-    SqlSyntax syntax;
-    switch (dialect) {
-        case Dialect::sqlite:
-            syntax.backtickNames = syntax.bracketNames = true;
-            break;
-        case Dialect::postgresql:
-            syntax.escapeStrings = syntax.dollarQuotes = syntax.nestedComments = true;
-            break;
-        case Dialect::mariadb:
-            syntax.backslashEscapes = syntax.doubleQuotedTexts = syntax.backtickNames = true;
-            syntax.hashComments = syntax.dashCommentNeedsBlank = true;
-            syntax.executableComments = true;
-            break;
-        case Dialect::other:
-            break;
-    }
-    return syntax;
-}
-
-std::vector<SqlToken> tokensOf(std::string_view sql, const SqlSyntax& syntax) {
-    return Tokenizer(sql, syntax).run();
-}
 
 std::string singleStatement(std::string_view sql, const SqlSyntax& syntax) {
     const auto tokens = tokensOf(sql, syntax);

@@ -174,7 +174,7 @@ bool frmCatalogador::ValidarClasificacion(std::int32_t codigo, const std::string
         if (others.empty()) others = "-1";
         mstrSQL = "Select ClaCodigo From genClasificacionesEntes Where Clacodigo <> " +
                   decimalText(codigo) + " And ClaNombre = '" + SqlText::ofData(nombre) +
-                  "' And Not ClaCodigo In (" + SqlText::ofData(others) + ")";
+                  "' And Not ClaCodigo In (" + SqlText::ofData(others, SqlText::Kind::codes) + ")";
         const PointerDuring hourglass(surface());
         openRecords();
         const bool taken = !mrdoRegistro->atEnd();

@@ -133,7 +133,7 @@ SqlText frmCatalogador::listingStatement() {
     if (mlngIdVista == viewClassifications && containsText(sql.text(), "[prm99]", Compare::text)) {
         std::string codes = BuscarTextoLista(1, mlngUsuario);
         if (codes.empty()) codes = "-1";
-        sql.replace("[prm99]", SqlText::ofData(codes), Compare::text);
+        sql.replace("[prm99]", SqlText::ofData(codes, SqlText::Kind::codes), Compare::text);
         mstrListaNoMarcados = BuscarTextoLista(2, mlngUsuario);
     }
     return sql;

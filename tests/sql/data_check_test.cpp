@@ -1,0 +1,210 @@
+#include "adapters/sql/data_check.h"
+
+#include <gtest/gtest.h>
+
+#include <functional>
+
+#include "runtime/text.h"
+
+namespace catalogador {
+namespace {
+
+using Kind = SqlText::Kind;
+
+constexpr Dialect known[] = {Dialect::sqlite, Dialect::postgresql, Dialect::mariadb};
+constexpr Dialect all[] = {Dialect::sqlite, Dialect::postgresql, Dialect::mariadb, Dialect::other};
+
+SqlSyntax syntax(Dialect dialect) {
+    SqlSyntax found = syntaxOf(dialect);
+    // As the sessions of the program are set.
+    if (dialect == Dialect::mariadb) {
+        found.backslashEscapes = false;
+        found.serverVersion = 101106;
+    }
+    return found;
+}
+
+/// The text that is refused; "" when the statement passes.
+std::string refused(const SqlText& sql, const SqlSyntax& syntax) {
+    try {
+        requireDataStaysData(sql, syntax);
+    } catch (const DataRefused& error) {
+        EXPECT_EQ(error.number(), error_number::dataRefused);
+        return error.data();
+    }
+    return "";
+}
+
+SqlText inText(const std::string& data) {
+    return "Select a From t Where b = '" + SqlText::ofData(data) + "' And c = 1";
+}
+SqlText bare(const std::string& data, Kind kind = Kind::value) {
+    return "Select a From t Where b In (" + SqlText::ofData(data, kind) + ") And c = 1";
+}
+
+void expectPasses(const SqlText& sql, Dialect dialect) {
+    EXPECT_EQ(refused(sql, syntax(dialect)), "") << static_cast<int>(dialect) << ": " << sql.text();
+}
+void expectRefused(const SqlText& sql, const std::string& data, Dialect dialect) {
+    EXPECT_EQ(refused(sql, syntax(dialect)), data)
+        << static_cast<int>(dialect) << ": " << sql.text();
+}
+
+TEST(DataCheck, LetsThroughWhatNobodyTyped) {
+    for (const Dialect dialect : all) {
+        expectPasses("Select 'a', \"b\" From t -- it's", dialect);
+        expectPasses("Select 'never closed", dialect);
+    }
+}
+
+TEST(DataCheck, LetsThroughTextsWithoutQuotes) {
+    for (const Dialect dialect : all)
+        for (const char* data : {"Espa\u00f1a", "100 %", "a; Drop Table t", "-- x", "/* x */", "$$",
+                                 "x # y", "", " ", "U&", "[a]"})
+            expectPasses(inText(data), dialect);
+}
+
+TEST(DataCheck, RefusesAnApostropheEverywhere) {
+    for (const Dialect dialect : all)
+        for (const std::string data :
+             {"O'Brien", "'", "x'", "'x", "' Or 1=1 --", "' Or '1'='1", "'; Drop Table t; --",
+              "x' --\r; Delete From canary --", "'||set_config('a','b','c')--", "x' 'y", "x'\n'y",
+              "x' /*!99999 ' */ ; Delete From canary #", "' Or blob_export(x'41','FILE')--", "x'/*",
+              "''' Or 1=1 --", "a' And b = '"})
+            expectRefused(inText(data), data, dialect);
+}
+
+TEST(DataCheck, LetsDoubledApostrophesThrough) {
+    for (const Dialect dialect : all)
+        for (const char* data : {"O''Brien", "''", "''''", "'' Or 1=1 --"})
+            expectPasses(inText(data), dialect);
+}
+
+TEST(DataCheck, RefusesANulEverywhere) {
+    const std::string data("a\0b", 3);
+    for (const Dialect dialect : all) {
+        expectRefused(inText(data), data, dialect);
+        expectRefused(bare(std::string("1\0", 2)), std::string("1\0", 2), dialect);
+    }
+}
+
+TEST(DataCheck, ReadsBackslashesAsTheDatabaseDoes) {
+    for (const Dialect dialect : known) expectPasses(inText("C:\\x\\"), dialect);
+    SqlSyntax escaping = syntax(Dialect::mariadb);
+    escaping.backslashEscapes = true;
+    EXPECT_EQ(refused(inText("x\\"), escaping), "x\\");
+    EXPECT_EQ(refused(inText("x\\\\"), escaping), "");
+    EXPECT_EQ(refused(inText("\\'' Or 1=1 -- "), escaping), "\\'' Or 1=1 -- ");
+    const auto inEscapes = [](const std::string& data) {
+        return "Select E'" + SqlText::ofData(data) + "', 'x'";
+    };
+    expectRefused(inEscapes("x\\"), "x\\", Dialect::postgresql);
+    expectRefused(inEscapes("\\'', pg_sleep(9) --"), "\\'', pg_sleep(9) --", Dialect::postgresql);
+    expectPasses(inEscapes("\\'"), Dialect::postgresql);
+}
+
+TEST(DataCheck, RefusesATextThatSwallowsTheNext) {
+    for (const Dialect dialect : all) {
+        const SqlText sql = "Select a From t Where b = '" + SqlText::ofData("x'") + "' And c = '" +
+                            SqlText::ofData(" Or 1=1 --") + "'";
+        expectRefused(sql, "x'", dialect);
+        const SqlText both =
+            "Select '" + SqlText::ofData("x'") + "' And '" + SqlText::ofData("'y") + "'";
+        expectRefused(both, "x'", dialect);
+    }
+}
+
+TEST(DataCheck, LetsNumbersThroughOutsideOfQuotes) {
+    for (const Dialect dialect : all)
+        for (const char* data : {"0", "12", "-5", "+5", "1.5", ".5", "5.", "-1e5", "1.5E-10",
+                                 "1e+300", "- 5", "999999999999999999999999"})
+            expectPasses(bare(data), dialect);
+}
+
+TEST(DataCheck, RefusesAnythingElseOutsideOfQuotes) {
+    for (const Dialect dialect : all)
+        for (const std::string data : {"x",
+                                       "1 Or 1=1",
+                                       "1)--",
+                                       "1;",
+                                       "--5",
+                                       "1e",
+                                       "e5",
+                                       ".",
+                                       "-",
+                                       "&HFF",
+                                       "(5)",
+                                       "0x41",
+                                       "1,2",
+                                       "'1'",
+                                       "1 2",
+                                       "5-",
+                                       "1d5",
+                                       "1/*x*/",
+                                       "Null",
+                                       "1_000",
+                                       "$1",
+                                       "\xc2\xa0"
+                                       "5"})
+            expectRefused(bare(data), data, dialect);
+}
+
+TEST(DataCheck, LetsAListOfCodesThroughOnlyWhereItIsOne) {
+    for (const Dialect dialect : all) {
+        for (const char* data : {"1", "-1", "1,2,3", "1, 2 ,-3", " 7,8 "})
+            expectPasses(bare(data, Kind::codes), dialect);
+        for (const std::string data : {"1,", ",1", "1,,2", "1.5", "1e5", "1;2", "1,x", "1,2)--"})
+            expectRefused(bare(data, Kind::codes), data, dialect);
+    }
+}
+
+TEST(DataCheck, RefusesANumberThatTurnsTheSignBeforeItIntoSomethingElse) {
+    const SqlText minus = "Select 1 -" + SqlText::ofData("-5");
+    expectRefused(minus, "-5", Dialect::sqlite);
+    expectRefused(minus, "-5", Dialect::postgresql);
+    expectPasses(minus, Dialect::mariadb);
+    expectRefused("Select 1 %" + SqlText::ofData("-5"), "-5", Dialect::postgresql);
+    expectPasses("Select 1 =" + SqlText::ofData("-5"), Dialect::postgresql);
+}
+
+TEST(DataCheck, LetsDigitsBePartOfANameOrAComment) {
+    for (const Dialect dialect : all) {
+        expectPasses("Select a From t_" + SqlText::ofData("17") + " /* of company " +
+                         SqlText::ofData("17") + " */",
+                     dialect);
+        expectRefused("Select a From t_" + SqlText::ofData("x"), "x", dialect);
+        expectRefused("Select a /* " + SqlText::ofData("*/, b /*") + " */", "*/, b /*", dialect);
+        expectRefused("Select a -- " + SqlText::ofData("x"), "x", dialect);
+        expectRefused("Select \"" + SqlText::ofData("name") + "\"", "name",
+                      dialect == Dialect::mariadb ? Dialect::sqlite : dialect);
+    }
+}
+
+TEST(DataCheck, FollowsDollarQuotes) {
+    const auto quoted = [](const std::string& data) {
+        return "Select $\u00e1$" + SqlText::ofData(data) + "$\u00e1$, 1";
+    };
+    expectPasses(quoted("it's $$ fine"), Dialect::postgresql);
+    expectRefused(quoted("x$\u00e1$, pg_sleep(9), $\u00e1$"), "x$\u00e1$, pg_sleep(9), $\u00e1$",
+                  Dialect::postgresql);
+}
+
+TEST(DataCheck, KeepsToVersionCommentsOfAKnownServerOnly) {
+    const SqlText sql = "Select /*!50000 1 */, '" + SqlText::ofData("x") + "'";
+    expectPasses(sql, Dialect::mariadb);
+    SqlSyntax unknown = syntax(Dialect::mariadb);
+    unknown.serverVersion = 0;
+    EXPECT_EQ(refused(sql, unknown), "x");
+}
+
+TEST(DataCheck, IsStrictWhereTheDatabaseIsNotKnown) {
+    for (const std::string data : {"a\"b", "a\\b", "a`b", "a\tb", "a\r", "a\nb",
+                                   "a\x7f"
+                                   "b",
+                                   "\u02bc; Drop", "\uff07"})
+        expectRefused(inText(data), data, Dialect::other);
+    expectPasses(inText("\u2019n l\u00e4ngerer Text \u2013 100 %"), Dialect::other);
+}
+
+}  // namespace
+}  // namespace catalogador

@@ -1,0 +1,103 @@
+#include "adapters/sql/sql_tokens.h"
+
+#include <gtest/gtest.h>
+
+#include <string>
+
+namespace catalogador {
+namespace {
+
+/// The tokens with a bar behind each; "?" marks one that is never closed.
+std::string read(std::string_view sql, const SqlSyntax& syntax) {
+    std::string all;
+    for (const SqlToken& token : tokensOf(sql, syntax))
+        all += std::string(token.text) + (token.closed ? "|" : "?|");
+    return all;
+}
+std::string read(std::string_view sql, Dialect dialect) {
+    SqlSyntax syntax = syntaxOf(dialect);
+    if (dialect == Dialect::mariadb) syntax.serverVersion = 101106;
+    return read(sql, syntax);
+}
+
+TEST(SqlTokens, NumberIsOneWord) {
+    for (const Dialect dialect : {Dialect::sqlite, Dialect::postgresql, Dialect::mariadb}) {
+        EXPECT_EQ(read("1.5e-10 -3 .5 7. t.c", dialect), "1.5e-10|-|3|.5|7.|t|.|c|");
+        EXPECT_EQ(read("1e x", dialect), dialect == Dialect::postgresql ? "1|e|x|" : "1e|x|");
+    }
+}
+
+TEST(SqlTokens, PostgresqlEndsACommentAtACarriageReturnToo) {
+    EXPECT_EQ(read("1 -- x\r; 2", Dialect::postgresql), "1|-- x|;|2|");
+    EXPECT_EQ(read("1 -- x\r; 2", Dialect::sqlite), "1|-- x\r; 2|");
+}
+
+TEST(SqlTokens, PostgresqlReadsAContinuedTextAsItsFirstPart) {
+    EXPECT_EQ(read("E'a'\n'\\' b'", Dialect::postgresql), "E'a'|'\\' b'|");
+    EXPECT_EQ(read("E'a' -- c\r'\\''", Dialect::postgresql), "E'a'|-- c|'\\''|");
+    EXPECT_EQ(read("'a'\n'\\''", Dialect::postgresql), "'a'|'\\''?|");
+    EXPECT_EQ(read("E'a' '\\'", Dialect::postgresql), "E'a'|'\\'|");
+    EXPECT_EQ(read("E'a' /* \n */ '\\'", Dialect::postgresql), "E'a'|/* \n */|'\\'|");
+    EXPECT_EQ(read("E'', $$a$$\n'\\'", Dialect::postgresql), "E''|,|$$a$$|'\\'|");
+}
+
+TEST(SqlTokens, PostgresqlHasUnicodeAndBitTexts) {
+    EXPECT_EQ(read("U&'a\\'||'b' u&\"c\"\"d\"", Dialect::postgresql),
+              "U&'a\\'|||||'b'|u&\"c\"\"d\"|");
+    EXPECT_EQ(read("B'01''x'", Dialect::postgresql), "B'01'|'x'|");
+    EXPECT_EQ(read("N'a' xE'\\'", Dialect::postgresql), "N|'a'|xE|'\\'|");
+}
+
+TEST(SqlTokens, PostgresqlDollarQuoteFollowsANumber) {
+    EXPECT_EQ(read("1$$a'b$$", Dialect::postgresql), "1|$$a'b$$|");
+    EXPECT_EQ(read("$\u00f1$ $$ ' $\u00f1$", Dialect::postgresql), "$\u00f1$ $$ ' $\u00f1$|");
+    EXPECT_EQ(read("$a$ never", Dialect::postgresql), "$a$ never?|");
+}
+
+TEST(SqlTokens, PostgresqlCommentsNest) {
+    EXPECT_EQ(read("/* /*/ */ */1", Dialect::postgresql), "/* /*/ */ */|1|");
+    EXPECT_EQ(read("/* /* */ 1", Dialect::postgresql), "/* /* */ 1?|");
+}
+
+TEST(SqlTokens, MariadbReadsCommentsOfItsVersion) {
+    EXPECT_EQ(read("/*!50000 1 */*2", Dialect::mariadb), "/*!50000|1|*/|*|2|");
+    EXPECT_EQ(read("/*! 1 */ /*M!100100 2*/", Dialect::mariadb), "/*!|1|*/|/*M!100100|2|*/|");
+    EXPECT_EQ(read("x /*!99999 ' */ 1", Dialect::mariadb), "x|/*!99999 ' */|1|");
+    EXPECT_EQ(read("/*!50701 ' */ 1", Dialect::mariadb), "/*!50701 ' */|1|");
+    EXPECT_EQ(read("/*M!50701 1 */", Dialect::mariadb), "/*M!50701|1|*/|");
+    EXPECT_EQ(read("/*!200000 /* ' */ ' */ 1", Dialect::mariadb), "/*!200000 /* ' */ ' */|1|");
+    EXPECT_EQ(read("/* /* */ 1", Dialect::mariadb), "/* /* */|1|");
+}
+
+TEST(SqlTokens, MariadbCommentNeedsABlankOrAControlCharacter) {
+    EXPECT_EQ(read("1--1", Dialect::mariadb), "1|-|-|1|");
+    EXPECT_EQ(read("1--\x01 x\n2", Dialect::mariadb), "1|--\x01 x|2|");
+    EXPECT_EQ(read("1--\x7f x\n2", Dialect::mariadb), "1|--\x7f x|2|");
+    EXPECT_EQ(read("1--", Dialect::mariadb), "1|--|");
+    EXPECT_EQ(read("1 #'\n2", Dialect::mariadb), "1|#'|2|");
+}
+
+TEST(SqlTokens, MariadbQuotesByItsMode) {
+    SqlSyntax ansi = syntaxOf(Dialect::mariadb);
+    ansi.doubleQuotedTexts = ansi.backslashEscapes = false;
+    EXPECT_EQ(read("\"a\\\" '\\'", ansi), "\"a\\\"|'\\'|");
+    EXPECT_EQ(tokensOf("\"a\"", ansi)[0].kind, TokenKind::quotedName);
+    EXPECT_EQ(tokensOf("\"a\"", syntaxOf(Dialect::mariadb))[0].kind, TokenKind::text);
+    EXPECT_EQ(read("_utf8'a' N'b' x'41''42' `c``'d`", Dialect::mariadb),
+              "_utf8|'a'|N|'b'|x'41'|'42'|`c``'d`|");
+}
+
+TEST(SqlTokens, SqliteReadsNothingBehindANul) {
+    EXPECT_EQ(read(std::string_view("1 'a\0' ; x", 10), Dialect::sqlite), "1|'a?|");
+    EXPECT_EQ(read("1 /* x", Dialect::sqlite), "1|/* x?|");
+    EXPECT_EQ(read("1 /*", Dialect::sqlite), "1|/|*|");
+}
+
+TEST(SqlTokens, SqliteHasNamesInBracketsAndVariables) {
+    EXPECT_EQ(read("[a'b] `c'd` \"e'f\" x'41''x'", Dialect::sqlite),
+              "[a'b]|`c'd`|\"e'f\"|x'41'|'x'|");
+    EXPECT_EQ(read("$a('b) @c :d #e", Dialect::sqlite), "$a('b)|@c|:d|#e|");
+}
+
+}  // namespace
+}  // namespace catalogador
