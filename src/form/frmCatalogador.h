@@ -241,6 +241,7 @@ class frmCatalogador : public Window {
     bool duplicateValueReported(ValueField& field);
     void replaceValueToken(SqlText& sql, ValueField& field);
     SqlText withFieldValues(SqlText sql, std::int32_t codigo);
+    /// A typed number as statements and columns take it; raises typeMismatch for anything else.
     [[nodiscard]] std::string numberForDatabase(const std::string& typed) const;
 
     bool savable();

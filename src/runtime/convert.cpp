@@ -8,6 +8,7 @@
 
 #include "runtime/error.h"
 #include "runtime/text.h"
+#include "runtime/typed_number.h"
 
 namespace catalogador {
 
@@ -27,33 +28,6 @@ bool isDigit(char c) {
     return c >= '0' && c <= '9';
 }
 
-/// Value of a digit in bases up to 16, or -1.
-int digitValue(char c) {
-    if (isDigit(c)) return c - '0';
-    if (c >= 'a' && c <= 'f') return c - 'a' + 10;
-    if (c >= 'A' && c <= 'F') return c - 'A' + 10;
-    return -1;
-}
-
-/// The number behind "&H" or "&O"; `text` begins after the letter and is moved past the digits.
-/// Up to four hexadecimal digits are a 16-bit number with a sign, up to eight a 32-bit one.
-std::optional<double> basedNumber(std::string_view& text, unsigned base) {
-    std::uint64_t value = 0;
-    std::size_t count = 0;
-    while (count < text.size()) {
-        const int digit = digitValue(text[count]);
-        if (digit < 0 || static_cast<unsigned>(digit) >= base) break;
-        value = value * base + static_cast<unsigned>(digit);
-        if (value > std::numeric_limits<std::uint32_t>::max()) return std::nullopt;
-        ++count;
-    }
-    if (count == 0) return std::nullopt;
-    text.remove_prefix(count);
-    if (value <= std::numeric_limits<std::uint16_t>::max())
-        return static_cast<std::int16_t>(static_cast<std::uint16_t>(value));
-    return static_cast<std::int32_t>(static_cast<std::uint32_t>(value));
-}
-
 double parsed(const std::string& number) {
     double value = 0;
     const auto result = std::from_chars(number.data(), number.data() + number.size(), value);
@@ -65,89 +39,30 @@ double parsed(const std::string& number) {
 }
 
 /// Takes digits, one decimal point and an exponent from the front of a text into a plain number.
-std::string takeNumber(std::string_view& text, std::string_view decimal,
-                       std::string_view thousands) {
+std::string takeNumber(std::string_view text) {
     std::string number;
     bool point = false;
     bool digits = false;
-    while (!text.empty()) {
-        if (isDigit(text.front())) {
-            number += text.front();
-            digits = true;
-            text.remove_prefix(1);
-        } else if (!point && text.starts_with(decimal)) {
-            number += '.';
-            point = true;
-            text.remove_prefix(decimal.size());
-        } else if (!point && digits && !thousands.empty() && text.starts_with(thousands)) {
-            text.remove_prefix(thousands.size());
-        } else {
-            break;
-        }
+    for (; !text.empty(); text.remove_prefix(1)) {
+        const char c = text.front();
+        if (!isDigit(c) && (c != '.' || point)) break;
+        (c == '.' ? point : digits) = true;
+        number += c;
     }
     if (!digits) return {};
     if (!text.empty() && std::string_view("eEdD").find(text.front()) != std::string_view::npos) {
         std::string exponent = "e";
-        std::string_view rest = text.substr(1);
-        if (!rest.empty() && (rest.front() == '+' || rest.front() == '-')) {
-            if (rest.front() == '-') exponent += '-';
-            rest.remove_prefix(1);
+        text.remove_prefix(1);
+        if (!text.empty() && (text.front() == '+' || text.front() == '-')) {
+            if (text.front() == '-') exponent += '-';
+            text.remove_prefix(1);
         }
         const std::size_t before = exponent.size();
-        while (!rest.empty() && isDigit(rest.front())) {
-            exponent += rest.front();
-            rest.remove_prefix(1);
-        }
-        if (exponent.size() > before) {
-            number += exponent;
-            text = rest;
-        }
+        for (; !text.empty() && isDigit(text.front()); text.remove_prefix(1))
+            exponent += text.front();
+        if (exponent.size() > before) number += exponent;
     }
     return number.front() == '.' ? "0" + number : number;
-}
-
-std::string_view trimBlanks(std::string_view text) {
-    constexpr std::string_view blanks = " \t\r\n";
-    const std::size_t first = text.find_first_not_of(blanks);
-    if (first == std::string_view::npos) return {};
-    return text.substr(first, text.find_last_not_of(blanks) - first + 1);
-}
-
-std::optional<double> basedText(std::string_view text) {
-    if (text.size() < 2 || text.front() != '&') return std::nullopt;
-    const char letter = text[1];
-    std::string_view rest = text.substr(2);
-    const bool hexadecimal = letter == 'H' || letter == 'h';
-    if (!hexadecimal && letter != 'O' && letter != 'o') return std::nullopt;
-    const auto value = basedNumber(rest, hexadecimal ? 16 : 8);
-    return rest.empty() ? value : std::nullopt;
-}
-
-/// The number of a whole text in this locale.
-std::optional<double> wholeNumber(std::string_view text, const Regional& regional) {
-    text = trimBlanks(text);
-    if (const auto based = basedText(text)) return based;
-    bool negative = false;
-    bool sign = false;
-    if (text.size() > 2 && text.front() == '(' && text.back() == ')') {
-        negative = sign = true;
-        text = trimBlanks(text.substr(1, text.size() - 2));
-    } else if (!text.empty() && (text.front() == '+' || text.front() == '-')) {
-        negative = text.front() == '-';
-        sign = true;
-        text = trimBlanks(text.substr(1));
-    }
-    const std::string number = takeNumber(text, regional.decimal, regional.thousands);
-    if (number.empty()) return std::nullopt;
-    text = trimBlanks(text);
-    if (!sign && text.size() == 1 && (text.front() == '+' || text.front() == '-')) {
-        negative = text.front() == '-';
-        text = {};
-    }
-    if (!text.empty()) return std::nullopt;
-    const double value = parsed(number);
-    if (std::isinf(value)) return std::nullopt;
-    return negative ? -value : value;
 }
 
 /// The digits of a part of a date or time: two, or four.
@@ -272,12 +187,12 @@ double leadingNumber(std::string_view text) {
         rest.remove_prefix(2);
         const bool hexadecimal = letter == 'H' || letter == 'h';
         if (hexadecimal || letter == 'O' || letter == 'o')
-            return basedNumber(rest, hexadecimal ? 16 : 8).value_or(0);
+            return takeBasedNumber(rest, hexadecimal ? 16 : 8).value_or(0);
         return 0;
     }
     const bool negative = !rest.empty() && rest.front() == '-';
     if (!rest.empty() && (rest.front() == '-' || rest.front() == '+')) rest.remove_prefix(1);
-    const std::string number = takeNumber(rest, ".", "");
+    const std::string number = takeNumber(rest);
     if (number.empty()) return 0;
     const double value = parsed(number);
     if (std::isinf(value)) overflow();
@@ -287,7 +202,7 @@ double leadingNumber(std::string_view text) {
 bool isNumeric(const Variant& value, const Regional& regional) {
     if (isNumberType(value)) return true;
     const std::string* text = value.as<std::string>();
-    return text != nullptr && wholeNumber(*text, regional).has_value();
+    return text != nullptr && typedNumber(*text, regional).has_value();
 }
 
 std::string toText(const Variant& value, const Regional& regional) {
@@ -318,8 +233,8 @@ double toDouble(const Variant& value, const Regional& regional) {
                                  [](const Decimal& number) { return parsed(number.text); },
                                  [](const Date&) -> double { typeMismatch(); },
                                  [&](const std::string& text) -> double {
-                                     if (const auto number = wholeNumber(text, regional))
-                                         return *number;
+                                     if (const auto number = typedNumber(text, regional))
+                                         return number->value;
                                      typeMismatch();
                                  }},
                       value.storage());

@@ -15,9 +15,8 @@ namespace catalogador {
 /// overflow for a number beyond what there is.
 double leadingNumber(std::string_view text);
 
-/// Whether the whole value can be read as a number in this locale: signs before or after, decimal
-/// separator, thousands separators left of it, exponent, parentheses for negatives, &H and &O,
-/// blanks around. Null, the empty text and dates are not numeric; booleans and numbers are.
+/// Whether the whole value can be read as a number in this locale: of a text, whether typedNumber
+/// reads it. Null, the empty text and dates are not numeric; booleans and numbers are.
 bool isNumeric(const Variant& value, const Regional& regional);
 
 /// The text of a value as the user reads it: numbers without thousands separator and with the

@@ -8,6 +8,7 @@
 #include "runtime/convert.h"
 #include "runtime/error.h"
 #include "runtime/text.h"
+#include "runtime/typed_number.h"
 
 namespace {
 
@@ -47,6 +48,14 @@ void checkNumbers(const Variant& value, const Regional& regional) {
     toTextOrEmpty(value, regional);
     equalValues(value, Variant(1), regional);
     require(equalValues(value, value, regional).value_or(true));
+}
+
+void checkTypedNumber(const std::string& text, const Regional& regional) {
+    const auto number = typedNumber(text, regional);
+    require(number.has_value() == isNumeric(Variant(text), regional));
+    if (!number) return;
+    const auto written = typedNumber(number->text, Regional{".", "", regional.dateOrder, "/"});
+    require(written && written->value == number->value && written->text == number->text);
 }
 
 void checkTexts(const std::string& text, const std::string& other) {
@@ -90,6 +99,7 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* bytes, std::size_t siz
     const std::string other = data.ConsumeRandomLengthString(12);
     const std::string text = data.ConsumeRemainingBytesAsString();
     checkNumbers(Variant(text), regional);
+    checkTypedNumber(text, regional);
     // The shortest text of the largest numbers is rounded up, beyond what a number can be.
     if (std::isfinite(number) && std::abs(number) < 1e300) {
         checkNumbers(Variant(number), regional);

@@ -2,7 +2,9 @@
 #include "modules/modIds.h"
 #include "modules/modLenguaje.h"
 #include "runtime/convert.h"
+#include "runtime/error.h"
 #include "runtime/text.h"
+#include "runtime/typed_number.h"
 
 namespace catalogador {
 
@@ -19,10 +21,10 @@ constexpr std::int32_t nameTakenMessage = 301;
 }  // namespace
 
 std::string frmCatalogador::numberForDatabase(const std::string& typed) const {
-    if (!isNumeric(Variant(typed), host_.regional)) return typed;
-    // Statements and columns know the point only, whatever the user's separators are.
-    const std::string plain = replaceText(typed, mstrSeparadorMiles, "", Compare::binary);
-    return replaceText(plain, mstrSeparadorDecimal, ".", Compare::binary);
+    // Statements and columns know one way of writing numbers, whatever the user's is.
+    const auto number = typedNumber(typed, host_.regional);
+    if (!number) throw RuntimeError(error_number::typeMismatch, "Type mismatch");
+    return number->text;
 }
 
 bool frmCatalogador::ValidoCamposObligatorios() {
@@ -99,8 +101,8 @@ void frmCatalogador::replaceValueToken(SqlText& sql, ValueField& field) {
     }
     std::string value = "0";
     if (kind == 1) {
-        const std::string text = trimmed(field.text);
-        if (isNumeric(Variant(text), host_.regional)) value = numberForDatabase(text);
+        if (const auto number = typedNumber(field.text.text(), host_.regional))
+            value = number->text;
     } else if (kind != 2) {
         value = decimalText(field.check.value());
     }
