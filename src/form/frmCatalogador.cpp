@@ -141,6 +141,10 @@ std::int32_t frmCatalogador::codeOfRow(int row) const {
     return toLong(Variant(grdGrilla.code(row)), host_.regional);
 }
 
+bool frmCatalogador::rowHasCode(int row, std::int32_t code) const {
+    return equalValues(Variant(grdGrilla.code(row)), Variant(code), host_.regional).value_or(false);
+}
+
 void frmCatalogador::openRecords() {
     if (mrdoCBase == nullptr)
         throw RuntimeError(error_number::objectNotSet, "Object variable not set");

@@ -162,6 +162,8 @@ class frmCatalogador : public Window {
 
   private:
     class OpenForm;
+    /// Width of the narrow last column, which no listing fills, in twips.
+    static constexpr int extraColumnWidth = 90;
 
     void placeDesign();
     void wireEvents();
@@ -194,8 +196,6 @@ class frmCatalogador : public Window {
     void showValueField(ValueField& field, int column);
     void placeCheck(CheckBox& check, const std::string& caption);
 
-    /// The narrow last column, which no listing fills.
-    void addExtraColumn();
     void hideColumnsOfOtherKeys();
     void setGridWidths();
     void setGridAlignments(const std::string& alignments);
@@ -220,7 +220,7 @@ class frmCatalogador : public Window {
     void setGridCheck(int row, int number, const ListColumn& column, const ListColumn& codes,
                       std::size_t index);
     /// Writes the rows shown to the file; the extra column is away meanwhile, and stays away until
-    /// the next start when that fails.
+    /// the next load when that fails.
     void saveGrid(const SaveChoice& choice);
     void sortAsLoaded();
     void sortAsRemembered();
@@ -265,6 +265,8 @@ class frmCatalogador : public Window {
     /// The text of a column of the form's resultset; Null gives the empty text.
     [[nodiscard]] std::string textOrEmpty(const char* column) const;
     [[nodiscard]] std::int32_t codeOfRow(int row) const;
+    /// Whether that is the row's code, however the listing writes it.
+    [[nodiscard]] bool rowHasCode(int row, std::int32_t code) const;
     /// Opens mstrSQL as the form's resultset. What data access says of a text that cannot be used
     /// is said in the screen's language.
     void openRecords();
@@ -291,6 +293,8 @@ class frmCatalogador : public Window {
     std::string mstrSQLDuplicados;
     std::int16_t mintIdAyuda = 0;
     bool mblnAnchoCambiado = false;
+    /// Whether the metadata has a row for the view.
+    bool viewIsKnown_ = false;
     std::string mstrModo = "0";
 
     /// Required flag (2k) and duplicate flag (2k + 1) of field k.

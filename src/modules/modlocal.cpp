@@ -4,11 +4,15 @@
 #include "modules/modIds.h"
 #include "modules/modLenguaje.h"
 #include "runtime/convert.h"
+#include "runtime/error.h"
 #include "runtime/text.h"
 
 namespace catalogador {
 
 namespace {
+
+/// Option, right and whether the company counts.
+constexpr std::size_t elementsOfRule = 3;
 
 struct ViewAccess {
     std::string rule;
@@ -34,8 +38,9 @@ ViewAccess readViewAccess(Host& host, rdoConnection& conexion, std::int16_t idVi
 /// Whether the user has the right that the view's rule asks for; says so to the user when not.
 bool ruleAllows(Host& host, rdoConnection& conexion, const ViewAccess& access, std::int16_t empresa,
                 std::int32_t& usuario) {
-    std::vector<std::string> parts = splitText(access.rule, "|");
-    parts.resize(3);
+    const std::vector<std::string> parts = splitText(access.rule, "|");
+    if (parts.size() < elementsOfRule)
+        throw RuntimeError(error_number::subscriptOutOfRange, "Subscript out of range");
     const std::int16_t company = leadingNumber(parts[2]) == 0 ? std::int16_t{0} : empresa;
     std::string permisos;
     // Rights of a rule are kept without an application key, whatever the host's key is.

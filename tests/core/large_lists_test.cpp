@@ -154,7 +154,8 @@ TEST(LargeLists, CodesAreFoundWhetherNumbersOrTexts) {
     grid.setCode(grid.addRow(), "007");
     EXPECT_EQ(grid.findCode(5), 1);
     EXPECT_EQ(grid.findCode("007"), 6);
-    EXPECT_EQ(grid.findCode(7), 0);
+    EXPECT_EQ(grid.findCode(7), 6);
+    EXPECT_EQ(grid.findCode("7"), 0);
     EXPECT_EQ(grid.code(2), "-7");
     grid.setText(1, 0, "z");
     grid.sort(0, sort_order::ascending);

@@ -37,6 +37,37 @@ TEST(RecordGrid, AFormatStringFixesTheNumberOfColumns) {
     EXPECT_EQ(grid.columnWidth(1), RecordGrid::defaultColumnWidth);
 }
 
+TEST(RecordGrid, TheExtraColumnIsThereOnceOrNotAtAll) {
+    RecordGrid grid("g");
+    grid.setFormatString("A|B");
+    grid.removeExtraColumn();
+    EXPECT_EQ(grid.columns(), 2);
+    EXPECT_EQ(grid.listColumns(), 2);
+    for (int time = 0; time < 2; ++time) {
+        grid.addExtraColumn(90);
+        EXPECT_EQ(grid.columns(), 3);
+        EXPECT_EQ(grid.listColumns(), 2);
+        EXPECT_EQ(grid.columnWidth(2), 90);
+    }
+    for (int time = 0; time < 2; ++time) {
+        grid.removeExtraColumn();
+        EXPECT_EQ(grid.columns(), 2);
+        EXPECT_EQ(grid.header(1), "B");
+    }
+}
+
+TEST(RecordGrid, AColumnShowsChecksWhenItIsMadeForThemOrHasSome) {
+    RecordGrid grid("g");
+    fill(grid, {{"x"}, {"y"}});
+    EXPECT_FALSE(grid.columnHasChecks(1));
+    grid.setCheck(2, 1, CheckState::checked);
+    EXPECT_TRUE(grid.columnHasChecks(1));
+    EXPECT_FALSE(grid.columnIsBoolean(1));
+    EXPECT_FALSE(grid.columnHasChecks(0));
+    grid.setColumnBoolean(0, true);
+    EXPECT_TRUE(grid.columnHasChecks(0));
+}
+
 TEST(RecordGrid, AnEmptyFormatStringChangesNothing) {
     RecordGrid grid("g");
     grid.setFormatString("");

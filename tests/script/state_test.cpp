@@ -146,7 +146,8 @@ TEST_F(StateOfForm, KeysActionsByTheirNumber) {
 class PrintedRows : public testing::Test {
   protected:
     PrintedRows() {
-        grid_.setFormatString("Nombre|Activo|");
+        grid_.setFormatString("Nombre|Activo");
+        grid_.addExtraColumn(90);
         grid_.setColumnBoolean(1, true);
         for (const char* name : {"Ana", "Bea", "Carla"}) {
             const int row = grid_.addRow();

@@ -62,7 +62,7 @@ ColumnKind kindOfColumn(const RecordGrid& grid, int column, const Regional& regi
     ColumnKind found;
     const int rows = grid.visibleRows();
     if (rows > 0) found.alignment = grid.alignment(grid.visibleRow(0), column);
-    if (grid.columnIsBoolean(column)) {
+    if (grid.columnHasChecks(column)) {
         found.kind = ColumnKind::Kind::boolean;
         return found;
     }

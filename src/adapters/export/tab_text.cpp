@@ -25,7 +25,7 @@ void appendCell(std::string& line, std::string_view text) {
 }
 
 void appendCell(std::string& line, const RecordGrid& grid, int row, int column) {
-    if (!grid.columnIsBoolean(column)) return appendCell(line, grid.text(row, column));
+    if (!grid.columnHasChecks(column)) return appendCell(line, grid.text(row, column));
     const CheckState state = grid.check(row, column);
     if (state != CheckState::none) line += state == CheckState::checked ? "TRUE" : "FALSE";
 }

@@ -8,7 +8,7 @@ namespace {
 
 Json checkOf(const RecordGrid& grid, int row, int column) {
     const CheckState state = grid.check(row, column);
-    if (!grid.columnIsBoolean(column) || state == CheckState::none) return nullptr;
+    if (state == CheckState::none) return nullptr;
     return static_cast<int>(state);
 }
 
@@ -16,7 +16,7 @@ Json rowOf(const RecordGrid& grid, int row) {
     Json cells = Json::array();
     Json checks = Json::array();
     Json align = Json::array();
-    for (int column = 0; column < grid.columns() - 1; ++column) {
+    for (int column = 0; column < grid.listColumns(); ++column) {
         cells.push_back(grid.text(row, column));
         checks.push_back(checkOf(grid, row, column));
         align.push_back(grid.alignment(row, column));

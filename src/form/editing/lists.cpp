@@ -29,7 +29,7 @@ std::string frmCatalogador::gridCodes() const {
 std::string frmCatalogador::uncheckedCodes() const {
     std::string codes;
     for (int row = RecordGrid::fixedRows; row < grdGrilla.rows(); ++row) {
-        const bool current = codeOfRow(row) == mlngIdDato;
+        const bool current = rowHasCode(row, mlngIdDato);
         const bool unticked = current ? chkValorSiNo.value() == 0
                                       : grdGrilla.check(row, tickColumn) != CheckState::checked;
         if (unticked) appendCode(codes, grdGrilla.code(row));

@@ -169,7 +169,7 @@ bool frmCatalogador::ValidarClasificacion(std::int32_t codigo, const std::string
     return trap("ValidarClasificacion", true, [&] {
         std::string others;
         for (int row = RecordGrid::fixedRows; row < grdGrilla.rows(); ++row) {
-            if (codeOfRow(row) == codigo) continue;
+            if (rowHasCode(row, codigo)) continue;
             if (!others.empty()) others += ",";
             others += grdGrilla.code(row);
         }

@@ -11,7 +11,6 @@ namespace catalogador {
 namespace {
 
 constexpr int twipsPerHeaderCharacter = 15;
-constexpr int extraColumnWidth = 90;
 constexpr int narrowestForm = 5700;
 constexpr int formMargin = 500;
 
@@ -37,15 +36,10 @@ void frmCatalogador::InicializarGrilla() {
         mstrAnchoColumnas = text("ABMColumnasAncho");
         setGridWidths();
         setGridAlignments(text("ABMColumnasAlineacion"));
-        addExtraColumn();
+        grdGrilla.addExtraColumn(extraColumnWidth);
         grdGrilla.clearRows();
         setGridAppearance();
     });
-}
-
-void frmCatalogador::addExtraColumn() {
-    grdGrilla.setColumns(grdGrilla.columns() + 1);
-    grdGrilla.setColumnWidth(grdGrilla.columns() - 1, extraColumnWidth);
 }
 
 void frmCatalogador::hideColumnsOfOtherKeys() {

@@ -66,7 +66,7 @@ void frmCatalogador::grdGrilla_MouseUp(MouseButton button, int row, int column) 
 }
 
 void frmCatalogador::grdGrilla_Sort(int column, int order) {
-    if (column == grdGrilla.columns() - 1) {
+    if (column >= grdGrilla.listColumns()) {
         grdGrilla.setSortIndicator(indicatorNone);
         return;
     }
@@ -86,7 +86,7 @@ void frmCatalogador::grdGrilla_Sort(int column, int order) {
 void frmCatalogador::grdGrilla_AfterUserResize() {
     trap("grdGrilla_AfterUserResize", [&] {
         std::string widths = decimalText(grdGrilla.columnWidth(0));
-        for (int column = 1; column <= grdGrilla.columns() - 2; ++column)
+        for (int column = 1; column < grdGrilla.listColumns(); ++column)
             widths += "|" + decimalText(grdGrilla.columnWidth(column));
         mstrAnchoColumnas = widths;
         mblnAnchoCambiado = true;

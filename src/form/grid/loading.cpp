@@ -84,9 +84,10 @@ class frmCatalogador::Loading {
 void frmCatalogador::CargarGrilla() {
     trap("CargarGrilla", [&] {
         if (!mstrModo.empty()) grdGrilla.clearRows();
+        if (grdGrilla.columns() > 0) grdGrilla.addExtraColumn(extraColumnWidth);
         mstrSQL = listingStatement();
         const PointerDuring hourglass(surface());
-        if (!mstrSQL.empty()) {
+        if (viewIsKnown_) {
             const Loading loading(*this);
             const bool opened = openListing();
             const RedrawOff quiet(grdGrilla);
@@ -178,8 +179,9 @@ void frmCatalogador::appendPart(std::vector<ListColumn>& list, std::size_t from,
         } else if (!column.bit) {
             grdGrilla.setTexts(first, number - 1, trimmed(texts));
         } else {
-            // A first row that holds Null must not take the check boxes away from the others.
-            grdGrilla.setColumnBoolean(number - 1, true);
+            const bool starts = from < to && first == RecordGrid::fixedRows;
+            if (starts && texts.front().data() != nullptr)
+                grdGrilla.setColumnBoolean(number - 1, true);
             for (std::size_t i = from; i < to; ++i)
                 setGridCheck(first + static_cast<int>(i - from), number, column, list.front(), i);
         }
@@ -241,14 +243,16 @@ void frmCatalogador::sortAsRemembered() {
 }
 
 std::string frmCatalogador::BuscarTextoLista(std::int16_t lista, std::int32_t clave) {
-    const PointerDuring hourglass(surface());
-    const auto rows = mrdoCBase->OpenResultset(
-        "Select * From genListas Where LisIdLista = " + decimalText(lista) +
-        " And LisIDClave = " + decimalText(clave));
-    std::string text;
-    if (!rows->atEnd()) text = toTextOrEmpty(rows->value("LisLista"), host_.regional);
-    rows->Close();
-    return text;
+    return trap("BuscarTextoLista", std::string(), [&] {
+        const PointerDuring hourglass(surface());
+        const auto rows = mrdoCBase->OpenResultset(
+            "Select * From genListas Where LisIdLista = " + decimalText(lista) +
+            " And LisIDClave = " + decimalText(clave));
+        std::string text;
+        if (!rows->atEnd()) text = toTextOrEmpty(rows->value("LisLista"), host_.regional);
+        rows->Close();
+        return text;
+    });
 }
 
 }  // namespace catalogador

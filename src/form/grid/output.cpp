@@ -139,7 +139,7 @@ void frmCatalogador::AccionExportarDatosGrilla() {
 
 void frmCatalogador::saveGrid(const SaveChoice& choice) {
     const UnmarkedSelection unmarked(grdGrilla);
-    grdGrilla.setColumns(grdGrilla.columns() - 1);
+    grdGrilla.removeExtraColumn();
     if (const std::optional<int> format = formatOf(choice.filterIndex)) {
         GridFileOptions options;
         options.title = caption();
@@ -150,7 +150,7 @@ void frmCatalogador::saveGrid(const SaveChoice& choice) {
         host_.gridFiles.save(grdGrilla, choice.path, *format, options);
     }
     host_.surface.processEvents();
-    addExtraColumn();
+    grdGrilla.addExtraColumn(extraColumnWidth);
 }
 
 void frmCatalogador::AccionImprimirDatosGrilla() {

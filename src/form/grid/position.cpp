@@ -8,7 +8,8 @@ namespace catalogador {
 void frmCatalogador::FiltrarGrilla(std::string& texto) {
     trap("FiltrarGrilla", [&] {
         texto = "*" + upperCase(texto) + "*";
-        grdGrilla.filter(LikePattern(texto));
+        // Only a row that is tested shows that a pattern is none.
+        if (hasDataRows() && grdGrilla.columns() > 0) grdGrilla.filter(LikePattern(texto));
     });
 }
 

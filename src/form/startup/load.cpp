@@ -48,10 +48,8 @@ void frmCatalogador::openAtStart() {
     if (mlngIdDato >= 1) {
         // A code that is not in the list must not open the record that happens to be selected.
         const int row = grdGrilla.row();
-        if (row >= RecordGrid::fixedRows && codeOfRow(row) == mlngIdDato)
-            AccionModificar();
-        else
-            mlngIdDato = 0;
+        if (row >= RecordGrid::fixedRows && rowHasCode(row, mlngIdDato)) AccionModificar();
+        if (browsing()) mlngIdDato = 0;
     } else if (mlngIdDato == -1) {
         txtTexto1.setText(mstrValorTexto1);
         AccionNuevo();
@@ -68,7 +66,8 @@ void frmCatalogador::InicializarForm() {
         const PointerDuring hourglass(surface());
         mstrSQL = "Select * From Catalogador Where ABMIDFormVista = " + decimalText(mlngIdVista);
         openRecords();
-        if (!mrdoRegistro->atEnd()) {
+        viewIsKnown_ = !mrdoRegistro->atEnd();
+        if (viewIsKnown_) {
             readViewRow();
             InicializarGrilla();
         }

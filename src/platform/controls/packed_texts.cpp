@@ -5,6 +5,7 @@
 #include <limits>
 #include <optional>
 
+#include "platform/controls/cell_number.h"
 #include "runtime/error.h"
 #include "runtime/text.h"
 
@@ -112,6 +113,14 @@ void PackedCodes::becomeTexts() {
 void PackedCodes::shrink() {
     numbers_.shrink();
     texts_.shrink();
+}
+
+std::vector<std::uint32_t> PackedCodes::rowsWithNumber(std::int32_t code) const {
+    if (!areTexts_) return rowsWith(decimalText(code));
+    std::vector<std::uint32_t> rows;
+    for (std::size_t row = 0; row < texts_.rows(); ++row)
+        if (cellNumber(texts_.at(row)) == code) rows.push_back(static_cast<std::uint32_t>(row));
+    return rows;
 }
 
 std::vector<std::uint32_t> PackedCodes::rowsWith(std::string_view code) const {

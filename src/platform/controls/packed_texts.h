@@ -62,6 +62,8 @@ class PackedCodes {
     void shrink();
     /// The rows that have this code, in ascending order.
     [[nodiscard]] std::vector<std::uint32_t> rowsWith(std::string_view code) const;
+    /// The rows whose code is that number however it is written, in ascending order.
+    [[nodiscard]] std::vector<std::uint32_t> rowsWithNumber(std::int32_t code) const;
 
   private:
     void becomeTexts();

@@ -37,7 +37,19 @@ void RecordGrid::clearRows() {
 
 void RecordGrid::setColumns(int count) {
     columns_.resize(static_cast<std::size_t>(std::max(0, count)));
+    extraColumn_ = false;
     changedWhenDrawn();
+}
+
+void RecordGrid::addExtraColumn(int twips) {
+    if (extraColumn_) return;
+    setColumns(columns() + 1);
+    extraColumn_ = true;
+    setColumnWidth(columns() - 1, twips);
+}
+
+void RecordGrid::removeExtraColumn() {
+    if (extraColumn_) setColumns(columns() - 1);
 }
 
 void RecordGrid::setFormatString(std::string_view headers) {
@@ -90,6 +102,10 @@ bool RecordGrid::columnIsBoolean(int column) const {
 }
 void RecordGrid::setColumnBoolean(int column, bool boolean) {
     columnAt(column).boolean = boolean;
+}
+
+bool RecordGrid::columnHasChecks(int column) const {
+    return columnAt(column).boolean || columnAt(column).checks.size() > 0;
 }
 
 int RecordGrid::addRow() {
@@ -171,11 +187,14 @@ void RecordGrid::packRows() {
 }
 
 int RecordGrid::findCode(std::int32_t code) const {
-    return findCode(decimalText(code));
+    return firstOf(codes_.rowsWithNumber(code));
 }
 
 int RecordGrid::findCode(std::string_view code) const {
-    const std::vector<std::uint32_t> found = codes_.rowsWith(code);
+    return firstOf(codes_.rowsWith(code));
+}
+
+int RecordGrid::firstOf(const std::vector<std::uint32_t>& found) const {
     if (found.empty()) return 0;
     if (order_.empty()) return fixedRows + static_cast<int>(found.front());
     const auto first = found.size() == 1

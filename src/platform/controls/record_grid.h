@@ -67,8 +67,15 @@ class RecordGrid : public Control {
     [[nodiscard]] int columns() const { return static_cast<int>(columns_.size()); }
     /// New columns have no header, the default width and no alignment code.
     void setColumns(int count);
-    /// Headers separated by "|"; their number becomes the number of columns. An empty text changes
-    /// nothing.
+    /// Number of columns that a listing can fill: all but the extra one.
+    [[nodiscard]] int listColumns() const { return columns() - (extraColumn_ ? 1 : 0); }
+    /// The extra column stands last, has no header and is filled by no listing. It is there once
+    /// or not at all: adding it again and removing it again change nothing.
+    [[nodiscard]] bool hasExtraColumn() const { return extraColumn_; }
+    void addExtraColumn(int twips);
+    void removeExtraColumn();
+    /// Headers separated by "|"; their number becomes the number of columns, none of them extra. An
+    /// empty text changes nothing.
     void setFormatString(std::string_view headers);
 
     [[nodiscard]] const std::string& header(int column) const;
@@ -81,6 +88,9 @@ class RecordGrid : public Control {
     void setColumnHidden(int column, bool hidden);
     [[nodiscard]] bool columnIsBoolean(int column) const;
     void setColumnBoolean(int column, bool boolean);
+    /// Whether cells of the column show a check box: those of a check-box column, and those of
+    /// another one that were given a state.
+    [[nodiscard]] bool columnHasChecks(int column) const;
 
     /// Appends an empty row and gives its number. Appended rows come last whatever the sort.
     int addRow();
@@ -115,7 +125,8 @@ class RecordGrid : public Control {
     [[nodiscard]] int visibleIndex(int row) const;
     /// Which visible data row is the first from that row on; visibleRows() when all are hidden.
     [[nodiscard]] int visibleIndexFrom(int row) const;
-    /// The first row whose code is that number, 0 when there is none.
+    /// The first row whose code is that number, however it is written ("007"); 0 when there is
+    /// none.
     [[nodiscard]] int findCode(std::int32_t code) const;
     /// The same for the code as text.
     [[nodiscard]] int findCode(std::string_view code) const;
@@ -156,7 +167,6 @@ class RecordGrid : public Control {
     std::function<void(MouseButton button, int row, int column)> onMouseUp;
     std::function<void(int row, int column)> onAfterUserResize;
     std::function<void(int column, int order)> onSort;
-    std::function<void()> onEnter;
 
     /// Input from a surface: a click selects the cell (data rows only) and raises onMouseUp.
     void userClicked(MouseButton button, int row, int column);
@@ -181,6 +191,8 @@ class RecordGrid : public Control {
     [[nodiscard]] std::size_t storedAt(std::size_t n) const {
         return order_.empty() ? n : order_[n];
     }
+    /// The row number of the first of these stored rows, 0 when there is none.
+    [[nodiscard]] int firstOf(const std::vector<std::uint32_t>& found) const;
     [[nodiscard]] const Column& columnAt(int column) const;
     Column& columnAt(int column);
     void rowsChanged();
@@ -208,6 +220,7 @@ class RecordGrid : public Control {
     int sortColumn_ = -1;
     int sortOrder_ = sort_order::none;
     int sortIndicator_ = 0;
+    bool extraColumn_ = false;
     bool redraw_ = true;
     GridAppearance appearance_;
 };

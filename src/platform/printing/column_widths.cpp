@@ -80,7 +80,7 @@ std::vector<int> leastWidths(const RecordGrid& grid, TextFit& body, TextFit& hea
     for (int column = 0; column < grid.columns(); ++column) {
         if (!isPrinted(grid, column)) continue;
         int word = header.widestWord(grid.header(column));
-        if (!grid.columnIsBoolean(column))
+        if (!grid.columnHasChecks(column))
             word = std::max(word, widestUsualWordOf(grid, column, body));
         least[static_cast<std::size_t>(column)] = std::max(narrowestColumn, word + 2 * usualMargin);
     }

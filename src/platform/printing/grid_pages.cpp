@@ -27,7 +27,7 @@ int alignOf(int gridAlignment) {
 }
 
 std::string cellText(const RecordGrid& grid, int row, int column) {
-    if (!grid.columnIsBoolean(column)) return std::string(grid.text(row, column));
+    if (!grid.columnHasChecks(column)) return std::string(grid.text(row, column));
     const CheckState state = grid.check(row, column);
     if (state == CheckState::none) return "";
     return state == CheckState::checked ? "☑" : "☐";
@@ -87,7 +87,7 @@ class GridPages {
         for (const Cell& cell : cells) {
             const int width = widths_[static_cast<std::size_t>(cell.column)];
             const int margin = cellMargin(width);
-            const int align = grid_.columnIsBoolean(cell.column)
+            const int align = grid_.columnHasChecks(cell.column)
                                   ? print_align::centre
                                   : alignOf(alignmentOf(cell.column));
             int top = top_ + rowMargin;
