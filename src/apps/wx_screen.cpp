@@ -44,6 +44,7 @@ class WxScreen : public RealScreen {
     void setModalRunner(std::function<void(Window&)> runner) override {
         surface_.setModalRunner(std::move(runner));
     }
+    void settle(Window& window) override { surface_.settle(window); }
     [[nodiscard]] std::vector<std::string> differences(Window& window) override {
         return surface_.differences(window);
     }

@@ -71,6 +71,9 @@ class Surface {
     static constexpr int unknownTotal = -1;
     virtual bool progress(Window& /*window*/, int /*done*/, int /*total*/) { return true; }
 
+    /// A short sound that tells the user that not all could be done.
+    virtual void beep() {}
+
     /// Lets the desktop handle what is pending, such as painting.
     virtual void processEvents() = 0;
 };

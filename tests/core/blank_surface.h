@@ -12,6 +12,7 @@ class BlankSurface : public Surface {
   public:
     int focusChanges = 0;
     int controlChanges = 0;
+    int beeps = 0;
 
     void open(Window&) override {}
     void showModal(Window&) override {}
@@ -33,6 +34,7 @@ class BlankSurface : public Surface {
     [[nodiscard]] Rect clientRect(const Window& window) const override {
         return {0, 0, window.place().width - 100, window.place().height - 1000};
     }
+    void beep() override { ++beeps; }
     void processEvents() override {}
 };
 

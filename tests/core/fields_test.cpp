@@ -2,11 +2,22 @@
 
 #include <gtest/gtest.h>
 
+#include "blank_surface.h"
 #include "platform/controls/keys.h"
 #include "runtime/error.h"
 
 namespace catalogador {
 namespace {
+
+class PairWindow : public Window {
+  public:
+    explicit PairWindow(Surface& surface) : Window(surface) {
+        add(box);
+        add(other);
+    }
+    TextBox box{"box"};
+    TextBox other{"other"};
+};
 
 void type(TextBox& box, const std::u32string& text) {
     for (const char32_t c : text) box.defaultCharacter(c);
@@ -61,6 +72,72 @@ TEST(TextBox, ShiftExtendsTheSelectionBothWays) {
     box.defaultKey(key::right, modifier::shift);
     EXPECT_EQ(box.selStart(), 1U);
     EXPECT_EQ(box.selLength(), 1U);
+}
+
+TEST(TextBox, PastingMakesOneLineWithoutBlanksAtItsEnds) {
+    TextBox box("t");
+    const auto pasted = [&](const char* text) {
+        box.setText("");
+        box.paste(text);
+        return box.text();
+    };
+    EXPECT_EQ(pasted("\r\n  uno\r\ndos\ttres\rcuatro\n"), "uno dos tres cuatro");
+    EXPECT_EQ(pasted("a\u2028b\u2029c\u0085d\x0B e"), "a b c d  e");
+    EXPECT_EQ(pasted("nul\x01\x7F\u009F!"), "nul!");
+    EXPECT_EQ(pasted("  a  b  "), "a  b");
+}
+
+TEST(TextBox, PastingReplacesTheSelectionAndIsCutToWhatFits) {
+    BlankSurface surface;
+    PairWindow window(surface);
+    TextBox& box = window.box;
+    box.setMaxLength(6);
+    box.setText("España");
+    box.select(2, 3);
+    box.paste("ñandú");
+    EXPECT_EQ(box.text(), "Esñana");
+    EXPECT_EQ(box.selStart(), 5U);
+    EXPECT_EQ(box.selLength(), 0U);
+    EXPECT_EQ(surface.beeps, 1);
+    box.paste("x");
+    EXPECT_EQ(box.text(), "Esñana");
+    EXPECT_EQ(surface.beeps, 2);
+    box.setMaxLength(0);
+    box.paste("y");
+    EXPECT_EQ(surface.beeps, 2);
+}
+
+TEST(TextBox, PastingNothingLeavesWhatIsThere) {
+    TextBox box("t");
+    box.setText("España");
+    box.select(0, 6);
+    box.paste(" \n\t ");
+    EXPECT_EQ(box.text(), "España");
+    EXPECT_EQ(box.selLength(), 6U);
+}
+
+TEST(TextBox, ControlZBringsBackTheTextOnEntryAndThenWhatWasTyped) {
+    BlankSurface surface;
+    PairWindow window(surface);
+    TextBox& box = window.box;
+    const auto undo = [&] { box.defaultKey('Z', modifier::control); };
+    box.setText("España");
+    window.setFocus(box);
+    undo();
+    EXPECT_EQ(box.text(), "España") << "nothing was typed";
+    box.select(0, 6);
+    type(box, U"Perú");
+    undo();
+    EXPECT_EQ(box.text(), "España");
+    EXPECT_EQ(box.selLength(), 6U);
+    undo();
+    EXPECT_EQ(box.text(), "Perú");
+    window.setFocus(window.other);
+    window.setFocus(box);
+    type(box, U"x");
+    undo();
+    EXPECT_EQ(box.text(), "Perú") << "the text on the entry that was last";
+    EXPECT_FALSE(box.defaultKey('Z', 0));
 }
 
 TEST(ComboBox, FindsAnEntryByItsCode) {

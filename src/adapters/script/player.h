@@ -79,6 +79,7 @@ class Player {
     void actionLine(Arguments& line);
     void keyLine(Arguments& line);
     void typeLine(Arguments& line);
+    void pasteLine(Arguments& line);
     void focusLine(Arguments& line);
     void setLine(Arguments& line);
     void selectLine(Arguments& line);

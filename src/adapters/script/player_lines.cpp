@@ -17,6 +17,7 @@ const std::vector<Player::Command>& Player::commands() {
         {"action", Needs::window, true, &Player::actionLine},
         {"key", Needs::window, false, &Player::keyLine},
         {"type", Needs::window, true, &Player::typeLine},
+        {"paste", Needs::window, true, &Player::pasteLine},
         {"focus", Needs::window, true, &Player::focusLine},
         {"set", Needs::window, true, &Player::setLine},
         {"select", Needs::window, true, &Player::selectLine},
@@ -58,6 +59,12 @@ void Player::typeLine(Arguments& line) {
     const std::string text = line.text("the text");
     line.end();
     typeText(top(), text);
+}
+
+void Player::pasteLine(Arguments& line) {
+    const std::string text = line.text("the text");
+    line.end();
+    pasteText(top(), text);
 }
 
 void Player::focusLine(Arguments& line) {
@@ -116,6 +123,7 @@ void Player::windowLine(Arguments& line) {
     }
     line.end();
     placeWindow(top(), place, state);
+    stage_.screen.settle(top());
 }
 
 void Player::closeLine(Arguments& line) {

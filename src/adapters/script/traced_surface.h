@@ -47,6 +47,7 @@ class TracedSurface : public Surface {
     bool progress(Window& window, int done, int total) override {
         return inner_.progress(window, done, total);
     }
+    void beep() override { inner_.beep(); }
     void processEvents() override { inner_.processEvents(); }
 
   protected:

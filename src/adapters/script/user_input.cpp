@@ -85,6 +85,13 @@ void typeText(Window& window, std::string_view text) {
         window.typeCharacter(nextCharacter(text, at));
 }
 
+void pasteText(Window& window, std::string_view text) {
+    if (window.focus() == nullptr) throw Refusal("no control has the focus");
+    auto* box = dynamic_cast<TextBox*>(window.focus());
+    if (box == nullptr) throw Refusal("nothing can be pasted into " + window.focus()->name());
+    box->paste(text);
+}
+
 void focusControl(Window& window, const std::string& name) {
     Control& control = require(window, name);
     if (!control.focusable()) throw Refusal(name + " cannot take the focus");

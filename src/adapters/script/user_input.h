@@ -14,6 +14,8 @@ namespace catalogador {
 void pressKeyNamed(Window& window, std::string_view name);
 /// Types into the control with the focus.
 void typeText(Window& window, std::string_view text);
+/// Puts a text into the text box with the focus as the clipboard does.
+void pasteText(Window& window, std::string_view text);
 /// Clicks into a control.
 void focusControl(Window& window, const std::string& name);
 /// Replaces the text of a text box by typing; an empty text empties it.

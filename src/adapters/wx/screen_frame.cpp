@@ -10,6 +10,8 @@
 #include "adapters/wx/grid_view.h"
 #include "adapters/wx/host_windows.h"
 #include "adapters/wx/icons.h"
+#include "adapters/wx/text_entry.h"
+#include "adapters/wx/window_answer.h"
 #include "platform/controls/keys.h"
 #include "platform/controls/record_grid.h"
 
@@ -126,12 +128,24 @@ wxWindow* ScreenFrame::nativeOf(const Control& control) const {
 
 void ScreenFrame::applyWindow() {
     windowChanged_ = true;
-    if (syncing_ || window_.state() != WindowState::normal) return;
+    if (syncing_) return;
+    const bool iconic = window_.state() == WindowState::minimized;
+    if (IsShown() && iconic != iconic_) {
+        iconic_ = iconic;
+        awaitsIconic_ = true;
+        Iconize(iconic);
+    }
+    if (window_.state() != WindowState::normal) return;
     const Rect& place = window_.place();
     const wxRect pixels(pixelsOf(*this, place.left), pixelsOf(*this, place.top),
                         pixelsOf(*this, place.width), pixelsOf(*this, place.height));
     appliedSize_ = pixels.GetSize();
     if (GetRect() != pixels) SetSize(pixels);
+}
+
+bool ScreenFrame::isSettled() const {
+    const bool iconic = window_.state() == WindowState::minimized;
+    return iconic == IsIconized() && (iconic || hasItsSize(*this));
 }
 
 Rect ScreenFrame::clientRect() const {
@@ -246,6 +260,10 @@ void ScreenFrame::onClose(wxCloseEvent& event) {
 
 void ScreenFrame::onResize() {
     if (released_ || !IsShown()) return;
+    // What comes before the desktop's answer is about the state before.
+    if (awaitsIconic_ && IsIconized() != iconic_) return;
+    awaitsIconic_ = false;
+    iconic_ = IsIconized();
     const WindowState state = IsIconized()    ? WindowState::minimized
                               : IsMaximized() ? WindowState::maximized
                                               : WindowState::normal;
@@ -274,7 +292,9 @@ bool ScreenFrame::handleKey(int keyCode, int modifiers) {
         window_.dispatchCharacter(static_cast<char32_t>(keyCode));
         return true;
     }
-    if (dynamic_cast<RecordGrid*>(focused) != nullptr)
+    // The native text box has no such thing as taking back what was typed.
+    const bool undo = keyCode == 'Z' && modifiers == modifier::control;
+    if (dynamic_cast<RecordGrid*>(focused) != nullptr || undo)
         return focused->defaultKey(keyCode, modifiers);
     return false;
 }
@@ -285,6 +305,9 @@ void ScreenFrame::onKey(wxKeyEvent& event) {
     if (wxGetTopLevelParent(wxDynamicCast(event.GetEventObject(), wxWindow)) != this)
         return event.Skip();
     if (released_) return event.Skip();
+    // An input method that has begun a text has the keys first.
+    wxWindow* const entry = window_.focus() == nullptr ? nullptr : nativeOf(*window_.focus());
+    if (entry != nullptr && isComposing(*entry)) return event.Skip();
     const int code = event.GetKeyCode();
     const int modifiers = modelModifiers(event);
     const bool shortcut = (modifiers & modifier::control) != 0 && code >= 'A' && code <= 'Z';

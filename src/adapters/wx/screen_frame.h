@@ -52,6 +52,8 @@ class ScreenFrame : public wxFrame {
     /// The model goes away: nothing of it is touched from here on, and the window is destroyed.
     void release();
 
+    /// Whether the desktop has done with the window what the model says.
+    [[nodiscard]] bool isSettled() const;
     [[nodiscard]] Rect clientRect() const;
     [[nodiscard]] std::vector<std::string> differences() const;
 
@@ -92,6 +94,10 @@ class ScreenFrame : public wxFrame {
     bool windowChanged_ = true;
     bool syncing_ = false;
     wxSize appliedSize_;
+    /// Whether the window is minimised or the desktop was asked for that, and whether it still has
+    /// to answer.
+    bool iconic_ = false;
+    bool awaitsIconic_ = false;
     /// The room that the controls were laid out in.
     wxSize laidOutSize_;
     wxGUIEventLoop* loop_ = nullptr;

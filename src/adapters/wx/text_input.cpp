@@ -1,8 +1,10 @@
 #include "adapters/wx/text_input.h"
 
-#include <algorithm>
+#include <wx/clipbrd.h>
+#include <wx/dataobj.h>
 
 #include "adapters/wx/appearance.h"
+#include "adapters/wx/text_entry.h"
 #include "platform/controls/window.h"
 #include "runtime/text.h"
 
@@ -16,6 +18,28 @@ void takeFromNative(const wxTextCtrl& native, TextBox& box) {
     native.GetSelection(&from, &to);
     box.userEdited(utf8Text(native.GetValue()), static_cast<std::size_t>(from),
                    static_cast<std::size_t>(to - from));
+}
+
+std::string clipboardText(bool selection) {
+    wxTextDataObject data;
+    wxTheClipboard->UsePrimarySelection(selection);
+    const wxClipboardLocker locked;
+    const bool found = !!locked && wxTheClipboard->GetData(data);
+    wxTheClipboard->UsePrimarySelection(false);
+    return found ? utf8Text(data.GetText()) : std::string();
+}
+
+void pasteInto(wxTextCtrl& native, TextBox& box, const std::string& text) {
+    takeFromNative(native, box);
+    box.paste(text);
+    syncText(native, box);
+}
+
+void pasteSelection(wxTextCtrl& native, TextBox& box, wxMouseEvent& event) {
+    long at = 0;
+    if (native.HitTest(event.GetPosition(), &at) == wxTE_HT_UNKNOWN) return event.Skip();
+    native.SetFocus();
+    pasteAt(native, box, at, clipboardText(true));
 }
 
 void typed(wxTextCtrl& native, TextBox& box, wxKeyEvent& event) {
@@ -37,6 +61,14 @@ void typed(wxTextCtrl& native, TextBox& box, wxKeyEvent& event) {
 
 void bindTextInput(wxTextCtrl& native, TextBox& box) {
     native.Bind(wxEVT_CHAR, [&](wxKeyEvent& event) { typed(native, box, event); });
+    guardEntry(native, box);
+    native.Bind(wxEVT_TEXT_PASTE,
+                [&](wxClipboardTextEvent&) { pasteInto(native, box, clipboardText(false)); });
+#ifdef __WXGTK__
+    // Only there does the middle button paste.
+    native.Bind(wxEVT_MIDDLE_DOWN,
+                [&](wxMouseEvent& event) { pasteSelection(native, box, event); });
+#endif
     native.Bind(wxEVT_TEXT, [&](wxCommandEvent&) { takeFromNative(native, box); });
     native.Bind(wxEVT_SET_FOCUS, [&](wxFocusEvent& event) {
         event.Skip();
@@ -44,13 +76,17 @@ void bindTextInput(wxTextCtrl& native, TextBox& box) {
     });
 }
 
+void pasteAt(wxTextCtrl& native, TextBox& box, long at, const std::string& text) {
+    long from = 0;
+    long to = 0;
+    native.GetSelection(&from, &to);
+    if (at < from || at > to) native.SetSelection(at, at);
+    pasteInto(native, box, text);
+}
+
 void syncText(wxTextCtrl& native, const TextBox& box) {
     // A longer text that the program has set is shown whole; the limit holds for typing.
-    const std::size_t length = lengthInCharacters(box.text());
-    const auto limit = static_cast<std::size_t>(std::max(0, static_cast<int>(box.maxLength())));
-    const std::size_t room = limit == 0 ? 0 : std::max(limit, length);
-    native.SetMaxLength(static_cast<unsigned long>(room));
-    if (native.GetValue() != wxText(box.text())) native.ChangeValue(wxText(box.text()));
+    showText(native, box);
     if (!box.hasFocus()) return;
     long from = 0;
     long to = 0;

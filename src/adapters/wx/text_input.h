@@ -1,6 +1,8 @@
 #pragma once
 #include <wx/textctrl.h>
 
+#include <string>
+
 #include "platform/controls/fields.h"
 
 namespace catalogador {
@@ -8,7 +10,9 @@ namespace catalogador {
 /// Hands what the user types into a native text box to the model: each character through the key
 /// press event, the text as it then stands.
 void bindTextInput(wxTextCtrl& native, TextBox& box);
-/// Brings text, selection and maximum length of the native box to those of the model.
+/// Puts a text at a place, or in the place of the selection when that is there, as pasting does.
+void pasteAt(wxTextCtrl& native, TextBox& box, long at, const std::string& text);
+/// Brings text and selection of the native box to those of the model.
 void syncText(wxTextCtrl& native, const TextBox& box);
 
 }  // namespace catalogador

@@ -9,6 +9,7 @@
 #include <wx/log.h>
 #include <wx/modalhook.h>
 #include <wx/progdlg.h>
+#include <wx/stopwatch.h>
 #include <wx/translation.h>
 #include <wx/utils.h>
 #ifdef __WXMSW__
@@ -262,6 +263,22 @@ Size WxSurface::screenSize() const {
 Rect WxSurface::clientRect(const Window& window) const {
     const ScreenFrame* frame = frameOf(window);
     return frame == nullptr ? Rect{} : frame->clientRect();
+}
+
+void WxSurface::settle(Window& window) {
+    constexpr long longest = 1000;
+    constexpr unsigned long betweenLooks = 5;
+    const wxStopWatch waited;
+    for (;;) {
+        processEvents();
+        const ScreenFrame* frame = frameOf(window);
+        if (frame == nullptr || frame->isSettled() || waited.Time() > longest) return;
+        wxMilliSleep(betweenLooks);
+    }
+}
+
+void WxSurface::beep() {
+    wxBell();
 }
 
 void WxSurface::processEvents() {

@@ -50,6 +50,9 @@ class WxSurface : public Surface {
     [[nodiscard]] Rect clientRect(const Window& window) const override;
     /// A work of more than a second shows how far it is, with a button that stops it.
     bool progress(Window& window, int done, int total) override;
+    void beep() override;
+    /// Waits, a second at most, until the desktop has done with a window what the model says.
+    void settle(Window& window);
     void processEvents() override;
 
     /// The native window of a form, null while it has none.

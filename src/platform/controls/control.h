@@ -64,6 +64,8 @@ class Control {
     [[nodiscard]] Window* window() const { return window_; }
 
   protected:
+    /// The control has got the focus; comes before onGotFocus.
+    virtual void entered() {}
     /// To be called by setters after a change.
     void changed();
 

@@ -1,8 +1,10 @@
 #include "platform/controls/fields.h"
 
 #include <algorithm>
+#include <limits>
 
 #include "platform/controls/keys.h"
+#include "platform/controls/pasted_text.h"
 #include "platform/controls/window.h"
 #include "runtime/error.h"
 #include "runtime/text.h"
@@ -44,7 +46,34 @@ int Panel::textWidth(std::string_view text) const {
 void TextBox::setText(std::string text) {
     text_ = std::move(text);
     selStart_ = selLength_ = 0;
+    entered();
     changed();
+}
+
+void TextBox::entered() {
+    textOnEntry_ = textUndone_ = text_;
+}
+
+void TextBox::undo() {
+    if (text_ == textOnEntry_) {
+        text_ = textUndone_;
+    } else {
+        textUndone_ = text_;
+        text_ = textOnEntry_;
+    }
+    select(0, lengthInCharacters(text_));
+}
+
+void TextBox::paste(std::string_view text) {
+    const std::string line = pastedText(text);
+    const std::size_t kept = lengthInCharacters(text_) - selLength_;
+    const auto limit = static_cast<std::size_t>(maxLength_);
+    const std::size_t room = limit == 0     ? std::numeric_limits<std::size_t>::max()
+                             : limit > kept ? limit - kept
+                                            : 0;
+    const FittedText fitted = fittedText(line, room);
+    if (!fitted.text.empty()) replaceSelection(fitted.text);
+    if (fitted.cut && window() != nullptr) window()->surface().beep();
 }
 
 void TextBox::setMaxLength(int maxLength) {
@@ -116,6 +145,10 @@ bool TextBox::defaultKey(int keyCode, int modifiers) {
         case 'A':
             if ((modifiers & modifier::control) == 0) return false;
             select(0, size);
+            return true;
+        case 'Z':
+            if (modifiers != modifier::control) return false;
+            undo();
             return true;
         default:
             return false;

@@ -47,17 +47,30 @@ class TextBox : public Control {
     /// Both are cut to what the text has.
     void select(std::size_t start, std::size_t length);
 
+    /// Puts a text in the place of the selection as the clipboard does: as pastedText makes it, and
+    /// cut to what fits, which a beep tells. Where nothing is left of it nothing changes.
+    void paste(std::string_view text);
+
     /// A native editor changed the text or the selection. Does not echo back to the surface.
     void userEdited(std::string text, std::size_t selStart, std::size_t selLength);
 
+    /// Ctrl+Z brings the text back that was there when the field was entered or filled, and pressed
+    /// again what was typed since.
     bool defaultKey(int keyCode, int modifiers) override;
     void defaultCharacter(char32_t character) override;
 
+  protected:
+    void entered() override;
+
   private:
+    void undo();
     void replaceSelection(std::string_view with);
     void moveCaret(std::size_t to, bool extend);
 
     std::string text_;
+    /// The text when the field was entered or filled, and what was typed before it came back.
+    std::string textOnEntry_;
+    std::string textUndone_;
     int maxLength_ = 0;
     std::size_t selStart_ = 0;
     std::size_t selLength_ = 0;

@@ -64,7 +64,9 @@ void Window::setFocus(Control& control) {
     focus_ = &control;
     if (before != nullptr && before->onLostFocus) before->onLostFocus();
     if (open_) surface_.focusChanged(*this);
-    if (focus_ == &control && control.onGotFocus) control.onGotFocus();
+    if (focus_ != &control) return;
+    control.entered();
+    if (control.onGotFocus) control.onGotFocus();
 }
 
 void Window::userFocused(Control& control) {

@@ -45,6 +45,7 @@ class DeskScreen : public Surface, public Printer {
     bool progress(Window& window, int done, int total) override {
         return screen().progress(window, done, total);
     }
+    void beep() override { screen().beep(); }
     void processEvents() override { screen().processEvents(); }
 
     std::optional<PrinterChoice> setUp(Window& window) override { return printer().setUp(window); }
