@@ -154,6 +154,8 @@ TEST_P(HelpTexts, AcceleratorsAreThoseOfTheCatalogueBesideTheirAction) {
                   std::string::npos)
             << row;
     }
+    // Taking back what was typed is the text boxes' own key in every language.
+    known.insert("Z");
     for (const std::string& name : namesIn(folder()))
         for (const std::string& letter :
              allBetween(textOf(folder() / name), "<kbd>Ctrl+", "</kbd>"))

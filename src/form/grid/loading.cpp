@@ -87,7 +87,7 @@ void frmCatalogador::CargarGrilla() {
         if (grdGrilla.columns() > 0) grdGrilla.addExtraColumn(extraColumnWidth);
         mstrSQL = listingStatement();
         const PointerDuring hourglass(surface());
-        if (viewIsKnown_) {
+        if (viewIsKnown_ || !mstrSQL.empty()) {
             const Loading loading(*this);
             const bool opened = openListing();
             const RedrawOff quiet(grdGrilla);
