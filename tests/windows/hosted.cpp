@@ -3,7 +3,9 @@
 #include <array>
 #include <cstdlib>
 #include <filesystem>
+#include <fstream>
 
+#include "adapters/desk/desk.h"
 #include "adapters/desk/wide_text.h"
 #include "runtime/convert.h"
 
@@ -157,11 +159,31 @@ void BoxCloser::run() {
             std::string whole = windowText(box) + "\n";
             EnumChildWindows(box, addText, reinterpret_cast<LPARAM>(&whole));
             texts_.push_back(whole);
+            ++count_;
             PostMessageW(box, WM_COMMAND, IDOK, 0);
             while (IsWindow(box) != 0) Sleep(10);
         }
         Sleep(10);
     }
+}
+
+SettingsFile::SettingsFile(const std::string& content)
+    : file_(configurationFolder() / "catalogador" / "catalogador.ini") {
+    std::filesystem::create_directories(file_.parent_path());
+    std::ofstream(file_) << content;
+}
+
+SettingsFile::~SettingsFile() {
+    std::error_code ignored;
+    std::filesystem::remove(file_, ignored);
+}
+
+std::string messageText(std::int32_t number) {
+    constexpr std::int32_t offset = 1000;
+    const AutomationObject texts = created(L"LNG_QTX_001.clsResources");
+    const std::string text =
+        toTextOrEmpty(variantOf(texts.call(L"resLoad", {number + offset}).get()), Regional{});
+    return text.substr(0, text.find("[p]"));
 }
 
 VARIANT integer(SHORT value) {

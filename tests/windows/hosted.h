@@ -2,6 +2,7 @@
 #include <gtest/gtest.h>
 
 #include <atomic>
+#include <filesystem>
 #include <string>
 #include <thread>
 #include <vector>
@@ -62,14 +63,32 @@ class BoxCloser {
     BoxCloser(const BoxCloser&) = delete;
     BoxCloser& operator=(const BoxCloser&) = delete;
     [[nodiscard]] std::vector<std::string> texts();
+    /// How many there were up to now.
+    [[nodiscard]] std::size_t count() const { return count_; }
 
   private:
     void run();
 
     std::atomic<bool> ended_ = false;
+    std::atomic<std::size_t> count_ = 0;
     std::vector<std::string> texts_;
     std::thread thread_;
 };
+
+/// The settings of this user while it lives.
+class SettingsFile {
+  public:
+    explicit SettingsFile(const std::string& content);
+    ~SettingsFile();
+    SettingsFile(const SettingsFile&) = delete;
+    SettingsFile& operator=(const SettingsFile&) = delete;
+
+  private:
+    std::filesystem::path file_;
+};
+
+/// The text of a message in the Spanish library, up to the name of a procedure in it.
+std::string messageText(std::int32_t number);
 
 VARIANT integer(SHORT value);
 VARIANT longInteger(LONG value);

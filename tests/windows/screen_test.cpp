@@ -178,18 +178,91 @@ TEST_F(Screen, LeavesTheHostsProcessAsItWas) {
 
 TEST_F(Screen, IsRefusedOnAnotherThreadThanTheOneThatOpenedIt) {
     EXPECT_TRUE(activate([](HWND) {}));
-    HRESULT elsewhere = S_OK;
+    BoxCloser boxes;
     std::thread([&] {
         const Apartment other;
         const auto there = createdComponent();
+        LONG code = 0;
+        BSTR none = nullptr;
+        const auto opened = [&](SHORT view) {
+            VARIANT_BOOL shown = VARIANT_TRUE;
+            EXPECT_EQ(there->ActivarABM(&view, &code, &none, &shown), S_OK);
+            return shown != VARIANT_FALSE;
+        };
+        EXPECT_FALSE(opened(5)) << "there is no connection";
+        DemoConnection connection;
+        there->putref_Coneccion(connection.object().get());
+        EXPECT_FALSE(opened(0));
+        EXPECT_FALSE(opened(-1));
+        EXPECT_EQ(boxes.count(), 0U) << "nothing of that is told";
+        EXPECT_FALSE(opened(5)) << "the windows belong to the thread that opened them";
+    }).join();
+    const auto texts = boxes.texts();
+    ASSERT_EQ(texts.size(), 1U);
+    EXPECT_NE(texts[0].find("another thread of this program"), std::string::npos) << texts[0];
+    EXPECT_NE(texts[0].find(messageText(901)), std::string::npos) << texts[0];
+}
+
+TEST_F(Screen, GoesOnWithItsConnectionWhenTheHostLetsGoOfItMeanwhile) {
+    for (const bool ofThisProject : {false, true}) {
+        auto own = std::make_unique<DemoConnection>();
+        component_->putref_Coneccion(ofThisProject ? own->object().get()
+                                                   : asForeign(own->object().get()).get());
+        host_.onMessage = [&] {
+            component_->putref_Coneccion(nullptr);
+            own.reset();
+        };
+        BoxCloser boxes;
+        bool editing = false;
+        EXPECT_TRUE(activate([&](HWND window) {
+            host_.post();
+            Sleep(500);
+            constexpr int modify = 4;
+            constexpr int cancel = 7;
+            PostMessageW(window, WM_COMMAND, modify, 0);
+            Sleep(1000);
+            editing = (GetMenuState(GetMenu(window), cancel, MF_BYCOMMAND) & MF_GRAYED) == 0;
+            PostMessageW(window, WM_COMMAND, cancel, 0);
+            Sleep(500);
+        }));
+        EXPECT_EQ(own, nullptr);
+        EXPECT_TRUE(editing) << "the record was read after the host had let go";
+        const auto texts = boxes.texts();
+        EXPECT_TRUE(texts.empty()) << texts.front();
+        host_.onMessage = nullptr;
         SHORT view = 5;
         LONG code = 0;
         BSTR none = nullptr;
         VARIANT_BOOL shown = VARIANT_TRUE;
-        elsewhere = there->ActivarABM(&view, &code, &none, &shown);
-        EXPECT_EQ(shown, VARIANT_FALSE);
-    }).join();
-    EXPECT_TRUE(FAILED(elsewhere)) << "the windows belong to the thread that opened them";
+        EXPECT_EQ(component_->ActivarABM(&view, &code, &none, &shown), S_OK);
+        EXPECT_EQ(shown, VARIANT_FALSE) << "there is no connection any more";
+    }
+}
+
+TEST_F(Screen, HasBoxesInTheLanguageOfTheLastCreation) {
+    EXPECT_TRUE(activate([](HWND) {}));
+    const auto labelsOfBox = [&] {
+        const auto component = createdComponent();
+        DemoConnection connection;
+        component->putref_Coneccion(connection.object().get());
+        connection.object().call(L"Close");
+        BoxCloser boxes;
+        SHORT view = 5;
+        LONG code = 0;
+        BSTR none = nullptr;
+        VARIANT_BOOL shown = VARIANT_TRUE;
+        EXPECT_EQ(component->ActivarABM(&view, &code, &none, &shown), S_OK);
+        const auto texts = boxes.texts();
+        return texts.empty() ? std::string() : texts.front();
+    };
+    EXPECT_NE(labelsOfBox().find("Aceptar"), std::string::npos);
+    {
+        const SettingsFile english("[VEM04]\nIdioma=2\n");
+        const std::string labels = labelsOfBox();
+        EXPECT_EQ(labels.find("Aceptar"), std::string::npos) << labels;
+        EXPECT_NE(labels.find("OK"), std::string::npos) << labels;
+    }
+    EXPECT_NE(labelsOfBox().find("Aceptar"), std::string::npos);
 }
 
 }  // namespace

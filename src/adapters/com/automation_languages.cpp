@@ -10,18 +10,19 @@ namespace {
 
 class AutomationTexts : public clsResources {
   public:
-    explicit AutomationTexts(AutomationObject library)
-        : library_(std::move(library)), resLoad_(library_.idOf(L"resLoad")) {}
+    explicit AutomationTexts(AutomationObject library) : library_(std::move(library)) {}
 
     [[nodiscard]] std::string resLoad(std::int32_t id) const override {
+        // Only a text that is asked for can be missing: a library without the member is loaded too.
+        if (resLoad_ == DISPID_UNKNOWN) resLoad_ = library_.idOf(L"resLoad");
         return toTextOrEmpty(variantOf(library_.get(resLoad_, {id}).get()), Regional{});
     }
     void IDAppName(const std::string& name) override { library_.put(L"IDAppName", name); }
-    void IDSLng(std::uint8_t number) override { library_.put(L"IDSLng", number); }
+    void IDSLng(std::uint8_t number) override { library_.putByte(L"IDSLng", number); }
 
   private:
     AutomationObject library_;
-    DISPID resLoad_;
+    mutable DISPID resLoad_ = DISPID_UNKNOWN;
 };
 
 [[noreturn]] void fail(const std::string& progId, HRESULT result) {

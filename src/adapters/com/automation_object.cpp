@@ -66,11 +66,23 @@ void AutomationObject::put(DISPID member, const Variant& value) const {
     invoke(member, DISPATCH_PROPERTYPUT, {value});
 }
 
+void AutomationObject::putByte(const wchar_t* member, std::uint8_t value) const {
+    std::vector<AutomationValue> values(1);
+    values.front().get().vt = VT_UI1;
+    values.front().get().bVal = value;
+    invoke(idOf(member), DISPATCH_PROPERTYPUT, std::move(values));
+}
+
 AutomationValue AutomationObject::invoke(DISPID member, WORD kind,
                                          std::initializer_list<Variant> arguments) const {
-    if (!object_) throw RuntimeError(error_number::objectNotSet, "Object variable not set");
     std::vector<AutomationValue> values;
     for (const Variant& argument : arguments) values.emplace_back(argument);
+    return invoke(member, kind, std::move(values));
+}
+
+AutomationValue AutomationObject::invoke(DISPID member, WORD kind,
+                                         std::vector<AutomationValue> values) const {
+    if (!object_) throw RuntimeError(error_number::objectNotSet, "Object variable not set");
     // They are handed over from the last to the first.
     std::vector<VARIANT> reversed;
     for (auto value = values.rbegin(); value != values.rend(); ++value)

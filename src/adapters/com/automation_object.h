@@ -2,6 +2,7 @@
 #include <initializer_list>
 #include <string>
 #include <string_view>
+#include <vector>
 
 #include "adapters/com/automation_values.h"
 #include "adapters/com/com_ptr.h"
@@ -28,8 +29,11 @@ class AutomationObject {
     AutomationValue get(DISPID member, std::initializer_list<Variant> arguments = {}) const;
     void put(const wchar_t* member, const Variant& value) const;
     void put(DISPID member, const Variant& value) const;
+    /// Hands the value over as one of 8 bits, which no Variant is.
+    void putByte(const wchar_t* member, std::uint8_t value) const;
 
   private:
+    AutomationValue invoke(DISPID member, WORD kind, std::vector<AutomationValue> values) const;
     AutomationValue invoke(DISPID member, WORD kind,
                            std::initializer_list<Variant> arguments) const;
 

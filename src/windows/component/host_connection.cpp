@@ -30,13 +30,13 @@ HostConnection::HostConnection(IDispatch* connection) {
     if (!AutomationConnection::accepts(object))
         throw RuntimeError(error_number::typeMismatch,
                            "The object is no connection: it has no OpenResultset and Execute");
-    automation_ = std::make_unique<AutomationConnection>(std::move(object));
+    automation_ = std::make_shared<AutomationConnection>(std::move(object));
 }
 
 HostConnection::Use::Use(HostConnection& connection, clsCatalogador& component)
-    : component_(component) {
+    : component_(component), used_(connection.automation_) {
     if (connection.shared_) attach(connection.shared_);
-    component_.Coneccion(direct_ ? direct_.get() : connection.automation_.get());
+    component_.Coneccion(used_.get());
 }
 
 void HostConnection::Use::attach(const ComPtr<IOdbcSharing>& shared) {
@@ -45,15 +45,15 @@ void HostConnection::Use::attach(const ComPtr<IOdbcSharing>& shared) {
         if (FAILED(shared->Attach(&handle)))
             throw RuntimeError(error_number::objectNotSet, "The connection is not open");
         attached_ = shared;
-        direct_ = OdbcConnection::onHandle(handle);
+        used_ = OdbcConnection::onHandle(handle);
     } catch (const RuntimeError& error) {
-        direct_ = std::make_unique<UnusableConnection>(error);
+        used_ = std::make_shared<UnusableConnection>(error);
     }
 }
 
 HostConnection::Use::~Use() {
     component_.Coneccion(nullptr);
-    direct_.reset();
+    used_.reset();
     if (attached_) attached_->Detach();
 }
 

@@ -29,13 +29,15 @@ class HostConnection {
         void attach(const ComPtr<IOdbcSharing>& shared);
 
         clsCatalogador& component_;
+        /// What the call works with stays, also when the host hands over another connection, or
+        /// none, while the screen is open.
+        std::shared_ptr<rdoConnection> used_;
         ComPtr<IOdbcSharing> attached_;
-        std::unique_ptr<rdoConnection> direct_;
     };
 
   private:
     ComPtr<IOdbcSharing> shared_;
-    std::unique_ptr<rdoConnection> automation_;
+    std::shared_ptr<rdoConnection> automation_;
 };
 
 }  // namespace catalogador
