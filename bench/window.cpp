@@ -137,7 +137,8 @@ void paintPages(WxSurface& surface, BenchHost& host, std::int16_t view, int roun
 }
 
 int measure(const std::string& what, const std::string& connection, std::int16_t view, int rounds) {
-    WxSurface surface({"Sí", "No", "Aceptar", "es"});
+    constexpr std::int16_t spanish = 1;
+    WxSurface surface(spanish);
     if (what == "empty") {
         openEmpty();
         return 0;

@@ -12,17 +12,6 @@ namespace catalogador {
 
 namespace {
 
-BoxLabels labelsOf(std::int16_t language) {
-    switch (language) {
-        case 2:
-            return {"Yes", "No", "OK", "en"};
-        case 3:
-            return {"Sim", "Não", "OK", "pt_BR"};
-        default:
-            return {"Sí", "No", "Aceptar", "es"};
-    }
-}
-
 HelpLabels helpLabelsOf(std::int16_t language) {
     constexpr std::int32_t helpCaption = 224;
     const std::string help = replaceText(ObtenerMensaje(helpCaption), "&", "", Compare::binary);
@@ -38,7 +27,7 @@ HelpLabels helpLabelsOf(std::int16_t language) {
 
 class WxScreen : public RealScreen {
   public:
-    explicit WxScreen(std::int16_t language) : surface_(labelsOf(language)), language_(language) {}
+    explicit WxScreen(std::int16_t language) : surface_(language) {}
 
     [[nodiscard]] Surface& surface() override { return surface_; }
     void setModalRunner(std::function<void(Window&)> runner) override {
@@ -56,13 +45,13 @@ class WxScreen : public RealScreen {
         if (native == nullptr)
             throw RuntimeError(error_number::cannotCreateObject,
                                "There is no window that the help could be shown over");
-        catalogador::showHelp(*native, HelpPages(helpFolder()), helpLabelsOf(language_),
-                              {command, data, language_});
+        const std::int16_t language = surface_.language();
+        catalogador::showHelp(*native, HelpPages(helpFolder()), helpLabelsOf(language),
+                              {command, data, language});
     }
 
   private:
     WxSurface surface_;
-    std::int16_t language_;
     WxPrinter printer_{surface_};
 };
 

@@ -1,4 +1,5 @@
 #pragma once
+#include <cstdint>
 #include <optional>
 #include <string>
 #include <string_view>
@@ -49,6 +50,8 @@ class Surface {
     /// Mouse pointer of the whole screen: 0 default, 11 hourglass.
     virtual void pointerChanged(int pointer) = 0;
 
+    /// Language of the texts that are the surface's own, such as the buttons of its boxes.
+    virtual void speak(std::uint8_t /*language*/) {}
     /// Shows a message box; style numbers as in clsMensajes. Gives 1, 6 or 7.
     virtual int messageBox(const std::string& text, int style, const std::string& title) = 0;
     virtual void errorBox(const std::string& text, const std::string& title,
@@ -60,8 +63,9 @@ class Surface {
 
     /// Width in twips of a text in the font of the panel.
     [[nodiscard]] virtual int textWidth(std::string_view text) const = 0;
-    /// The work area of the screen, in twips.
-    [[nodiscard]] virtual Size screenSize() const = 0;
+    /// The monitor that a window is on, or will be on, with what the desktop keeps of it for
+    /// itself; in twips.
+    [[nodiscard]] virtual Rect monitorOf(const Window& window) const = 0;
     /// The part of the window that the command bars leave free, relative to its own corner
     /// (so left and top are usually 0).
     [[nodiscard]] virtual Rect clientRect(const Window& window) const = 0;

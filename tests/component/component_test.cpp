@@ -71,6 +71,14 @@ TEST_F(Component, ReportsAScreenThatCannotBeShown) {
     EXPECT_EQ(told_.messages.errors.front().detail, "429 - no window");
 }
 
+TEST_F(Component, CentresTheScreenOnTheWholeMonitorThatItIsOn) {
+    told_.surface.monitor = {15360, 300, 20000, 12000};
+    EXPECT_TRUE(component_.ActivarABM(1));
+    const Rect& shown = told_.surface.shownAt;
+    EXPECT_EQ(shown.left, 15360 + (20000 - shown.width) / 2);
+    EXPECT_EQ(shown.top, 300 + (12000 - shown.height) / 2);
+}
+
 TEST_F(Component, ReportsARuleThatCannotBeReadUnderTheNameOfTheCheck) {
     told_.connection->Execute("Drop Table Catalogador");
     EXPECT_FALSE(component_.ActivarABM(1));

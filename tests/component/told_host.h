@@ -84,11 +84,13 @@ class CountingSurface : public BlankSurface {
   public:
     bool broken = false;
     int opened = 0;
+    Rect shownAt;
 
     void open(Window&) override {
         ++opened;
         if (broken) throw RuntimeError(error_number::cannotCreateObject, "no window");
     }
+    void showModal(Window& window) override { shownAt = window.place(); }
 };
 
 /// Everything a component needs, and an empty SQLite database in memory.

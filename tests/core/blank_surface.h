@@ -13,6 +13,7 @@ class BlankSurface : public Surface {
     int focusChanges = 0;
     int controlChanges = 0;
     int beeps = 0;
+    Rect monitor{0, 0, 15360, 11520};
 
     void open(Window&) override {}
     void showModal(Window&) override {}
@@ -30,7 +31,7 @@ class BlankSurface : public Surface {
     [[nodiscard]] int textWidth(std::string_view text) const override {
         return static_cast<int>(text.size()) * 100;
     }
-    [[nodiscard]] Size screenSize() const override { return {15360, 11520}; }
+    [[nodiscard]] Rect monitorOf(const Window&) const override { return monitor; }
     [[nodiscard]] Rect clientRect(const Window& window) const override {
         return {0, 0, window.place().width - 100, window.place().height - 1000};
     }

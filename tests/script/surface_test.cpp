@@ -64,9 +64,10 @@ TEST_F(ScriptedScreen, TracesPointerAndFocus) {
 }
 
 TEST(WindowlessSurface, MeasuresByCharactersAlone) {
-    const WindowlessSurface surface;
+    WindowlessSurface surface;
+    const SmallWindow window(surface);
     EXPECT_EQ(surface.textWidth("Añb"), 3 * 105);
-    EXPECT_EQ(surface.screenSize(), (Size{15360, 11520}));
+    EXPECT_EQ(surface.monitorOf(window), (Rect{0, 0, 15360, 11520}));
 }
 
 TEST(WindowlessSurface, LeavesTheRestOfTheWindowToThePanel) {

@@ -31,7 +31,7 @@ class BoxSurface : public Surface {
     std::optional<SaveChoice> saveDialog(const SaveDialog&) override { return std::nullopt; }
     void showMenu(Window&, const Menu&) override {}
     [[nodiscard]] int textWidth(std::string_view) const override { return 0; }
-    [[nodiscard]] Size screenSize() const override { return {}; }
+    [[nodiscard]] Rect monitorOf(const Window&) const override { return {}; }
     [[nodiscard]] Rect clientRect(const Window&) const override { return {}; }
     void processEvents() override {}
 

@@ -49,6 +49,12 @@ void clickRow(Window& window, RecordGrid& grid, MouseButton button, Arguments& l
     click(window, grid, button, row, firstShownColumn(grid));
 }
 
+void rightClick(Window& window, RecordGrid& grid, Arguments& line) {
+    if (!line.accept("empty")) return clickRow(window, grid, MouseButton::right, line);
+    line.end();
+    click(window, grid, MouseButton::right, grid.rows(), firstShownColumn(grid));
+}
+
 void doubleClick(Window& window, RecordGrid& grid, Arguments& line) {
     const bool header = line.accept("header");
     const int column = header ? columnArgument(grid, line) : firstShownColumn(grid);
@@ -72,7 +78,7 @@ void resizeColumn(Window& window, RecordGrid& grid, Arguments& line) {
 void useGrid(Window& window, Arguments& line) {
     RecordGrid& grid = gridOf(window);
     if (line.accept("select")) return clickRow(window, grid, MouseButton::left, line);
-    if (line.accept("rightclick")) return clickRow(window, grid, MouseButton::right, line);
+    if (line.accept("rightclick")) return rightClick(window, grid, line);
     if (line.accept("doubleclick")) return doubleClick(window, grid, line);
     if (line.accept("resize")) return resizeColumn(window, grid, line);
     if (!line.accept("header")) throw Refusal("grid does not know " + line.word("what to do"));

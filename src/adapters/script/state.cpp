@@ -92,10 +92,11 @@ Json fieldsOf(frmCatalogador& form) {
     return fields;
 }
 
-Json appearanceOf(const GridAppearance& look) {
+Json appearanceOf(const RecordGrid& grid) {
+    const GridAppearance& look = grid.appearance();
     return {{"gridLines", look.gridLines},
             {"wordWrap", look.wordWrap},
-            {"backColorBkg", colorName(look.backColorBkg)},
+            {"backColorBkg", colorName(grid.backColor())},
             {"backColorFixed", colorName(look.backColorFixed)},
             {"foreColorFixed", colorName(look.foreColorFixed)},
             {"backColorSel", colorName(look.backColorSel)},
@@ -125,7 +126,7 @@ Json gridOf(const RecordGrid& grid) {
     addPlace(state, grid.place());
     state["redraw"] = grid.redraw();
     state["backColor"] = colorName(grid.backColor());
-    state["appearance"] = appearanceOf(grid.appearance());
+    state["appearance"] = appearanceOf(grid);
     return state;
 }
 

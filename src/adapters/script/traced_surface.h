@@ -37,10 +37,13 @@ class TracedSurface : public Surface {
     }
     void showMenu(Window& window, const Menu& menu) override { inner_.showMenu(window, menu); }
 
+    void speak(std::uint8_t language) override { inner_.speak(language); }
     [[nodiscard]] int textWidth(std::string_view text) const override {
         return inner_.textWidth(text);
     }
-    [[nodiscard]] Size screenSize() const override { return inner_.screenSize(); }
+    [[nodiscard]] Rect monitorOf(const Window& window) const override {
+        return inner_.monitorOf(window);
+    }
     [[nodiscard]] Rect clientRect(const Window& window) const override {
         return inner_.clientRect(window);
     }

@@ -42,10 +42,10 @@ constexpr std::array<KeyName, 17> keyNames{{
 int codeOfKey(std::string_view name, bool withControl) {
     for (const KeyName& entry : keyNames)
         if (entry.name == name) return entry.code;
-    const bool letter = name.size() == 1 &&
-                        ((name[0] >= 'A' && name[0] <= 'Z') || (name[0] >= 'a' && name[0] <= 'z'));
-    if (!withControl || !letter) return 0;
-    return static_cast<unsigned char>(upperCase(name)[0]);
+    if (!withControl || name.empty()) return 0;
+    std::size_t end = 0;
+    const char32_t character = nextCharacter(name, end);
+    return end == name.size() ? letterKey(character) : 0;
 }
 
 bool takePrefix(std::string_view& name, std::string_view prefix) {

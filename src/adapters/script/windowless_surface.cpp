@@ -10,7 +10,7 @@ namespace catalogador {
 
 namespace {
 constexpr int characterWidth = 105;
-constexpr Size screen{15360, 11520};
+constexpr Rect screen{0, 0, 15360, 11520};
 /// What the frame and the command bars take of a window.
 constexpr int frameWidth = 100;
 constexpr int barsHeight = 1000;
@@ -33,7 +33,7 @@ int WindowlessSurface::textWidth(std::string_view text) const {
     return static_cast<int>(lengthInCharacters(text)) * characterWidth;
 }
 
-Size WindowlessSurface::screenSize() const {
+Rect WindowlessSurface::monitorOf(const Window& /*window*/) const {
     return screen;
 }
 

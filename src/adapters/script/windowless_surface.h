@@ -28,7 +28,7 @@ class WindowlessSurface : public Surface, public PlayedScreen {
     void showMenu(Window&, const Menu&) override {}
 
     [[nodiscard]] int textWidth(std::string_view text) const override;
-    [[nodiscard]] Size screenSize() const override;
+    [[nodiscard]] Rect monitorOf(const Window& window) const override;
     [[nodiscard]] Rect clientRect(const Window& window) const override;
     void processEvents() override {}
 

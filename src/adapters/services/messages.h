@@ -12,8 +12,8 @@ class SurfaceMessages : public clsMensajes {
     int MostrarMensaje(const std::string& text, int style, const std::string& title) override;
     void MostrarError(const std::string& text, const std::string& title, const std::string& detail,
                       const std::string& context) override;
-    /// The texts of the boxes are given, and their buttons speak the desktop's language.
-    void Idioma(std::uint8_t) override {}
+    /// The texts of the boxes are given; their buttons and labels are the surface's.
+    void Idioma(std::uint8_t number) override { surface_.speak(number); }
 
   private:
     Surface& surface_;

@@ -18,11 +18,15 @@ class CellTexts {
     /// Draws UTF-8 into the middle of a place (pixels); a text that is too wide ends in an
     /// ellipsis. `side` is 0 for left, 1 for centred, 2 for right.
     void draw(std::string_view text, const wxRect& place, int side);
+    /// Whether a text that is too wide goes on in as many further lines as its place has room for,
+    /// where the desktop's toolkit can do that; at first it does not.
+    void wrap(bool wraps) { wraps_ = wraps; }
     /// To be called after the context was given another font.
     void fontChanged();
 
   private:
     wxDC& dc_;
+    bool wraps_ = false;
     /// What is kept from text to text: setting it up takes longer than drawing one.
     void* layout_ = nullptr;
 };

@@ -64,6 +64,7 @@ void CellTexts::draw(std::string_view text, const wxRect& place, int side) {
     PangoLayout* layout = layoutOf(layout_);
     pango_layout_set_text(layout, text.data(), static_cast<int>(text.size()));
     pango_layout_set_width(layout, place.width * PANGO_SCALE);
+    if (wraps_) pango_layout_set_height(layout, place.height * PANGO_SCALE);
     // A text that runs from right to left begins at the right end of its width.
     PangoRectangle used;
     pango_layout_get_pixel_extents(layout, nullptr, &used);

@@ -63,13 +63,14 @@ void showErrorBox(wxWindow* parent, const BoxLabels& labels, const std::string& 
 
 std::optional<SaveChoice> showSaveDialog(wxWindow* parent, const SaveDialog& dialog) {
     long flags = wxFD_SAVE;
-    if ((dialog.flags & promptBeforeOverwriting) != 0) flags |= wxFD_OVERWRITE_PROMPT;
+    const bool asks = (dialog.flags & promptBeforeOverwriting) != 0;
+    if (asks) flags |= wxFD_OVERWRITE_PROMPT;
     const std::string file = replaceText(dialog.file, "/", "-", Compare::binary);
     wxFileDialog box(parent, wxText(dialog.title), wxText(dialog.folder), wxText(file),
                      wxText(dialog.filter), flags);
     while (box.ShowModal() == wxID_OK) {
         const wxString complete = withExtension(box.GetPath(), dialog, box.GetFilterIndex());
-        if (complete == box.GetPath() || !wxFileExists(complete))
+        if (!asks || complete == box.GetPath() || !wxFileExists(complete))
             return SaveChoice{utf8Text(complete), box.GetFilterIndex() + 1};
         // The dialog has asked about the name without its extension; it has to ask about this one.
         box.SetPath(complete);

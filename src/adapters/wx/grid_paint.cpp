@@ -45,8 +45,10 @@ void GridView::paint(wxDC& dc) {
     dc.SetBackground(wxBrush(colourOf(grid_.backColor())));
     dc.Clear();
     CellTexts texts(dc, *this);
+    texts.wrap(grid_.appearance().wordWrap);
     paintRows(dc, texts);
     paintHeader(dc, texts);
+    paintBorder(dc);
 }
 
 void GridView::paintHeader(wxDC& dc, CellTexts& texts) {
@@ -102,12 +104,17 @@ void GridView::paintRows(wxDC& dc, CellTexts& texts) {
     for (int n = first; n < end; ++n)
         paintRow(dc, texts, grid_.visibleRow(n), headerHeight() + (n - first) * rowHeight(), cells);
     paintLines(dc, cells, end - first);
-    const int marked = grid_.visibleIndex(grid_.row());
-    if (!HasFocus() || marked < first || marked >= end) return;
+}
+
+/// The list as a whole shows that the keys go there, not a row of it.
+void GridView::paintBorder(wxDC& dc) {
+    const GridAppearance& look = grid_.appearance();
+    if (!HasFocus() && look.borderStyle == 0) return;
     dc.SetBrush(*wxTRANSPARENT_BRUSH);
-    dc.SetPen(wxPen(selectedTextColour()));
-    dc.DrawRectangle(0, headerHeight() + (marked - first) * rowHeight(), GetClientSize().GetWidth(),
-                     rowHeight());
+    dc.SetPen(wxPen(
+        HasFocus() ? wxSystemSettings::GetColour(wxSYS_COLOUR_HIGHLIGHT) : colourOf(look.gridColor),
+        FromDIP(1)));
+    dc.DrawRectangle(GetClientSize());
 }
 
 wxColour GridView::selectedTextColour() const {
@@ -136,10 +143,10 @@ void GridView::paintRow(wxDC& dc, CellTexts& texts, int row, int top,
 
 /// One line across for each row and one down for each column, rather than two for each cell.
 void GridView::paintLines(wxDC& dc, const std::vector<wxRect>& cells, int rows) {
-    if (rows <= 0) return;
+    if (rows <= 0 || grid_.appearance().gridLines == 0) return;
     const int width = GetClientSize().GetWidth();
     const int bottom = headerHeight() + rows * rowHeight();
-    dc.SetPen(wxPen(colourOf(grid_.appearance().gridColor).ChangeLightness(140)));
+    dc.SetPen(wxPen(colourOf(grid_.appearance().gridColor)));
     for (int column = 0; column < grid_.columns(); ++column) {
         const wxRect& cell = cells[static_cast<std::size_t>(column)];
         if (grid_.columnHidden(column) || cell.GetRight() < 0 || cell.x > width) continue;

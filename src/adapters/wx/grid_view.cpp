@@ -4,6 +4,8 @@
 #include <wx/settings.h>
 
 #include <algorithm>
+#include <cstdlib>
+#include <utility>
 
 #include "adapters/wx/appearance.h"
 #include "platform/controls/window.h"
@@ -15,6 +17,8 @@ constexpr int edgeReach = 4;
 constexpr int rowPadding = 4;
 constexpr int rowsPerWheelStep = 3;
 constexpr int narrowestColumn = 8;
+/// A hand that clicks moves the mouse by less.
+constexpr int leastDrag = 2;
 }  // namespace
 
 GridView::GridView(RecordGrid& grid, wxWindow& parent)
@@ -133,9 +137,11 @@ void GridView::onMouse(wxMouseEvent& event) {
         if (row > 0) grid_.select(row, std::max(0, column));
     } else if (event.LeftDClick()) {
         if (row > 0) grid_.userDoubleClicked(row, column);
-    } else if (row >= 0 && (event.LeftUp() || event.RightUp())) {
-        if (event.RightUp()) SetFocus();
-        grid_.userClicked(event.RightUp() ? MouseButton::right : MouseButton::left, row, column);
+    } else if (event.RightUp()) {
+        SetFocus();
+        grid_.userClicked(MouseButton::right, row < 0 ? grid_.rows() : row, column);
+    } else if (row >= 0 && event.LeftUp()) {
+        grid_.userClicked(MouseButton::left, row, column);
     }
     event.Skip(event.Moving());
 }
@@ -143,19 +149,22 @@ void GridView::onMouse(wxMouseEvent& event) {
 void GridView::dragColumn(const wxMouseEvent& event) {
     if (event.LeftDown()) {
         draggedColumn_ = edgeAt(event.GetPosition());
+        dragStart_ = event.GetX();
+        widthAtStart_ = columnRect(draggedColumn_).width;
+        dragMoved_ = false;
         CaptureMouse();
         return;
     }
-    const wxRect rect = columnRect(draggedColumn_);
-    const int width = std::max(FromDIP(narrowestColumn), event.GetX() - rect.x);
+    const int moved = event.GetX() - dragStart_;
+    dragMoved_ = dragMoved_ || std::abs(moved) >= FromDIP(leastDrag);
+    const int width = std::max(FromDIP(narrowestColumn), widthAtStart_ + moved);
     if (!event.LeftUp()) {
-        grid_.setColumnWidth(draggedColumn_, twipsOf(*this, width));
+        if (dragMoved_) grid_.setColumnWidth(draggedColumn_, twipsOf(*this, width));
         return;
     }
     if (HasCapture()) ReleaseMouse();
-    const int column = draggedColumn_;
-    draggedColumn_ = -1;
-    grid_.userResized(column, twipsOf(*this, width));
+    const int column = std::exchange(draggedColumn_, -1);
+    if (dragMoved_) grid_.userResized(column, twipsOf(*this, width));
 }
 
 void GridView::onWheel(wxMouseEvent& event) {

@@ -46,6 +46,7 @@ class GridView : public wxWindow {
     void onPaint(wxPaintEvent& event);
     void paintHeader(wxDC& dc, CellTexts& texts);
     void paintRows(wxDC& dc, CellTexts& texts);
+    void paintBorder(wxDC& dc);
     void paintRow(wxDC& dc, CellTexts& texts, int row, int top, const std::vector<wxRect>& cells);
     void paintLines(wxDC& dc, const std::vector<wxRect>& cells, int rows);
     void paintCell(wxDC& dc, CellTexts& texts, int row, int column, const wxRect& cell);
@@ -73,7 +74,12 @@ class GridView : public wxWindow {
     std::array<CheckPicture, 4> checkPictures_;
     int shownRows_ = 0;
     int scrolledX_ = 0;
+    /// The column whose edge is held, -1 for none; what it was held at, and how wide it was, in
+    /// pixels. It stays as it is until the mouse has moved.
     int draggedColumn_ = -1;
+    int dragStart_ = 0;
+    int widthAtStart_ = 0;
+    bool dragMoved_ = false;
     int wheelRest_ = 0;
 };
 

@@ -2,8 +2,10 @@
 
 #include <algorithm>
 
+#include "adapters/wx/accessible_names.h"
 #include "adapters/wx/appearance.h"
 #include "adapters/wx/icons.h"
+#include "adapters/wx/menu_bindings.h"
 #include "adapters/wx/screen_frame.h"
 #include "adapters/wx/text_input.h"
 #include "platform/controls/keys.h"
@@ -11,17 +13,28 @@
 
 namespace catalogador {
 
-wxString ScreenFrame::menuLabel(const Action& action) const {
-    wxString label = wxText(action.caption);
-    for (const KeyBinding& binding : window_.commandBars.bindings) {
-        if (binding.actionId != action.id) continue;
+namespace {
 
-        if (binding.modifiers == bindingControl)
-            label += "\tCtrl+" + wxString(wxUniChar(binding.keyCode));
-        else if (binding.keyCode >= key::f1)
-            label += wxString::Format("\tF%d", binding.keyCode - key::f1 + 1);
-    }
-    return label;
+/// A toolbar knows no mnemonics.
+wxString shownCaption(const Action& action) {
+    return wxText(replaceText(action.caption, "&", "", Compare::binary));
+}
+
+/// Nothing but its caption tells whether a filter is applied, and its button shows none.
+wxString tooltipOf(const Action& action) {
+    return action.id == CommandBars::filterAction ? shownCaption(action) : wxText(action.tooltip);
+}
+
+}  // namespace
+
+void ScreenFrame::appendEntry(wxMenu& menu, const ActionPlace& place, const Action& action) const {
+    if (place.beginGroup) menu.AppendSeparator();
+    auto* item =
+        new wxMenuItem(&menu, action.id, wxText(action.caption), wxText(action.description));
+    item->SetBitmap(iconBundle(action.icon));
+    menu.Append(item)->Enable(action.enabled);
+    for (const KeyBinding& binding : window_.commandBars.bindings)
+        if (binding.actionId == action.id) showBinding(*item, binding);
 }
 
 void ScreenFrame::createMenus() {
@@ -30,12 +43,7 @@ void ScreenFrame::createMenus() {
         auto* native = new wxMenu;
         for (const ActionPlace& place : menu.items) {
             const Action* action = window_.commandBars.find(place.actionId);
-            if (action == nullptr) continue;
-            if (place.beginGroup) native->AppendSeparator();
-            auto* item =
-                new wxMenuItem(native, action->id, menuLabel(*action), wxText(action->description));
-            item->SetBitmap(iconBundle(action->icon));
-            native->Append(item);
+            if (action != nullptr) appendEntry(*native, place, *action);
         }
         const Action* title = window_.commandBars.find(menu.actionId);
         bar->Append(native, title == nullptr ? wxText(menu.title) : wxText(title->caption));
@@ -85,6 +93,7 @@ void ScreenFrame::rebuildToolbar() {
     if (!window_.commandBars.quickAccess.empty()) toolbar_->AddStretchableSpace();
     for (const ActionPlace& place : window_.commandBars.quickAccess) addTool(place);
     toolbar_->Realize();
+    nameToolbar();
     focusChanged_ = true;
 }
 
@@ -102,11 +111,25 @@ void ScreenFrame::addTool(const ActionPlace& place) {
         return;
     }
     const wxItemKind kind = action->checked ? wxITEM_CHECK : wxITEM_NORMAL;
-    // A toolbar knows no mnemonics.
-    const std::string caption = replaceText(action->caption, "&", "", Compare::binary);
-    toolbar_->AddTool(action->id, place.showCaption ? wxText(caption) : wxString(),
-                      iconBundle(action->icon), wxBitmapBundle(), kind, wxText(action->tooltip),
+    toolbar_->AddTool(action->id, place.showCaption ? shownCaption(*action) : wxString(),
+                      iconBundle(action->icon), wxBitmapBundle(), kind, tooltipOf(*action),
                       wxText(action->description));
+}
+
+void ScreenFrame::nameToolbar() {
+    std::vector<wxString> names;
+    const auto add = [&](const ActionPlace& place) {
+        const Action* action = window_.commandBars.find(place.actionId);
+        if (action == nullptr) return;
+        if (place.beginGroup) names.emplace_back();
+        const bool box = place.actionId == CommandBars::filterBoxAction;
+        if (!box || filterBox_ != nullptr)
+            names.push_back(box ? wxString() : shownCaption(*action));
+    };
+    std::ranges::for_each(window_.commandBars.toolbar, add);
+    if (!window_.commandBars.quickAccess.empty()) names.emplace_back();
+    std::ranges::for_each(window_.commandBars.quickAccess, add);
+    nameForReaders(*toolbar_, wxText(window_.commandBars.groupCaption), names);
 }
 
 std::vector<std::string> ScreenFrame::differences() const {
@@ -129,7 +152,11 @@ std::vector<std::string> ScreenFrame::differences() const {
             found.push_back(name + " is enabled otherwise in the toolbar");
         if (toolbar_->GetToolState(action.id) != action.checked)
             found.push_back(name + " is checked otherwise");
+        if (toolbar_->GetToolShortHelp(action.id) != tooltipOf(action))
+            found.push_back(name + " has another tooltip");
     }
+    if (const std::string name = readersName(*toolbar_); name != window_.commandBars.groupCaption)
+        found.push_back("the toolbar is called '" + name + "'");
     const bool boxShown = filterBox_ != nullptr;
     if (boxShown != window_.commandBars.filterBox.visible())
         found.emplace_back("the filter box is shown otherwise");

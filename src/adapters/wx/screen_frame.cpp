@@ -308,10 +308,10 @@ void ScreenFrame::onKey(wxKeyEvent& event) {
     // An input method that has begun a text has the keys first.
     wxWindow* const entry = window_.focus() == nullptr ? nullptr : nativeOf(*window_.focus());
     if (entry != nullptr && isComposing(*entry)) return event.Skip();
-    const int code = event.GetKeyCode();
     const int modifiers = modelModifiers(event);
-    const bool shortcut = (modifiers & modifier::control) != 0 && code >= 'A' && code <= 'Z';
-    const int keyCode = shortcut ? code : modelKey(code);
+    const auto character = static_cast<char32_t>(event.GetUnicodeKey());
+    const int letter = (modifiers & modifier::control) != 0 ? letterKey(character) : 0;
+    const int keyCode = letter != 0 ? letter : modelKey(event.GetKeyCode());
     // An open menu of the combo has the keys for itself, and Alt belongs to the menu bar.
     const int loopsBefore = modalLoopsBegun;
     const bool used = keyCode != 0 && (modifiers & modifier::alt) == 0 &&
@@ -333,11 +333,7 @@ void ScreenFrame::popupLater(const Menu& menu) {
         wxMenu popup;
         for (const ActionPlace& place : shown->items) {
             const Action* action = window_.commandBars.find(place.actionId);
-            if (action == nullptr) continue;
-            if (place.beginGroup) popup.AppendSeparator();
-            auto* item = new wxMenuItem(&popup, action->id, menuLabel(*action));
-            item->SetBitmap(iconBundle(action->icon));
-            popup.Append(item)->Enable(action->enabled);
+            if (action != nullptr) appendEntry(popup, place, *action);
         }
         PopupMenu(&popup);
     });

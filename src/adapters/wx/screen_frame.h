@@ -75,7 +75,8 @@ class ScreenFrame : public wxFrame {
     void onClose(wxCloseEvent& event);
     [[nodiscard]] FieldView* viewOf(const Control& control) const;
     [[nodiscard]] wxWindow* nativeOf(const Control& control) const;
-    [[nodiscard]] wxString menuLabel(const Action& action) const;
+    void appendEntry(wxMenu& menu, const ActionPlace& place, const Action& action) const;
+    void nameToolbar();
 
     Window& window_;
     bool released_ = false;

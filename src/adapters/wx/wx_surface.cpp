@@ -73,7 +73,15 @@ class HostSettings {
 #endif
 };
 
-void startToolkit(const std::string& language) {
+/// Only the texts: numbers and dates are written as the program's own settings say.
+void useTextsOf(const std::string& language) {
+    auto* texts = new wxTranslations;
+    texts->SetLanguage(wxText(language));
+    texts->AddStdCatalog();
+    wxTranslations::Set(texts);
+}
+
+void startToolkit() {
 #ifdef __WXGTK__
     if (std::getenv("DISPLAY") == nullptr && std::getenv("WAYLAND_DISPLAY") == nullptr)
         throw RuntimeError(error_number::cannotCreateObject,
@@ -93,19 +101,22 @@ void startToolkit(const std::string& language) {
     wxTheApp->SetExitOnFrameDelete(false);
     startReadingFonts();
     useCompactFields();
-    // Only the texts: numbers and dates are written as the program's own settings say.
-    auto* texts = new wxTranslations;
-    texts->SetLanguage(wxText(language));
-    texts->AddStdCatalog();
-    wxTranslations::Set(texts);
     static DialogCount dialogs;
     dialogs.Register();
 }
 
 }  // namespace
 
-WxSurface::WxSurface(BoxLabels labels) : labels_(std::move(labels)) {
-    startToolkit(labels_.language);
+WxSurface::WxSurface(std::int16_t language) : language_(language), labels_(boxLabels(language)) {
+    startToolkit();
+    useTextsOf(labels_.language);
+}
+
+void WxSurface::speak(std::uint8_t language) {
+    if (language == language_) return;
+    language_ = language;
+    labels_ = boxLabels(language);
+    useTextsOf(labels_.language);
 }
 
 WxSurface::~WxSurface() {
@@ -253,11 +264,19 @@ int WxSurface::textWidth(std::string_view text) const {
     return twipsOf(*frame, width);
 }
 
-Size WxSurface::screenSize() const {
-    const wxRect area = wxDisplay(0U).GetClientArea();
-    const ScreenFrame* frame = topFrame();
-    if (frame == nullptr) return {area.width * 15, area.height * 15};
-    return {twipsOf(*frame, area.width), twipsOf(*frame, area.height)};
+Rect WxSurface::monitorOf(const Window& window) const {
+    const ScreenFrame* frame = frameOf(window);
+    if (frame == nullptr) return {};
+    // A window that is not shown yet has no place of its own; it comes up over the one below.
+    const wxWindow* placed = frame->IsShown() || frame->GetParent() == nullptr
+                                 ? static_cast<const wxWindow*>(frame)
+                                 : frame->GetParent();
+    const int monitor = wxDisplay::GetFromWindow(placed);
+    const wxRect area = monitor == wxNOT_FOUND
+                            ? wxDisplay().GetGeometry()
+                            : wxDisplay(static_cast<unsigned>(monitor)).GetGeometry();
+    return {twipsOf(*frame, area.x), twipsOf(*frame, area.y), twipsOf(*frame, area.width),
+            twipsOf(*frame, area.height)};
 }
 
 Rect WxSurface::clientRect(const Window& window) const {

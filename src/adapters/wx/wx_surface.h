@@ -7,6 +7,7 @@
 #include <string>
 #include <vector>
 
+#include "adapters/wx/box_labels.h"
 #include "platform/surface.h"
 
 class wxProgressDialog;
@@ -16,20 +17,11 @@ namespace catalogador {
 
 class ScreenFrame;
 
-/// Captions of the buttons of message boxes.
-struct BoxLabels {
-    std::string yes;
-    std::string no;
-    std::string ok;
-    /// Language code of the toolkit's own texts: "es".
-    std::string language;
-};
-
 /// Real windows by wxWidgets. One object a process; it starts the toolkit and ends it.
 class WxSurface : public Surface {
   public:
     /// Raises RuntimeError when there is no display.
-    explicit WxSurface(BoxLabels labels);
+    explicit WxSurface(std::int16_t language);
     ~WxSurface() override;
 
     void open(Window& window) override;
@@ -40,13 +32,16 @@ class WxSurface : public Surface {
     void commandBarsChanged(Window& window) override;
     void focusChanged(Window& window) override;
     void pointerChanged(int pointer) override;
+    void speak(std::uint8_t language) override;
+    /// Number of the language that its own texts have.
+    [[nodiscard]] std::int16_t language() const { return language_; }
     int messageBox(const std::string& text, int style, const std::string& title) override;
     void errorBox(const std::string& text, const std::string& title, const std::string& detail,
                   const std::string& context) override;
     std::optional<SaveChoice> saveDialog(const SaveDialog& dialog) override;
     void showMenu(Window& window, const Menu& menu) override;
     [[nodiscard]] int textWidth(std::string_view text) const override;
-    [[nodiscard]] Size screenSize() const override;
+    [[nodiscard]] Rect monitorOf(const Window& window) const override;
     [[nodiscard]] Rect clientRect(const Window& window) const override;
     /// A work of more than a second shows how far it is, with a button that stops it.
     bool progress(Window& window, int done, int total) override;
@@ -69,6 +64,7 @@ class WxSurface : public Surface {
     void syncAll();
     void endProgress();
 
+    std::int16_t language_;
     BoxLabels labels_;
     std::vector<ScreenFrame*> frames_;
     std::function<void(Window&)> runner_;

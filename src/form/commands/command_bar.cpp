@@ -3,6 +3,7 @@
 #include "modules/modLenguaje.h"
 #include "platform/controls/keys.h"
 #include "runtime/text.h"
+#include "runtime/utf8.h"
 
 namespace catalogador {
 
@@ -98,8 +99,9 @@ void frmCatalogador::CrearAceleradores() {
         for (const AcceleratorText& entry : acceleratorTexts) {
             const std::string letter = ObtenerMensaje(entry.message);
             if (letter.empty()) continue;
+            std::size_t first = 0;
             commandBars.bindings.push_back(
-                {bindingControl, static_cast<unsigned char>(letter.front()), entry.actionId});
+                {bindingControl, static_cast<int>(nextCharacter(letter, first)), entry.actionId});
         }
         commandBars.bindings.push_back({0, key::f1, action::help});
     });

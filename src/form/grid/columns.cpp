@@ -72,15 +72,11 @@ void frmCatalogador::setGridAlignments(const std::string& alignments) {
 void frmCatalogador::setGridAppearance() {
     GridAppearance look;
     look.gridLines = 4;
-    look.backColorBkg = grdGrilla.backColor();
     look.wordWrap = false;
     look.backColorFixed = commandBars.paintColor(fixedBackgroundEntry);
     look.foreColorFixed = commandBars.paintColor(fixedTextEntry);
-    look.highlight = 1;
-    look.focusRect = 0;
     look.backColorSel = gold;
     look.foreColorSel = systemHighlightColor;
-    look.backColorAlternate = grdGrilla.backColor();
     look.gridColor = systemButtonShadowColor;
     look.borderStyle = 0;
     look.headerHeight = 320;

@@ -39,9 +39,9 @@ void frmCatalogador::Form_Load() {
 }
 
 void frmCatalogador::centreOnScreen() {
-    const Size screen = surface().screenSize();
-    move({(screen.width - place().width) / 2, (screen.height - place().height) / 2, place().width,
-          place().height});
+    const Rect screen = surface().monitorOf(*this);
+    move({screen.left + (screen.width - place().width) / 2,
+          screen.top + (screen.height - place().height) / 2, place().width, place().height});
 }
 
 void frmCatalogador::openAtStart() {

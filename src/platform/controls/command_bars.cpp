@@ -5,8 +5,20 @@
 #include "platform/controls/keys.h"
 #include "platform/controls/window.h"
 #include "runtime/error.h"
+#include "runtime/text.h"
+#include "runtime/utf8.h"
 
 namespace catalogador {
+
+int letterKey(char32_t character) {
+    const bool ascii = character < 0x80;
+    std::string text;
+    appendCharacter(text, character);
+    const std::string capital = upperCase(text);
+    std::size_t first = 0;
+    const auto code = static_cast<int>(nextCharacter(capital, first));
+    return (ascii ? code >= 'A' && code <= 'Z' : first == capital.size()) ? code : 0;
+}
 
 void CommandBars::addAction(int id, std::string caption, std::string tooltip,
                             std::string description, std::string category) {

@@ -40,14 +40,23 @@ struct Menu {
 struct KeyBinding {
     /// 0 or bindingControl.
     int modifiers = 0;
+    /// Code of a key, or of the character that a key stands for.
     int keyCode = 0;
     int actionId = 0;
 };
+
+/// Code of the key of a letter, which is that of its capital; 0 for what is no letter.
+int letterKey(char32_t character);
+/// Whether a letter's key has that code.
+inline bool isLetterKey(int keyCode) {
+    return keyCode != 0 && letterKey(static_cast<char32_t>(keyCode)) == keyCode;
+}
 
 /// The actions of a window and all places that show them: the menus, the "Standar" toolbar with
 /// its edit box, the quick-access buttons, context menus and key bindings.
 class CommandBars {
   public:
+    static constexpr int filterAction = 10;
     static constexpr int filterBoxAction = 11;
 
     /// Adds an enabled action with the icon of its id.
@@ -86,7 +95,8 @@ class CommandBars {
 
     /// nullptr when there is no such menu.
     [[nodiscard]] const Menu* contextMenu(int id) const;
-    /// The action bound to a key, 0 when none is. Letters are compared as capitals.
+    /// The action bound to a key, 0 when none is. The key of a letter has the code of its capital,
+    /// so that nothing is bound to a key by a small letter.
     [[nodiscard]] int boundAction(int keyCode, int modifiers) const;
 
     /// The edit box of the toolbar; a control of the window by the name "filter".

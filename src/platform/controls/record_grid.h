@@ -26,22 +26,23 @@ constexpr int ascending = 1;
 constexpr int descending = 2;
 }  // namespace sort_order
 
+/// How the list is drawn. Its background, also of the empty part and of every second row, is that
+/// of the control.
 struct GridAppearance {
+    /// 0 for none.
     int gridLines = 1;
+    /// Whether the texts of cells go on in a second line where the row has room for one.
     bool wordWrap = true;
-    Color backColorBkg = systemButtonShadowColor;
     Color backColorFixed = systemButtonFaceColor;
     Color foreColorFixed{0x80000012};
     Color backColorSel = systemHighlightColor;
     Color foreColorSel{0x8000000E};
-    Color backColorAlternate{0};
     Color gridColor = systemButtonFaceColor;
+    /// 0 for no line round the list.
     int borderStyle = 1;
     /// Heights in twips.
     int headerHeight = 240;
     int rowHeightMin = 0;
-    int highlight = 1;
-    int focusRect = 1;
     bool extendLastColumn = true;
 };
 
@@ -168,7 +169,8 @@ class RecordGrid : public Control {
     std::function<void(int row, int column)> onAfterUserResize;
     std::function<void(int column, int order)> onSort;
 
-    /// Input from a surface: a click selects the cell (data rows only) and raises onMouseUp.
+    /// Input from a surface: a click selects the cell (data rows only) and raises onMouseUp. The
+    /// part below the last row has the number rows().
     void userClicked(MouseButton button, int row, int column);
     void userDoubleClicked(int row, int column);
     void userResized(int column, int twips);

@@ -89,7 +89,6 @@ void CatalogadorObject::setConnection(IDispatch* connection) {
 }
 
 bool CatalogadorObject::activate(SHORT view, LONG code, const std::string& text) {
-    DeskScreen::instance().checkThread();
     const WindowScope windows;
     const HostConnection::Use use(connection_, component_);
     return component_.ActivarABM(view, code, text);

@@ -1,11 +1,12 @@
 #include "windows/component/desk_screen.h"
 
+#include <utility>
+
 #include "adapters/com/com_api.h"
 #include "adapters/com/library.h"
 #include "adapters/desk/wide_text.h"
-#include "modules/modLenguaje.h"
+#include "adapters/wx/box_labels.h"
 #include "platform/services.h"
-#include "runtime/convert.h"
 #include "runtime/error.h"
 
 namespace catalogador {
@@ -14,20 +15,38 @@ namespace {
 
 constexpr int hourglass = 11;
 
-/// Number at the end of the language library's name, which is the language that the texts have.
-std::int16_t loadedLanguage() {
-    const std::string& library = currentLanguageLibrary();
-    const std::size_t number = library.find_last_of('_');
-    constexpr double spanish = 1;
-    const double language =
-        number == std::string::npos ? spanish : leadingNumber(library.substr(number + 1));
-    return static_cast<std::int16_t>(language);
-}
+/// While it lives, the next box of the system that this thread shows has buttons with these labels
+/// in the place of the desktop's own.
+class LabelledButtons {
+  public:
+    explicit LabelledButtons(const BoxLabels& labels)
+        : hook_(SetWindowsHookExW(WH_CBT, label, nullptr, GetCurrentThreadId())) {
+        shown = &labels;
+    }
+    ~LabelledButtons() {
+        UnhookWindowsHookEx(hook_);
+        shown = nullptr;
+    }
+    LabelledButtons(const LabelledButtons&) = delete;
+    LabelledButtons& operator=(const LabelledButtons&) = delete;
 
-int systemBox(const std::string& text, UINT style, const std::string& title) {
-    return MessageBoxW(nullptr, wideOf(text).c_str(), wideOf(title).c_str(),
-                       style | MB_TASKMODAL | MB_SETFOREGROUND);
-}
+  private:
+    static LRESULT CALLBACK label(int code, WPARAM wparam, LPARAM lparam) {
+        if (code == HCBT_ACTIVATE && shown != nullptr) {
+            const auto window = reinterpret_cast<HWND>(wparam);
+            // A box with one button gives it the number of a cancel.
+            for (const auto& [button, text] :
+                 {std::pair{IDYES, shown->yes}, std::pair{IDNO, shown->no},
+                  std::pair{IDOK, shown->ok}, std::pair{IDCANCEL, shown->ok}})
+                SetDlgItemTextW(window, button, wideOf(text).c_str());
+        }
+        return CallNextHookEx(nullptr, code, wparam, lparam);
+    }
+
+    static thread_local const BoxLabels* shown;
+    HHOOK hook_;
+};
+thread_local const BoxLabels* LabelledButtons::shown = nullptr;
 
 }  // namespace
 
@@ -37,11 +56,20 @@ DeskScreen& DeskScreen::instance() {
     return screen;
 }
 
-void DeskScreen::checkThread() const {
-    if (screen_ && thread_ != GetCurrentThreadId())
-        throw RuntimeError(error_number::invalidProcedureCall,
-                           "The screen was opened on another thread of this program; open it "
-                           "there again");
+bool DeskScreen::isOnItsThread() const {
+    return screen_ && thread_ == GetCurrentThreadId();
+}
+
+int DeskScreen::systemBox(const std::string& text, unsigned style, const std::string& title) const {
+    const BoxLabels labels = boxLabels(language_);
+    const LabelledButtons labelled(labels);
+    return MessageBoxW(nullptr, wideOf(text).c_str(), wideOf(title).c_str(),
+                       style | MB_TASKMODAL | MB_SETFOREGROUND);
+}
+
+void DeskScreen::speak(std::uint8_t language) {
+    language_ = language;
+    if (isOnItsThread()) screen().speak(language);
 }
 
 void DeskScreen::showHelp(Window& window, int command, std::int32_t data) {
@@ -49,29 +77,31 @@ void DeskScreen::showHelp(Window& window, int command, std::int32_t data) {
 }
 
 void DeskScreen::open(Window& window) {
-    checkThread();
+    if (screen_ && !isOnItsThread())
+        throw RuntimeError(error_number::invalidProcedureCall,
+                           "The screen was opened on another thread of this program; open it "
+                           "there again");
     if (!screen_) {
         library_use::stay();
-        screen_ = realScreen(loadedLanguage());
+        screen_ = realScreen(language_);
         thread_ = GetCurrentThreadId();
     }
     screen().open(window);
 }
 
 void DeskScreen::pointerChanged(int pointer) {
-    if (screen_ && thread_ == GetCurrentThreadId()) return screen().pointerChanged(pointer);
+    if (isOnItsThread()) return screen().pointerChanged(pointer);
     SetCursor(LoadCursorW(nullptr, pointer == hourglass ? IDC_WAIT : IDC_ARROW));
 }
 
 int DeskScreen::messageBox(const std::string& text, int style, const std::string& title) {
-    if (screen_ && thread_ == GetCurrentThreadId()) return screen().messageBox(text, style, title);
+    if (isOnItsThread()) return screen().messageBox(text, style, title);
     return systemBox(text, static_cast<UINT>(style), title);
 }
 
 void DeskScreen::errorBox(const std::string& text, const std::string& title,
                           const std::string& detail, const std::string& context) {
-    if (screen_ && thread_ == GetCurrentThreadId())
-        return screen().errorBox(text, title, detail, context);
+    if (isOnItsThread()) return screen().errorBox(text, title, detail, context);
     std::string whole = text;
     if (!detail.empty()) whole += "\r\n\r\n" + detail;
     systemBox(whole, MB_ICONERROR | MB_OK,

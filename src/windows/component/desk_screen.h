@@ -1,4 +1,5 @@
 #pragma once
+#include <atomic>
 #include <memory>
 
 #include "apps/real_screen.h"
@@ -14,10 +15,11 @@ class DeskScreen : public Surface, public Printer {
     /// One for the process; lives as long as it.
     static DeskScreen& instance();
 
-    /// Raises RuntimeError when the windows belong to another thread than the calling one.
-    void checkThread() const;
+    /// Language of the boxes and of the windows' own texts from here on.
+    void speak(std::uint8_t language) override;
     void showHelp(Window& window, int command, std::int32_t data);
 
+    /// Raises RuntimeError when the windows belong to another thread than the calling one.
     void open(Window& window) override;
     void showModal(Window& window) override { screen().showModal(window); }
     void close(Window& window) override { screen().close(window); }
@@ -38,7 +40,9 @@ class DeskScreen : public Surface, public Printer {
     [[nodiscard]] int textWidth(std::string_view text) const override {
         return screen().textWidth(text);
     }
-    [[nodiscard]] Size screenSize() const override { return screen().screenSize(); }
+    [[nodiscard]] Rect monitorOf(const Window& window) const override {
+        return screen().monitorOf(window);
+    }
     [[nodiscard]] Rect clientRect(const Window& window) const override {
         return screen().clientRect(window);
     }
@@ -57,11 +61,14 @@ class DeskScreen : public Surface, public Printer {
 
   private:
     DeskScreen() = default;
+    [[nodiscard]] bool isOnItsThread() const;
+    int systemBox(const std::string& text, unsigned style, const std::string& title) const;
     [[nodiscard]] Surface& screen() const { return screen_->surface(); }
     [[nodiscard]] Printer& printer() const { return screen_->printer(); }
 
     std::unique_ptr<RealScreen> screen_;
     unsigned long thread_ = 0;
+    std::atomic<std::uint8_t> language_ = 1;
 };
 
 }  // namespace catalogador

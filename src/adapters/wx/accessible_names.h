@@ -1,0 +1,15 @@
+#pragma once
+#include <wx/toolbar.h>
+
+#include <string>
+#include <vector>
+
+namespace catalogador {
+
+/// What screen readers and the like call a toolbar and each of its tools, separators included;
+/// empty for those that have a name of their own.
+void nameForReaders(wxToolBar& toolbar, const wxString& name, const std::vector<wxString>& tools);
+/// What they call it.
+std::string readersName(const wxToolBar& toolbar);
+
+}  // namespace catalogador

@@ -1,0 +1,16 @@
+#include "adapters/wx/accessible_names.h"
+#include "adapters/wx/appearance.h"
+
+namespace catalogador {
+
+void nameForReaders(wxToolBar& toolbar, const wxString& name,
+                    const std::vector<wxString>& /*tools*/) {
+    // There a window is called by its text, and a button without text by its tooltip.
+    toolbar.SetLabel(name);
+}
+
+std::string readersName(const wxToolBar& toolbar) {
+    return utf8Text(toolbar.GetLabel());
+}
+
+}  // namespace catalogador

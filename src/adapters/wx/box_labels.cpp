@@ -1,0 +1,16 @@
+#include "adapters/wx/box_labels.h"
+
+namespace catalogador {
+
+BoxLabels boxLabels(std::int16_t language) {
+    switch (language) {
+        case 2:
+            return {"Yes", "No", "OK", "en"};
+        case 3:
+            return {"Sim", "Não", "OK", "pt_BR"};
+        default:
+            return {"Sí", "No", "Aceptar", "es"};
+    }
+}
+
+}  // namespace catalogador

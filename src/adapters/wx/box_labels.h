@@ -1,0 +1,18 @@
+#pragma once
+#include <cstdint>
+#include <string>
+
+namespace catalogador {
+
+/// Captions of the buttons of message boxes.
+struct BoxLabels {
+    std::string yes;
+    std::string no;
+    std::string ok;
+    /// Language code of the toolkit's own texts: "es".
+    std::string language;
+};
+/// Those of the language of that number; of a number that no language has, the Spanish ones.
+BoxLabels boxLabels(std::int16_t language);
+
+}  // namespace catalogador
