@@ -3,9 +3,11 @@
 
 build_packages=(g++ cmake ninja-build ccache pkg-config unixodbc-dev libsqliteodbc
     libxlsxwriter-dev libminizip-dev libcairo2-dev libpango1.0-dev
-    libgtk-3-dev libwxgtk3.2-dev wx3.2-i18n nlohmann-json3-dev libcli11-dev libgtest-dev libgmock-dev iso-codes)
-screen_packages=(xvfb xauth openbox xdotool x11-utils xclip imagemagick fonts-dejavu-core adwaita-icon-theme
-    librsvg2-common librsvg2-bin python3-openpyxl libreoffice-calc-nogui poppler-utils)
+    libgtk-3-dev libwxgtk3.2-dev wx3.2-i18n nlohmann-json3-dev libcli11-dev libgtest-dev
+    libgmock-dev iso-codes)
+screen_packages=(xvfb xauth openbox xdotool x11-utils x11-xkb-utils xclip imagemagick
+    fonts-dejavu-core adwaita-icon-theme librsvg2-common librsvg2-bin python3-openpyxl libreoffice-calc-nogui
+    poppler-utils)
 check_packages=(clang-format gettext python3 util-linux locales)
 lint_packages=(clang-tidy)
 fuzz_packages=(clang)
