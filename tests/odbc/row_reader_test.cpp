@@ -1,4 +1,4 @@
-#include "adapters/odbc/row_reader.h"
+#include "adapters/odbc/odbc_rows.h"
 
 #include <gtest/gtest.h>
 

@@ -3,6 +3,7 @@
 #include <algorithm>
 
 #include "adapters/odbc/driver_text.h"
+#include "adapters/odbc/odbc_rows.h"
 #include "runtime/error.h"
 
 namespace catalogador {

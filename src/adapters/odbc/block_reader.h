@@ -3,7 +3,9 @@
 #include <string>
 #include <vector>
 
-#include "adapters/odbc/row_reader.h"
+#include "adapters/odbc/odbc_handle.h"
+#include "adapters/sql/row_reader.h"
+#include "platform/dialect.h"
 
 namespace catalogador {
 
@@ -20,7 +22,8 @@ class BlockReader : public RowReader {
 
     bool next() override;
     [[nodiscard]] std::size_t rowsAtHand() const override { return fetched_ - row_; }
-    [[nodiscard]] std::size_t rowsRead() const override;
+    /// Rows that were fetched so far.
+    [[nodiscard]] std::size_t rowsRead() const;
     [[nodiscard]] std::optional<TransferredCell> transferred(std::size_t column,
                                                              std::size_t ahead) const override;
 

@@ -1,9 +1,9 @@
 #include "adapters/odbc/odbc_connection.h"
 
 #include "adapters/odbc/connection_string.h"
-#include "adapters/odbc/odbc_resultset.h"
 #include "adapters/odbc/odbc_session.h"
 #include "adapters/sql/data_check.h"
+#include "adapters/sql/sql_resultset.h"
 
 namespace catalogador {
 
@@ -33,7 +33,7 @@ std::unique_ptr<rdoResultset> OdbcConnection::OpenResultset(const SqlText& sql, 
                                                             int lock) {
     if (session_->listener != nullptr) session_->listener->opened(sql.text(), type, lock);
     requireDataStaysData(sql, session_->syntax());
-    return std::make_unique<OdbcResultset>(session_, sql.text());
+    return std::make_unique<SqlResultset>(session_, sql.text());
 }
 
 std::int64_t OdbcConnection::Execute(const SqlText& sql) {

@@ -8,7 +8,7 @@
 #include "adapters/odbc/bound_parameters.h"
 #include "adapters/odbc/connection_string.h"
 #include "adapters/odbc/driver_text.h"
-#include "adapters/odbc/row_reader.h"
+#include "adapters/odbc/odbc_rows.h"
 #include "runtime/error.h"
 #include "runtime/text.h"
 
@@ -264,6 +264,10 @@ std::int64_t OdbcSession::touchedRows(const OdbcHandle& statement) {
     SQLRowCount(statement.get(), &count);
     // Some drivers answer -1 for a statement that has no rows to count.
     return std::max<SQLLEN>(count, 0);
+}
+
+std::unique_ptr<SqlRows> OdbcSession::open(const std::string& sql) {
+    return std::make_unique<OdbcRows>(*this, execute(sql), sql);
 }
 
 std::vector<std::vector<Variant>> OdbcSession::query(const std::string& sql,

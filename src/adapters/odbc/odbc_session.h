@@ -8,10 +8,8 @@
 #include <vector>
 
 #include "adapters/odbc/odbc_handle.h"
-#include "adapters/sql/column_info.h"
-#include "adapters/sql/statement_text.h"
+#include "adapters/sql/sql_session.h"
 #include "adapters/sql/timeouts.h"
-#include "adapters/sql/write_statements.h"
 #include "platform/dialect.h"
 #include "platform/rdo.h"
 #include "runtime/error.h"
@@ -19,7 +17,7 @@
 namespace catalogador {
 
 /// A connection to a database as the resultsets opened on it share it.
-class OdbcSession : public rdoSession {
+class OdbcSession : public SqlSession {
   public:
     /// Raises RuntimeError (statementFailed) with the driver's text, never with a password.
     explicit OdbcSession(const std::string& connectionString, const Timeouts& timeouts = {});
@@ -33,7 +31,7 @@ class OdbcSession : public rdoSession {
     [[nodiscard]] Dialect dialect() const override { return dialect_; }
     /// The driver manager's handle of the connection, for somebody else to use beside the session.
     [[nodiscard]] SQLHANDLE lend();
-    [[nodiscard]] const SqlSyntax& syntax() const { return syntax_; }
+    [[nodiscard]] const SqlSyntax& syntax() const override { return syntax_; }
 
     /// Runs one statement on a connection that lives: one that was lost is made again first, and a
     /// query that finds it lost is asked once more. A write is never repeated, nor anything in a
@@ -49,18 +47,16 @@ class OdbcSession : public rdoSession {
     /// Frees a statement with many rows, which takes a driver long, beside what the caller does
     /// next; at once where others use the connection too.
     void freeBeside(OdbcHandle statement);
-    /// Waits until no statement is being freed: a connection and its statements are used by one
-    /// thread at a time. Everything that the session does itself begins with it.
-    void settle() const;
+    /// Waits until no statement is being freed.
+    void settle() const override;
+
+    std::unique_ptr<SqlRows> open(const std::string& sql) override;
 
     std::vector<std::vector<Variant>> query(const std::string& sql,
                                             const std::vector<Variant>& values = {}) override;
     std::int64_t run(const std::string& sql, const std::vector<Variant>& values = {}) override;
-    std::vector<std::vector<Variant>> query(const ParameterizedStatement& statement);
-
-    /// Writes a row and gives the number of rows touched. A value that the database could store
-    /// only in part is refused. To be used in a transaction.
-    std::int64_t write(const ParameterizedStatement& statement);
+    std::vector<std::vector<Variant>> query(const ParameterizedStatement& statement) override;
+    std::int64_t write(const ParameterizedStatement& statement) override;
 
     /// An inner transaction is a savepoint of the outer.
     void begin() override;
@@ -69,8 +65,6 @@ class OdbcSession : public rdoSession {
 
     /// Called while a statement runs long, if not empty; false stops the statement.
     std::function<bool()> waiting;
-    /// Null or whoever is told of the statements.
-    StatementListener* listener = nullptr;
 
   private:
     using Clock = std::chrono::steady_clock;

@@ -1,6 +1,7 @@
 #include "adapters/odbc/single_row_reader.h"
 
 #include "adapters/odbc/driver_text.h"
+#include "adapters/odbc/odbc_rows.h"
 
 namespace catalogador {
 

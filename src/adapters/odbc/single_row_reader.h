@@ -3,7 +3,9 @@
 #include <string>
 #include <vector>
 
-#include "adapters/odbc/row_reader.h"
+#include "adapters/odbc/odbc_handle.h"
+#include "adapters/sql/row_reader.h"
+#include "platform/dialect.h"
 
 namespace catalogador {
 

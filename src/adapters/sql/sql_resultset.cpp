@@ -1,8 +1,8 @@
-#include "adapters/odbc/odbc_resultset.h"
+#include "adapters/sql/sql_resultset.h"
 
 #include <algorithm>
 
-#include "adapters/odbc/cell_text.h"
+#include "adapters/sql/cell_text.h"
 #include "adapters/sql/select_condition.h"
 #include "adapters/sql/statement_text.h"
 #include "runtime/error.h"
@@ -23,42 +23,40 @@ bool sameName(std::string_view left, std::string_view right) {
 
 }  // namespace
 
-OdbcResultset::OdbcResultset(std::shared_ptr<OdbcSession> session, const std::string& sql)
+SqlResultset::SqlResultset(std::shared_ptr<SqlSession> session, const std::string& sql)
     : session_(std::move(session)),
-      statement_(session_->execute(sql)),
-      columns_(session_->columnsOf(statement_, sql)),
+      rows_(session_->open(sql)),
+      columns_(rows_->columns),
       table_(writableTable(sql, session_->syntax())),
       condition_(selectCondition(withoutComments(sql, session_->syntax()), session_->syntax())) {
     for (const ColumnInfo& column : columns_)
         descriptions_.push_back({column.name, columnTypeCode(column)});
-    if (columns_.empty()) return;
-    reader_ = makeRowReader(statement_, session_->dialect(), columns_);
-    if (reader_->next()) row_ = Row::current;
+    if (rows_->reader && rows_->reader->next()) row_ = Row::current;
 }
 
-OdbcResultset::~OdbcResultset() {
+SqlResultset::~SqlResultset() {
     Close();
 }
 
-void OdbcResultset::MoveNext() {
+void SqlResultset::MoveNext() {
     requireOpen();
     session_->settle();
     if (row_ == Row::none) throw RuntimeError(error_number::noCurrentRow, "No current row");
     mode_ = Mode::reading;
     assigned_.clear();
     written_.clear();
-    row_ = reader_->next() ? Row::current : Row::none;
+    row_ = rows_->reader->next() ? Row::current : Row::none;
 }
 
-int OdbcResultset::columnCount() const {
+int SqlResultset::columnCount() const {
     return static_cast<int>(columns_.size());
 }
 
-const ColumnDescription& OdbcResultset::column(int index) const {
+const ColumnDescription& SqlResultset::column(int index) const {
     return descriptions_[checked(index)];
 }
 
-Variant OdbcResultset::value(int index) const {
+Variant SqlResultset::value(int index) const {
     requireOpen();
     const std::size_t number = checked(index);
     if (const Assigned* set = assigned(number)) return set->value;
@@ -66,35 +64,35 @@ Variant OdbcResultset::value(int index) const {
     requireCurrentRow();
     if (const auto written = written_.find(number); written != written_.end())
         return written->second;
-    auto text = reader_->cell(number);
+    auto text = rows_->reader->cell(number);
     return text ? variantOf(std::move(*text), columns_[number].kind) : Variant();
 }
 
-Variant OdbcResultset::value(std::string_view name) const {
+Variant SqlResultset::value(std::string_view name) const {
     return value(static_cast<int>(indexOf(name)));
 }
 
-std::size_t OdbcResultset::rowsAtHand() const {
-    return showsWhatWasRead() ? reader_->rowsAtHand() : rdoResultset::rowsAtHand();
+std::size_t SqlResultset::rowsAtHand() const {
+    return showsWhatWasRead() ? rows_->reader->rowsAtHand() : rdoResultset::rowsAtHand();
 }
 
-void OdbcResultset::shownTexts(int index, const Regional& regional, TextBlock& block) const {
+void SqlResultset::shownTexts(int index, const Regional& regional, TextBlock& block) const {
     requireOpen();
     const std::size_t number = checked(index);
     if (showsWhatWasRead())
-        cellTexts(*reader_, number, columns_[number].kind, regional, block);
+        cellTexts(*rows_->reader, number, columns_[number].kind, regional, block);
     else
         rdoResultset::shownTexts(index, regional, block);
 }
 
-void OdbcResultset::AddNew() {
+void SqlResultset::AddNew() {
     requireOpen();
     requireWritable();
     mode_ = Mode::adding;
     assigned_.clear();
 }
 
-void OdbcResultset::Edit() {
+void SqlResultset::Edit() {
     requireOpen();
     requireCurrentRow();
     requireWritable();
@@ -102,7 +100,7 @@ void OdbcResultset::Edit() {
     assigned_.clear();
 }
 
-void OdbcResultset::setValue(std::string_view name, Variant value) {
+void SqlResultset::setValue(std::string_view name, Variant value) {
     requireOpen();
     const std::size_t index = indexOf(name);
     if (mode_ == Mode::reading)
@@ -119,7 +117,7 @@ void OdbcResultset::setValue(std::string_view name, Variant value) {
         assigned_.push_back({index, std::string(name), std::move(value)});
 }
 
-void OdbcResultset::Update() {
+void SqlResultset::Update() {
     requireOpen();
     switch (mode_) {
         case Mode::reading:
@@ -136,7 +134,7 @@ void OdbcResultset::Update() {
     assigned_.clear();
 }
 
-void OdbcResultset::Delete() {
+void SqlResultset::Delete() {
     requireOpen();
     requireCurrentRow();
     requireWritable();
@@ -149,30 +147,22 @@ void OdbcResultset::Delete() {
     row_ = Row::deleted;
 }
 
-void OdbcResultset::Close() {
-    constexpr std::size_t manyRows = 2000;
-    session_->settle();
-    const bool many = reader_ && reader_->rowsRead() > manyRows;
-    reader_.reset();
-    if (many)
-        session_->freeBeside(std::move(statement_));
-    else
-        statement_ = OdbcHandle();
-    open_ = false;
+void SqlResultset::Close() {
+    rows_.reset();
     row_ = Row::none;
     mode_ = Mode::reading;
     assigned_.clear();
     written_.clear();
 }
 
-std::size_t OdbcResultset::checked(int index) const {
+std::size_t SqlResultset::checked(int index) const {
     if (index < 0 || index >= columnCount())
         throw RuntimeError(error_number::columnNotFound,
                            "There is no column number " + decimalText(index));
     return static_cast<std::size_t>(index);
 }
 
-std::size_t OdbcResultset::indexOf(std::string_view name) const {
+std::size_t SqlResultset::indexOf(std::string_view name) const {
     const auto found = std::find_if(columns_.begin(), columns_.end(),
                                     [&](const ColumnInfo& c) { return sameName(c.name, name); });
     if (found == columns_.end())
@@ -180,30 +170,30 @@ std::size_t OdbcResultset::indexOf(std::string_view name) const {
     return static_cast<std::size_t>(found - columns_.begin());
 }
 
-const OdbcResultset::Assigned* OdbcResultset::assigned(std::size_t column) const {
+const SqlResultset::Assigned* SqlResultset::assigned(std::size_t column) const {
     const auto set = std::find_if(assigned_.begin(), assigned_.end(),
                                   [&](const Assigned& a) { return a.column == column; });
     return set == assigned_.end() ? nullptr : &*set;
 }
 
-void OdbcResultset::requireWritable() const {
+void SqlResultset::requireWritable() const {
     if (!table_)
         throw RuntimeError(error_number::statementFailed,
                            "The rows cannot be written: they are not those of one table");
 }
 
-void OdbcResultset::requireCurrentRow() const {
+void SqlResultset::requireCurrentRow() const {
     if (row_ != Row::current) throw RuntimeError(error_number::noCurrentRow, "No current row");
 }
 
-void OdbcResultset::requireOpen() const {
-    if (!open_) throw RuntimeError(error_number::objectNotSet, "The resultset is closed");
+void SqlResultset::requireOpen() const {
+    if (!rows_) throw RuntimeError(error_number::objectNotSet, "The resultset is closed");
 }
 
-std::vector<ExpectedValue> OdbcResultset::expectedValues() const {
+std::vector<ExpectedValue> SqlResultset::expectedValues() const {
     std::vector<ExpectedValue> expected;
     for (std::size_t index = 0; index < columns_.size(); ++index) {
-        ExpectedValue value{&columns_[index], reader_->cell(index)};
+        ExpectedValue value{&columns_[index], rows_->reader->cell(index)};
         if (const auto written = written_.find(index); written != written_.end())
             value.value = written->second;
         expected.push_back(std::move(value));
@@ -211,13 +201,13 @@ std::vector<ExpectedValue> OdbcResultset::expectedValues() const {
     return expected;
 }
 
-std::vector<Assignment> OdbcResultset::assignments() const {
+std::vector<Assignment> SqlResultset::assignments() const {
     std::vector<Assignment> all;
     for (const Assigned& set : assigned_) all.push_back({&columns_[set.column], set.value});
     return all;
 }
 
-void OdbcResultset::insertRow() {
+void SqlResultset::insertRow() {
     const auto statement = insertStatement(session_->dialect(), *table_, assignments());
     tellListener("insert");
     rdoTransaction transaction(*session_);
@@ -225,7 +215,7 @@ void OdbcResultset::insertRow() {
     transaction.commit();
 }
 
-void OdbcResultset::updateRow() {
+void SqlResultset::updateRow() {
     if (assigned_.empty()) return;
     const auto statement = withinCondition(
         updateStatement(session_->dialect(), *table_, assignments(), expectedValues()));
@@ -234,20 +224,20 @@ void OdbcResultset::updateRow() {
     for (const Assigned& set : assigned_) written_[set.column] = set.value;
 }
 
-void OdbcResultset::tellListener(std::string_view kind) const {
+void SqlResultset::tellListener(std::string_view kind) const {
     if (session_->listener == nullptr) return;
     std::vector<std::pair<std::string, Variant>> columns;
     for (const Assigned& set : assigned_) columns.emplace_back(set.name, set.value);
     session_->listener->written(kind, *table_, columns);
 }
 
-ParameterizedStatement OdbcResultset::withinCondition(ParameterizedStatement statement) const {
+ParameterizedStatement SqlResultset::withinCondition(ParameterizedStatement statement) const {
     // A row that was written since need not fulfil the condition any more.
     if (!condition_.empty() && written_.empty()) statement.text += " AND (" + condition_ + ")";
     return statement;
 }
 
-void OdbcResultset::writeOneRow(const ParameterizedStatement& statement, bool countUnchanged) {
+void SqlResultset::writeOneRow(const ParameterizedStatement& statement, bool countUnchanged) {
     rdoTransaction transaction(*session_);
     std::int64_t touched = session_->write(statement);
     if (touched == 0 && countUnchanged && session_->dialect() == Dialect::mariadb) {

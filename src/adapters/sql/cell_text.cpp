@@ -1,4 +1,4 @@
-#include "adapters/odbc/cell_text.h"
+#include "adapters/sql/cell_text.h"
 
 #include <cmath>
 #include <cstring>

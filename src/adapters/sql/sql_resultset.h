@@ -1,26 +1,25 @@
 #pragma once
 #include <map>
 #include <memory>
+#include <optional>
 #include <string>
 #include <string_view>
 #include <vector>
 
-#include "adapters/odbc/odbc_handle.h"
-#include "adapters/odbc/odbc_session.h"
-#include "adapters/odbc/row_reader.h"
+#include "adapters/sql/sql_session.h"
 #include "platform/rdo.h"
 
 namespace catalogador {
 
-/// Rows read forward over ODBC. Their table is found in the text of the SELECT; rows of several
-/// tables, grouped or made distinct can only be read.
-class OdbcResultset : public rdoResultset {
+/// Rows read forward, whatever the database. Their table is found in the text of the SELECT; rows
+/// of several tables, grouped or made distinct can only be read.
+class SqlResultset : public rdoResultset {
   public:
     /// Runs the statement. Raises RuntimeError (statementFailed).
-    OdbcResultset(std::shared_ptr<OdbcSession> session, const std::string& sql);
-    ~OdbcResultset() override;
-    OdbcResultset(const OdbcResultset&) = delete;
-    OdbcResultset& operator=(const OdbcResultset&) = delete;
+    SqlResultset(std::shared_ptr<SqlSession> session, const std::string& sql);
+    ~SqlResultset() override;
+    SqlResultset(const SqlResultset&) = delete;
+    SqlResultset& operator=(const SqlResultset&) = delete;
 
     [[nodiscard]] bool atEnd() const override { return row_ == Row::none; }
     void MoveNext() override;
@@ -65,18 +64,17 @@ class OdbcResultset : public rdoResultset {
     [[nodiscard]] ParameterizedStatement withinCondition(ParameterizedStatement statement) const;
     void writeOneRow(const ParameterizedStatement& statement, bool countUnchanged);
 
-    std::shared_ptr<OdbcSession> session_;
-    OdbcHandle statement_;
+    std::shared_ptr<SqlSession> session_;
+    /// Null when the resultset is closed.
+    std::unique_ptr<SqlRows> rows_;
     std::vector<ColumnInfo> columns_;
     std::vector<ColumnDescription> descriptions_;
-    std::unique_ptr<RowReader> reader_;
     std::optional<std::string> table_;
     /// The condition that picked the rows; a write keeps to it, so that rows of other records with
     /// the same values are not taken for this one.
     std::string condition_;
     Row row_ = Row::none;
     Mode mode_ = Mode::reading;
-    bool open_ = true;
     std::vector<Assigned> assigned_;
     /// What Update wrote to the current row, by column.
     std::map<std::size_t, Variant> written_;

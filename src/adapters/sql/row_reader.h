@@ -1,18 +1,15 @@
 #pragma once
-#include <memory>
 #include <optional>
 #include <string>
 #include <string_view>
-#include <vector>
 
-#include "adapters/odbc/odbc_handle.h"
 #include "adapters/sql/column_info.h"
-#include "platform/dialect.h"
+#include "adapters/sql/odbc_api.h"
 
 namespace catalogador {
 
 /// A value in the buffer that it was fetched into, and the C type (SQL_C_…) that it has there.
-/// Texts are SQL_C_CHAR and UTF-8, however the driver gave them.
+/// Texts are SQL_C_CHAR and UTF-8, however the database gave them.
 struct TransferredCell {
     SQLSMALLINT type = SQL_C_CHAR;
     std::string_view bytes;
@@ -26,8 +23,6 @@ class RowReader {
     virtual bool next() = 0;
     /// Rows from the current one on that were fetched with it.
     [[nodiscard]] virtual std::size_t rowsAtHand() const { return 1; }
-    /// Rows that were fetched so far; 0 where that is not known.
-    [[nodiscard]] virtual std::size_t rowsRead() const { return 0; }
     /// A column of the `ahead`-th row at hand (0 is the current one) as it was transferred, whole;
     /// nullopt for NULL. Valid until next().
     [[nodiscard]] virtual std::optional<TransferredCell> transferred(std::size_t column,
@@ -35,15 +30,6 @@ class RowReader {
     /// The text of a column of the current row, whole; nullopt for NULL.
     [[nodiscard]] std::optional<std::string> cell(std::size_t column) const;
 };
-
-/// By blocks of rows into bound buffers where the driver lets a block be fetched again with larger
-/// buffers, otherwise row by row. `statement` must outlive the reader.
-std::unique_ptr<RowReader> makeRowReader(const OdbcHandle& statement, Dialect dialect,
-                                         const std::vector<ColumnInfo>& columns);
-
-/// The C type (SQL_C_…) in which the values of a column are taken over: texts, but for the types
-/// whose text a driver rounds or gives in binary.
-SQLSMALLINT transferType(Dialect dialect, ColumnKind kind);
 
 /// The text of a value that was taken over.
 std::string textOfTransferred(const TransferredCell& cell);

@@ -1,12 +1,25 @@
-#include "adapters/odbc/row_reader.h"
-
-#include <cstring>
+#include "adapters/odbc/odbc_rows.h"
 
 #include "adapters/odbc/block_reader.h"
 #include "adapters/odbc/driver_text.h"
 #include "adapters/odbc/single_row_reader.h"
 
 namespace catalogador {
+
+OdbcRows::OdbcRows(OdbcSession& session, OdbcHandle statement, const std::string& sql)
+    : session_(session), statement_(std::move(statement)) {
+    columns = session_.columnsOf(statement_, sql);
+    if (!columns.empty()) reader = makeRowReader(statement_, session_.dialect(), columns);
+}
+
+OdbcRows::~OdbcRows() {
+    constexpr std::size_t manyRows = 2000;
+    session_.settle();
+    const auto* block = dynamic_cast<const BlockReader*>(reader.get());
+    const bool many = block != nullptr && block->rowsRead() > manyRows;
+    reader.reset();
+    if (many) session_.freeBeside(std::move(statement_));
+}
 
 SQLSMALLINT transferType(Dialect dialect, ColumnKind kind) {
     // The driver of SQLite has nothing but texts, and its columns may hold anything.
@@ -21,19 +34,6 @@ SQLSMALLINT transferType(Dialect dialect, ColumnKind kind) {
         default:
             return transferredText;
     }
-}
-
-std::string textOfTransferred(const TransferredCell& cell) {
-    if (cell.type == SQL_C_UTINYINT) return cell.bytes.front() != 0 ? "1" : "0";
-    if (cell.type != SQL_C_DOUBLE) return std::string(cell.bytes);
-    double value = 0;
-    std::memcpy(&value, cell.bytes.data(), sizeof value);
-    return shortestText(value);
-}
-
-std::optional<std::string> RowReader::cell(std::size_t column) const {
-    const auto found = transferred(column, 0);
-    return found ? std::optional(textOfTransferred(*found)) : std::nullopt;
 }
 
 std::unique_ptr<RowReader> makeRowReader(const OdbcHandle& statement, Dialect dialect,

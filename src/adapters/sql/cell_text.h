@@ -1,5 +1,5 @@
 #pragma once
-#include "adapters/odbc/row_reader.h"
+#include "adapters/sql/row_reader.h"
 #include "platform/rdo.h"
 #include "runtime/regional.h"
 
