@@ -1,7 +1,7 @@
 # Sourced by run.sh and test.sh: installs the Debian packages that are missing, by name.
 # shellcheck shell=bash disable=SC2034  # the lists are used where this is sourced
 
-build_packages=(g++ cmake ninja-build ccache pkg-config unixodbc-dev libsqliteodbc
+build_packages=(g++ cmake ninja-build ccache pkg-config libsqlite3-dev unixodbc-dev libsqliteodbc
     libxlsxwriter-dev libminizip-dev libcairo2-dev libpango1.0-dev
     libgtk-3-dev libwxgtk3.2-dev wx3.2-i18n nlohmann-json3-dev libcli11-dev libgtest-dev
     libgmock-dev iso-codes)

@@ -3,7 +3,7 @@
 # shellcheck shell=bash disable=SC2034  # the variables are used where this is sourced
 
 windows_packages=(g++-mingw-w64-x86-64-posix g++-mingw-w64-i686-posix mingw-w64-tools
-    libz-mingw-w64-dev googletest cmake ninja-build ccache make dpkg-dev gettext nsis
+    libz-mingw-w64-dev googletest cmake ninja-build ccache make gcc tcl dpkg-dev gettext nsis
     nlohmann-json3-dev libcli11-dev)
 wine_packages=(wine wine64 libwine-dev unixodbc libsqliteodbc sqlite3 xvfb xauth openbox xdotool
     imagemagick fonts-dejavu-core)

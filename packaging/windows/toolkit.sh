@@ -101,6 +101,23 @@ Cflags: -I$target/include/minizip
 PC
 }
 
+build_sqlite() {
+    local source=$1 target=$2
+    mkdir -p "$target/lib" "$target/include"
+    cd "$source"
+    # The source of the library is one file, which its own scripts put together.
+    run_logged sqlite-configure ./configure
+    run_logged sqlite-source make sqlite3.c
+    # What Debian's library has and the program may be asked for, without the loading of code.
+    run_logged sqlite-compile "$compiler" -O2 -DSQLITE_THREADSAFE=1 -DSQLITE_OMIT_LOAD_EXTENSION \
+        -DSQLITE_ENABLE_COLUMN_METADATA -DSQLITE_ENABLE_MATH_FUNCTIONS -DSQLITE_ENABLE_RTREE \
+        -DSQLITE_ENABLE_FTS3 -DSQLITE_ENABLE_FTS3_PARENTHESIS -DSQLITE_ENABLE_FTS4 \
+        -DSQLITE_ENABLE_FTS5 -DSQLITE_SOUNDEX -DSQLITE_SECURE_DELETE \
+        -c sqlite3.c -o sqlite3-windows.o
+    "$host-ar" rcs "$target/lib/libsqlite3.a" sqlite3-windows.o
+    cp sqlite3.h "$target/include"
+}
+
 build_googletest() {
     local source=$1 target=$2
     run_logged googletest-configure cmake -S "$source" -B "$source/build" -G Ninja \
@@ -131,5 +148,6 @@ flock 9
 built_once googletest googletest build_googletest
 built_once xlsxwriter libxlsxwriter build_xlsxwriter
 built_once minizip minizip build_minizip
+built_once sqlite sqlite3 build_sqlite
 built_once wx wxwidgets3.2 build_wx
 echo "$windows_cache/$processor"

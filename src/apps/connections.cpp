@@ -7,6 +7,7 @@
 #endif
 
 #include "adapters/services/settings.h"
+#include "adapters/sqlite/connection.h"
 #include "runtime/error.h"
 #include "runtime/paths.h"
 #include "runtime/text.h"
@@ -55,7 +56,8 @@ Timeouts timeoutsOf(const Options& options) {
     return timeouts;
 }
 
-std::unique_ptr<rdoConnection> openFile(const std::string& file, const Timeouts& timeouts) {
+std::unique_ptr<rdoConnection> openFile(const std::string& file, const Timeouts& timeouts,
+                                        sqlite::Opening opening) {
     const std::string what = "cannot open the database " + file;
     if (!std::filesystem::is_regular_file(pathOf(file)))
         throw RuntimeError(error_number::statementFailed,
@@ -63,11 +65,7 @@ std::unique_ptr<rdoConnection> openFile(const std::string& file, const Timeouts&
                                ": there is no such file; name another with --database, or make one "
                                "with 'catalogador demo DIRECTORY'");
     try {
-        auto connection =
-            OdbcConnection::open(OdbcConnection::sqliteConnectionString(file), timeouts);
-        // The driver opens any file; only a statement tells whether it is a database.
-        connection->OpenResultset("Select Count(*) From sqlite_master")->Close();
-        return connection;
+        return sqlite::Connection::open(file, timeouts, opening);
     } catch (const RuntimeError& error) {
         fail(error, what, "check that it is a SQLite database that you may read and write");
     }
@@ -84,13 +82,18 @@ void shareOnePool() {
 }  // namespace
 
 std::unique_ptr<rdoConnection> createDatabase(const std::string& file) {
-    return OdbcConnection::open(OdbcConnection::sqliteConnectionString(file));
+    return sqlite::Connection::open(file, {}, sqlite::Opening::created);
 }
 
 std::unique_ptr<rdoConnection> openDatabase(const Options& options) {
     shareOnePool();
-    if (options.connectionString.empty()) return openFile(options.database, timeoutsOf(options));
-    return openServer(options);
+    if (!options.connectionString.empty()) return openServer(options);
+    return openFile(options.database, timeoutsOf(options), sqlite::Opening::guarded);
+}
+
+std::unique_ptr<rdoConnection> openOtherDesk(const Options& options) {
+    if (!options.connectionString.empty()) return openServer(options);
+    return openFile(options.database, timeoutsOf(options), sqlite::Opening::unguarded);
 }
 
 std::unique_ptr<OdbcConnection> openServer(const Options& options) {

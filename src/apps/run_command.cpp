@@ -98,7 +98,7 @@ int runCommand(const Options& options) {
     const auto component = host.component(options);
     if (!component) return exitUnusable;
     Player player({script, *screen, host.surface, host.transcript, host.answers,
-                   [&options] { return openDatabase(options); }, options.keepGoing, std::cerr});
+                   [&options] { return openOtherDesk(options); }, options.keepGoing, std::cerr});
     return player.run(*component, options.activation);
 }
 

@@ -14,25 +14,10 @@
 
 namespace catalogador::test {
 
-TemporaryFile::TemporaryFile(const std::string& name) : name_(name) {
-    static int folders = 0;
-    // Under Wine the driver does not know the drives that the temporary folder is named by.
-    const char* given = std::getenv("CATALOGADOR_TEST_FOLDER");
-    const std::filesystem::path parent =
-        given != nullptr ? given : std::filesystem::temp_directory_path();
-    do {
-        folder_ = parent / ("rdo-" + std::to_string(getpid()) + "-" + std::to_string(folders++));
-    } while (!std::filesystem::create_directory(folder_));
-}
-
-TemporaryFile::~TemporaryFile() {
-    std::error_code ignored;
-    std::filesystem::remove_all(folder_, ignored);
-}
-
 const std::vector<DatabaseKind>& databaseKinds() {
     static const std::vector<DatabaseKind> kinds{
-        {"Sqlite", Dialect::sqlite, ""},
+        {"Sqlite", Dialect::sqlite, "", false, true},
+        {"SqliteOverOdbc", Dialect::sqlite, ""},
         {"Postgresql", Dialect::postgresql, "CATALOGADOR_TEST_POSTGRESQL"},
         {"Mariadb", Dialect::mariadb, "CATALOGADOR_TEST_MARIADB"},
 #ifdef _WIN32
@@ -57,6 +42,7 @@ void RdoTest::SetUp() {
         if (given == nullptr) GTEST_SKIP() << GetParam().variable << " is not set";
         connectionString_ = given;
     }
+    if (GetParam().guarded) sqlite::Connection::open(file_.path(), {}, sqlite::Opening::created);
     connection = connect();
     other = connect();
     ASSERT_EQ(connection->dialect(), dialect());
@@ -79,6 +65,13 @@ TypeNames RdoTest::types() const {
 }
 
 std::unique_ptr<TestedConnection> RdoTest::connect(const Timeouts& timeouts) const {
+    if (GetParam().guarded) {
+        auto native =
+            std::make_unique<TestedConnection>(sqlite::Connection::open(file_.path(), timeouts));
+        native->makeTablesBy(
+            sqlite::Connection::open(file_.path(), timeouts, sqlite::Opening::unguarded));
+        return native;
+    }
     const std::shared_ptr<OdbcConnection> odbc = OdbcConnection::open(connectionString_, timeouts);
 #ifdef _WIN32
     if (GetParam().automation) {

@@ -1,30 +1,16 @@
 #pragma once
 #include <gtest/gtest.h>
 
-#include <filesystem>
 #include <iosfwd>
 #include <memory>
 #include <string>
 #include <vector>
 
 #include "adapters/odbc/odbc_connection.h"
-#include "runtime/error.h"
+#include "adapters/sqlite/connection.h"
+#include "temporary_file.h"
 
 namespace catalogador::test {
-
-/// A file name that nothing else uses, removed with its owner.
-class TemporaryFile {
-  public:
-    explicit TemporaryFile(const std::string& name = "test.db");
-    ~TemporaryFile();
-    TemporaryFile(const TemporaryFile&) = delete;
-    TemporaryFile& operator=(const TemporaryFile&) = delete;
-    [[nodiscard]] std::string path() const { return (folder_ / name_).generic_string(); }
-
-  private:
-    std::filesystem::path folder_;
-    std::string name_;
-};
 
 /// A kind of database that the suites run on. SQLite is always there; the others when the
 /// environment variable holds a connection string to an empty database.
@@ -34,6 +20,8 @@ struct DatabaseKind {
     std::string variable;
     /// Over the objects that hosts of Windows have, in the place of the driver itself.
     bool automation = false;
+    /// Without a driver, by a connection that refuses what no screen does.
+    bool guarded = false;
 };
 const std::vector<DatabaseKind>& databaseKinds();
 std::string kindName(const testing::TestParamInfo<DatabaseKind>& info);
@@ -41,11 +29,14 @@ std::string kindName(const testing::TestParamInfo<DatabaseKind>& info);
 /// A connection that a suite runs on.
 class TestedConnection {
   public:
-    explicit TestedConnection(std::shared_ptr<OdbcConnection> odbc) : odbc_(std::move(odbc)) {}
+    explicit TestedConnection(std::shared_ptr<rdoConnection> direct) : direct_(std::move(direct)) {}
     /// What the suite asks of the interface goes by way of `rdo`, which works on the same database
     /// connection.
-    TestedConnection(std::shared_ptr<OdbcConnection> odbc, std::unique_ptr<rdoConnection> rdo)
-        : odbc_(std::move(odbc)), rdo_(std::move(rdo)) {}
+    TestedConnection(std::shared_ptr<rdoConnection> direct, std::unique_ptr<rdoConnection> rdo)
+        : direct_(std::move(direct)), rdo_(std::move(rdo)) {}
+
+    /// Statements that make and remove tables go by way of another connection.
+    void makeTablesBy(std::unique_ptr<rdoConnection> maker) { maker_ = std::move(maker); }
 
     std::unique_ptr<rdoResultset> OpenResultset(const SqlText& sql, int type = openDynamic,
                                                 int lock = lockOptimisticByValues) {
@@ -55,23 +46,25 @@ class TestedConnection {
     void setListener(StatementListener* listener) { rdo().setListener(listener); }
 
     /// The database connection itself.
-    operator OdbcConnection&() { return *odbc_; }
-    [[nodiscard]] Dialect dialect() const { return odbc_->session()->dialect(); }
+    operator rdoConnection&() { return *direct_; }
+    [[nodiscard]] Dialect dialect() const { return direct_->session()->dialect(); }
     auto query(const std::string& sql, const std::vector<Variant>& values = {}) {
-        return odbc_->session()->query(sql, values);
+        return direct_->session()->query(sql, values);
     }
     std::int64_t run(const std::string& sql, const std::vector<Variant>& values = {}) {
-        return odbc_->session()->run(sql, values);
+        const bool made = maker_ && (sql.starts_with("CREATE") || sql.starts_with("DROP"));
+        return (made ? *maker_ : *direct_).session()->run(sql, values);
     }
-    void begin() { odbc_->session()->begin(); }
-    void commit() { odbc_->session()->commit(); }
-    void rollback() { odbc_->session()->rollback(); }
+    void begin() { direct_->session()->begin(); }
+    void commit() { direct_->session()->commit(); }
+    void rollback() { direct_->session()->rollback(); }
 
   private:
-    rdoConnection& rdo() { return rdo_ ? *rdo_ : *odbc_; }
+    rdoConnection& rdo() { return rdo_ ? *rdo_ : *direct_; }
 
-    std::shared_ptr<OdbcConnection> odbc_;
+    std::shared_ptr<rdoConnection> direct_;
     std::unique_ptr<rdoConnection> rdo_;
+    std::unique_ptr<rdoConnection> maker_;
 };
 
 /// Names of column types where the databases differ.
@@ -107,28 +100,6 @@ class RdoTest : public testing::TestWithParam<DatabaseKind> {
     TemporaryFile file_;
     std::string connectionString_;
 };
-
-/// The number of the RuntimeError that `action` raises; 0 when it raises none.
-template <class Action>
-std::int32_t errorNumberOf(Action action) {
-    try {
-        action();
-    } catch (const RuntimeError& error) {
-        return error.number();
-    }
-    return 0;
-}
-
-/// Its description; empty when it raises none.
-template <class Action>
-std::string errorOf(Action action) {
-    try {
-        action();
-    } catch (const RuntimeError& error) {
-        return error.description();
-    }
-    return {};
-}
 
 void PrintTo(const DatabaseKind& kind, std::ostream* out);
 

@@ -1,9 +1,8 @@
-#include "adapters/odbc/odbc_rows.h"
-
 #include <gtest/gtest.h>
 
 #include "adapters/odbc/block_reader.h"
 #include "adapters/odbc/connection_string.h"
+#include "adapters/odbc/odbc_rows.h"
 #include "adapters/odbc/odbc_session.h"
 #include "adapters/odbc/single_row_reader.h"
 #include "database.h"

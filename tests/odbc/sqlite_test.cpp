@@ -14,17 +14,45 @@ using test::errorNumberOf;
 using test::errorOf;
 using test::TemporaryFile;
 
-class Sqlite : public testing::Test {
+std::string stringFor(const std::string& path) {
+    return OdbcConnection::sqliteConnectionString(path);
+}
+
+enum class Way { native, driver };
+
+std::string wayName(const testing::TestParamInfo<Way>& info) {
+    return info.param == Way::native ? "Native" : "OverOdbc";
+}
+
+std::unique_ptr<rdoConnection> opened(Way way, const std::string& path,
+                                      const Timeouts& timeouts = {},
+                                      sqlite::Opening opening = sqlite::Opening::guarded) {
+    if (way == Way::native) return sqlite::Connection::open(path, timeouts, opening);
+    return OdbcConnection::open(stringFor(path), timeouts);
+}
+
+class Sqlite : public testing::TestWithParam<Way> {
   protected:
-    static std::string stringFor(const std::string& path) {
-        return OdbcConnection::sqliteConnectionString(path);
+    [[nodiscard]] std::unique_ptr<rdoConnection> open(const Timeouts& timeouts = {}) const {
+        return opened(GetParam(), file_.path(), timeouts);
+    }
+    /// A statement that makes tables, or rows of them, from another desk.
+    void schema(const std::string& sql) const {
+        opened(GetParam(), file_.path(), {}, sqlite::Opening::created)->session()->run(sql);
+    }
+
+    [[nodiscard]] std::unique_ptr<rdoConnection> made() const {
+        // A screen's connection opens what is there.
+        opened(GetParam(), file_.path(), {}, sqlite::Opening::created);
+        return open();
     }
 
     TemporaryFile file_;
-    std::unique_ptr<OdbcConnection> connection_ = OdbcConnection::open(stringFor(file_.path()));
+    std::unique_ptr<rdoConnection> connection_ = made();
 };
+INSTANTIATE_TEST_SUITE_P(, Sqlite, testing::Values(Way::native, Way::driver), wayName);
 
-TEST_F(Sqlite, AStatementThatTakesLongTellsWhoeverWaitsAndCanBeStopped) {
+TEST_P(Sqlite, AStatementThatTakesLongTellsWhoeverWaitsAndCanBeStopped) {
     int calls = 0;
     connection_->setWaiting([&] { return ++calls < 3; });
     EXPECT_FALSE(errorOf([&] {
@@ -39,8 +67,8 @@ TEST_F(Sqlite, AStatementThatTakesLongTellsWhoeverWaitsAndCanBeStopped) {
     EXPECT_EQ(calls, 4) << "once, as soon as the statement runs";
 }
 
-TEST_F(Sqlite, GivesStoredTextWhereItDoesNotFitTheDeclaredType) {
-    connection_->session()->run(
+TEST_P(Sqlite, GivesStoredTextWhereItDoesNotFitTheDeclaredType) {
+    schema(
         "CREATE TABLE t (a INTEGER, b BIT, c NUMERIC(10,2), d DOUBLE, e TIMESTAMP, f DATE, "
         "g VARCHAR(3))");
     connection_->session()->run(
@@ -56,9 +84,8 @@ TEST_F(Sqlite, GivesStoredTextWhereItDoesNotFitTheDeclaredType) {
     EXPECT_TRUE(connection_->session()->query("SELECT * FROM t").empty());
 }
 
-TEST_F(Sqlite, FindsRowWhateverItsValuesAreStoredAs) {
-    connection_->session()->run(
-        "CREATE TABLE t (a INTEGER, b BIT, c NUMERIC, d VARCHAR(9), e TIMESTAMP, f, g REAL)");
+TEST_P(Sqlite, FindsRowWhateverItsValuesAreStoredAs) {
+    schema("CREATE TABLE t (a INTEGER, b BIT, c NUMERIC, d VARCHAR(9), e TIMESTAMP, f, g REAL)");
     for (const char* row :
          {"3.5, 7, 1.0/3, 12, 2460000.5, 5, 4", "'1', '0', '1e3', 'A', 0, 'x', 1e300",
           "1e20, true, 12345678901234567890, '', '2024-01-02T03:04', 0.1, -0.0"}) {
@@ -71,8 +98,8 @@ TEST_F(Sqlite, FindsRowWhateverItsValuesAreStoredAs) {
     }
 }
 
-TEST_F(Sqlite, ReportsBitForEveryDeclarationOfOne) {
-    connection_->session()->run("CREATE TABLE t (a BIT, b bit(1), c BOOLEAN, d bool, e INTEGER)");
+TEST_P(Sqlite, ReportsBitForEveryDeclarationOfOne) {
+    schema("CREATE TABLE t (a BIT, b bit(1), c BOOLEAN, d bool, e INTEGER)");
     connection_->session()->run("INSERT INTO t VALUES (1, 0, 1, 0, 1)");
     for (const char* sql : {"Select * From t", "Select * From t Where a = 0",
                             "Select a, b, c, d, e From (Select * From t)"}) {
@@ -84,8 +111,8 @@ TEST_F(Sqlite, ReportsBitForEveryDeclarationOfOne) {
     EXPECT_EQ(connection_->OpenResultset("Select b From t")->value(0), Variant(false));
 }
 
-TEST_F(Sqlite, StoresDatesAndFlagsTheUsualWay) {
-    connection_->session()->run("CREATE TABLE t (a TIMESTAMP, b DATE, c BIT, d INTEGER)");
+TEST_P(Sqlite, StoresDatesAndFlagsTheUsualWay) {
+    schema("CREATE TABLE t (a TIMESTAMP, b DATE, c BIT, d INTEGER)");
     const auto rows = connection_->OpenResultset("Select * From t");
     rows->AddNew();
     rows->setValue("a", Date{2024, 1, 2, 3, 4, 5});
@@ -100,16 +127,17 @@ TEST_F(Sqlite, StoresDatesAndFlagsTheUsualWay) {
     EXPECT_EQ(stored.at(0), expected);
 }
 
-TEST_F(Sqlite, NoticesChangeOfCaseInColumnThatIsBlindToIt) {
-    connection_->session()->run("CREATE TABLE t (a VARCHAR(9) COLLATE NOCASE)");
+TEST_P(Sqlite, NoticesChangeOfCaseInColumnThatIsBlindToIt) {
+    schema("CREATE TABLE t (a VARCHAR(9) COLLATE NOCASE)");
     connection_->session()->run("INSERT INTO t VALUES ('ana')");
     const auto rows = connection_->OpenResultset("Select * From t");
     connection_->session()->run("UPDATE t SET a = 'ANA'");
     EXPECT_EQ(errorNumberOf([&] { rows->Delete(); }), error_number::rowChanged);
 }
 
-TEST_F(Sqlite, WaitsForALockAsLongAsTheConnectionStringSays) {
-    connection_->session()->run("CREATE TABLE t (a INTEGER)");
+TEST_P(Sqlite, WaitsForALockAsLongAsTheConnectionStringSays) {
+    schema("CREATE TABLE t (a INTEGER)");
+    if (GetParam() == Way::native) GTEST_SKIP() << "there is no connection string";
     const auto other = OdbcConnection::open(stringFor(file_.path()) + ";Timeout=300");
     connection_->session()->begin();
     const auto start = std::chrono::steady_clock::now();
@@ -119,12 +147,12 @@ TEST_F(Sqlite, WaitsForALockAsLongAsTheConnectionStringSays) {
     connection_->session()->rollback();
 }
 
-TEST_F(Sqlite, StopsWaitingForALockWithAnError) {
-    connection_->session()->run("CREATE TABLE t (a INTEGER)");
+TEST_P(Sqlite, StopsWaitingForALockWithAnError) {
+    schema("CREATE TABLE t (a INTEGER)");
     connection_->session()->run("INSERT INTO t VALUES (1)");
     Timeouts timeouts;
     timeouts.lock = std::chrono::milliseconds(300);
-    const auto other = OdbcConnection::open(stringFor(file_.path()), timeouts);
+    const auto other = open(timeouts);
     const auto rows = other->OpenResultset("Select * From t");
     connection_->session()->begin();
     connection_->session()->run("UPDATE t SET a = 1");
@@ -140,12 +168,12 @@ TEST_F(Sqlite, StopsWaitingForALockWithAnError) {
     EXPECT_EQ(connection_->session()->query("SELECT a FROM t").at(0).at(0), Variant(3));
 }
 
-TEST_F(Sqlite, LetsTwoProcessesWriteAtTheSameTime) {
+TEST_P(Sqlite, LetsTwoProcessesWriteAtTheSameTime) {
     constexpr int rounds = 50;
-    connection_->session()->run("CREATE TABLE t (a INTEGER)");
+    schema("CREATE TABLE t (a INTEGER)");
     connection_.reset();
     const auto write = [&](int process) {
-        const auto connection = OdbcConnection::open(stringFor(file_.path()));
+        const auto connection = open();
         const auto rows = connection->OpenResultset("Select * From t");
         for (int i = 0; i < rounds; ++i) {
             rows->AddNew();
@@ -160,39 +188,41 @@ TEST_F(Sqlite, LetsTwoProcessesWriteAtTheSameTime) {
     int status = -1;
     waitpid(child, &status, 0);
     EXPECT_EQ(status, 0);
-    const auto connection = OdbcConnection::open(stringFor(file_.path()));
+    const auto connection = open();
     EXPECT_EQ(connection->session()->query("SELECT DISTINCT a FROM t").size(), 2U * rounds);
 }
 
-TEST_F(Sqlite, EnforcesForeignKeys) {
-    connection_->session()->run("CREATE TABLE p (a INTEGER PRIMARY KEY)");
-    connection_->session()->run("CREATE TABLE c (a INTEGER REFERENCES p(a))");
+TEST_P(Sqlite, EnforcesForeignKeys) {
+    schema("CREATE TABLE p (a INTEGER PRIMARY KEY)");
+    schema("CREATE TABLE c (a INTEGER REFERENCES p(a))");
     EXPECT_EQ(errorNumberOf([&] { connection_->Execute("Insert Into c Values (1)"); }),
               error_number::statementFailed);
 }
 
-TEST(SqliteFile, MayHaveAnOddName) {
+class SqliteFile : public testing::TestWithParam<Way> {};
+INSTANTIATE_TEST_SUITE_P(, SqliteFile, testing::Values(Way::native, Way::driver), wayName);
+
+TEST_P(SqliteFile, MayHaveAnOddName) {
     for (const char* name :
          {"with blank.db", "ma\u00f1ana \U0001F600.db", "it's.db", "a=b.db", "a{b}.db",
           "a%20b?c.db", "a#b.db", "a;b.db", "a}b.db", "{a.db", " a .db ", "100%; # ?.db"}) {
         const TemporaryFile file(name);
         const std::string error = errorOf([&] {
-            OdbcConnection::open(OdbcConnection::sqliteConnectionString(file.path()))
+            opened(GetParam(), file.path(), {}, sqlite::Opening::created)
                 ->session()
                 ->run("CREATE TABLE t (a INTEGER)");
+            opened(GetParam(), file.path())->session()->run("INSERT INTO t VALUES (1)");
         });
         EXPECT_EQ(error, "") << name;
         EXPECT_TRUE(std::filesystem::exists(file.path())) << name;
     }
 }
 
-TEST(SqliteFile, IsReportedWhenItCannotBeOpened) {
-    EXPECT_EQ(
-        errorNumberOf([] {
-            OdbcConnection::open(OdbcConnection::sqliteConnectionString("/no/such/folder/a.db"))
-                ->OpenResultset("Select 1 From t");
-        }),
-        error_number::statementFailed);
+TEST_P(SqliteFile, IsReportedWhenItCannotBeOpened) {
+    EXPECT_EQ(errorNumberOf([] {
+                  opened(GetParam(), "/no/such/folder/a.db")->OpenResultset("Select 1 From t");
+              }),
+              error_number::statementFailed);
 }
 
 TEST(OdbcConnectionOpen, ReportsDriverThatIsNotThereWithoutThePassword) {

@@ -3,7 +3,6 @@
 #include <algorithm>
 #include <chrono>
 #include <system_error>
-#include <thread>
 
 #include "adapters/odbc/bound_parameters.h"
 #include "adapters/odbc/connection_string.h"
@@ -288,8 +287,7 @@ std::vector<std::vector<Variant>> OdbcSession::rowsOf(const OdbcHandle& statemen
     while (reader->next()) {
         auto& row = rows.emplace_back(columns.size());
         for (std::size_t column = 0; column < columns.size(); ++column)
-            if (auto text = reader->cell(column))
-                row[column] = variantOf(std::move(*text), columns[column].kind);
+            row[column] = reader->value(column, columns[column].kind);
     }
     return rows;
 }
@@ -320,18 +318,10 @@ void OdbcSession::begin() {
 }
 
 void OdbcSession::beginSqlite() {
-    using namespace std::chrono_literals;
-    constexpr auto longerThanBetweenTwoLooks = 11ms;
-    constexpr auto noticeableWait = 5ms;
-    constexpr auto memoryOfOthers = 5s;
-    // Whoever waits for SQLite's lock looks for it now and then only. While there are such others,
-    // one who writes again and again must pause, or would take it every time.
-    if (Clock::now() < othersUntil_)
-        std::this_thread::sleep_until(lastWritten_ + longerThanBetweenTwoLooks);
-    const auto start = Clock::now();
+    turns_.beforeTurn();
     // A lock that is taken at once can be waited for; one that is taken later may fail.
     run("BEGIN IMMEDIATE");
-    if (Clock::now() - start > noticeableWait) othersUntil_ = Clock::now() + memoryOfOthers;
+    turns_.turnBegan();
 }
 
 void OdbcSession::commit() {
@@ -359,7 +349,7 @@ void OdbcSession::endTransaction(SQLSMALLINT how) {
     if (dialect_ == Dialect::sqlite) {
         run(how == SQL_COMMIT ? "COMMIT" : "ROLLBACK");
         transactions_ = 0;
-        lastWritten_ = Clock::now();
+        turns_.turnEnded();
         return;
     }
     // Whatever comes of it, the transaction is over: a server that is gone has rolled it back.

@@ -8,6 +8,7 @@
 #include <vector>
 
 #include "adapters/odbc/odbc_handle.h"
+#include "adapters/sql/fair_turns.h"
 #include "adapters/sql/sql_session.h"
 #include "adapters/sql/timeouts.h"
 #include "platform/dialect.h"
@@ -67,8 +68,6 @@ class OdbcSession : public SqlSession {
     std::function<bool()> waiting;
 
   private:
-    using Clock = std::chrono::steady_clock;
-
     [[nodiscard]] std::vector<std::vector<Variant>> rowsOf(const OdbcHandle& statement,
                                                            const std::string& sql) const;
     void connect();
@@ -96,9 +95,8 @@ class OdbcSession : public SqlSession {
     Dialect dialect_ = Dialect::other;
     SqlSyntax syntax_;
     int transactions_ = 0;
-    Clock::time_point lastWritten_;
-    /// How long it is taken for granted that others are waiting for SQLite's lock.
-    Clock::time_point othersUntil_;
+    /// The driver of SQLite looks for the file's lock every ten milliseconds.
+    FairTurns turns_{std::chrono::milliseconds(11)};
     bool borrowed_ = false;
     bool lent_ = false;
     bool connected_ = false;

@@ -49,7 +49,7 @@ bool appendUsualText(const TransferredCell& cell, ColumnKind kind, const Regiona
 
 /// Whether a text column's cell, or a whole number, is its own text.
 bool isItsText(const TransferredCell& cell, ColumnKind kind) {
-    if (cell.type == SQL_C_WCHAR) return false;
+    if (cell.type != SQL_C_CHAR) return false;
     switch (kind) {
         case ColumnKind::text:
         case ColumnKind::time:

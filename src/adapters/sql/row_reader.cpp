@@ -17,4 +17,14 @@ std::optional<std::string> RowReader::cell(std::size_t column) const {
     return found ? std::optional(textOfTransferred(*found)) : std::nullopt;
 }
 
+Variant RowReader::value(std::size_t column, ColumnKind kind) const {
+    // A column that was not declared to hold anything holds what is in it.
+    if (const auto stored = kind == ColumnKind::other ? exact(column) : std::nullopt) {
+        if (const auto* whole = std::get_if<std::int64_t>(&stored->value)) return *whole;
+        if (const auto* real = std::get_if<double>(&stored->value)) return *real;
+    }
+    auto text = cell(column);
+    return text ? variantOf(std::move(*text), kind) : Variant();
+}
+
 }  // namespace catalogador

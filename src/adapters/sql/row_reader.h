@@ -5,6 +5,7 @@
 
 #include "adapters/sql/column_info.h"
 #include "adapters/sql/odbc_api.h"
+#include "adapters/sql/write_statements.h"
 
 namespace catalogador {
 
@@ -29,6 +30,12 @@ class RowReader {
                                                                      std::size_t ahead) const = 0;
     /// The text of a column of the current row, whole; nullopt for NULL.
     [[nodiscard]] std::optional<std::string> cell(std::size_t column) const;
+    /// The same as the database has it to the last bit; nullopt also where that is not known.
+    [[nodiscard]] virtual std::optional<Parameter> exact(std::size_t /*column*/) const {
+        return std::nullopt;
+    }
+    /// The same as a value of that kind of column.
+    [[nodiscard]] Variant value(std::size_t column, ColumnKind kind) const;
 };
 
 /// The text of a value that was taken over.

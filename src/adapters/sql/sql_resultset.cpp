@@ -64,8 +64,7 @@ Variant SqlResultset::value(int index) const {
     requireCurrentRow();
     if (const auto written = written_.find(number); written != written_.end())
         return written->second;
-    auto text = rows_->reader->cell(number);
-    return text ? variantOf(std::move(*text), columns_[number].kind) : Variant();
+    return rows_->reader->value(number, columns_[number].kind);
 }
 
 Variant SqlResultset::value(std::string_view name) const {
@@ -194,6 +193,7 @@ std::vector<ExpectedValue> SqlResultset::expectedValues() const {
     std::vector<ExpectedValue> expected;
     for (std::size_t index = 0; index < columns_.size(); ++index) {
         ExpectedValue value{&columns_[index], rows_->reader->cell(index)};
+        if (auto exact = rows_->reader->exact(index)) value.value = std::move(*exact);
         if (const auto written = written_.find(index); written != written_.end())
             value.value = written->second;
         expected.push_back(std::move(value));

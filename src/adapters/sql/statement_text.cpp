@@ -61,13 +61,6 @@ std::vector<SqlToken> outerTokens(const std::vector<SqlToken>& all) {
     return outer;
 }
 
-std::string withoutQuotes(const SqlToken& token) {
-    if (token.kind == TokenKind::word) return std::string(token.text);
-    const char quote = token.text.back();
-    const std::string_view inner = token.text.substr(1, token.text.size() - 2);
-    return replaceText(inner, std::string(2, quote), std::string(1, quote), Compare::binary);
-}
-
 SelectItem selectItem(const std::vector<SqlToken>& tokens) {
     SelectItem item;
     item.isStar = !tokens.empty() && isSymbol(tokens.back(), '*') &&
@@ -79,11 +72,18 @@ SelectItem selectItem(const std::vector<SqlToken>& tokens) {
     const std::size_t left = tokens.size() - column;
     const bool aliased = left == 2 || (left == 3 && isKeyword(tokens[column + 1], "AS"));
     if (aliased && isName(tokens[column]) && tokens.back().kind != TokenKind::symbol)
-        item.aliasedColumn = withoutQuotes(tokens[column]);
+        item.aliasedColumn = unquotedName(tokens[column]);
     return item;
 }
 
 }  // namespace
+
+std::string unquotedName(const SqlToken& token) {
+    if (token.kind == TokenKind::word) return std::string(token.text);
+    const char quote = token.text.back();
+    const std::string_view inner = token.text.substr(1, token.text.size() - 2);
+    return replaceText(inner, std::string(2, quote), std::string(1, quote), Compare::binary);
+}
 
 std::string singleStatement(std::string_view sql, const SqlSyntax& syntax) {
     const auto tokens = tokensOf(sql, syntax);

@@ -8,6 +8,9 @@
 
 namespace catalogador {
 
+/// The name that a word or a quoted name stands for.
+std::string unquotedName(const SqlToken& token);
+
 /// The first statement of the text without its ";". Raises RuntimeError (statementFailed) when
 /// anything but blanks and comments follows the ";", or when there is no statement at all.
 std::string singleStatement(std::string_view sql, const SqlSyntax& syntax);

@@ -85,6 +85,8 @@ class Conditions {
 
     void add(const ExpectedValue& expected) {
         const ColumnInfo& column = *expected.column;
+        if (const auto* exact = std::get_if<Parameter>(&expected.value))
+            return addExact(column, *exact);
         if (!isComparable(dialect_, column)) return;
         if (const auto* given = std::get_if<Variant>(&expected.value)) {
             if (given->isNull())
@@ -110,6 +112,13 @@ class Conditions {
   private:
     [[nodiscard]] std::string name(const ColumnInfo& column) const {
         return quotedName(dialect_, column.baseName);
+    }
+
+    void addExact(const ColumnInfo& column, const Parameter& value) {
+        if (column.baseName.empty()) return;
+        const bool isText = value.sqlType == SQL_VARCHAR;
+        conditions_.add(name(column) + (isText ? " = ? COLLATE BINARY" : " = ?"));
+        parameters_.push_back(value);
     }
 
     void addNull(const ColumnInfo& column) { conditions_.add(name(column) + " IS NULL"); }

@@ -29,11 +29,12 @@ struct Assignment {
     Variant value;
 };
 
-/// A column and the value that the row must still have: the text as the database gave it, or, of
-/// a column written since, the value it was given. A Null Variant and no text stand for NULL.
+/// A column and the value that the row must still have: the text as the database gave it, the value
+/// as the database has it where that is known, or, of a column written since, the value it was
+/// given. A Null Variant and no text stand for NULL.
 struct ExpectedValue {
     const ColumnInfo* column = nullptr;
-    std::variant<std::optional<std::string>, Variant> value;
+    std::variant<std::optional<std::string>, Variant, Parameter> value;
 };
 
 /// A name in the quotes of that database.
