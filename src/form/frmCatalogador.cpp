@@ -145,11 +145,12 @@ bool frmCatalogador::rowHasCode(int row, std::int32_t code) const {
     return equalValues(Variant(grdGrilla.code(row)), Variant(code), host_.regional).value_or(false);
 }
 
-void frmCatalogador::openRecords() {
+void frmCatalogador::openRecords(Purpose purpose) {
     if (mrdoCBase == nullptr)
         throw RuntimeError(error_number::objectNotSet, "Object variable not set");
     try {
-        mrdoRegistro = mrdoCBase->OpenResultset(mstrSQL, openDynamic, lockOptimisticByValues);
+        mrdoRegistro = purpose == Purpose::writing ? mrdoCBase->OpenToWrite(mstrSQL)
+                                                   : mrdoCBase->OpenResultset(mstrSQL);
     } catch (const DataRefused& refused) {
         throw refusalOf(refused);
     }

@@ -267,9 +267,10 @@ class frmCatalogador : public Window {
     [[nodiscard]] std::int32_t codeOfRow(int row) const;
     /// Whether that is the row's code, however the listing writes it.
     [[nodiscard]] bool rowHasCode(int row, std::int32_t code) const;
+    enum class Purpose { reading, writing };
     /// Opens mstrSQL as the form's resultset. What data access says of a text that cannot be used
     /// is said in the screen's language.
-    void openRecords();
+    void openRecords(Purpose purpose = Purpose::reading);
     [[nodiscard]] RuntimeError refusalOf(const DataRefused& refused) const;
 
     template <class Result, class Body>

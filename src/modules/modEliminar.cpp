@@ -116,7 +116,7 @@ bool EfectuarAccionTabla(Host& host, std::int16_t indice, std::int32_t id, rdoCo
         const std::string sql =
             replaceText(rule.followUp, "[prmID]", decimalText(id), Compare::binary);
         if (verb(sql) == "SELECT") {
-            const auto rows = conexion.OpenResultset(sql);
+            const auto rows = conexion.OpenToWrite(sql);
             for (; !rows->atEnd(); rows->MoveNext()) rows->Delete();
             rows->Close();
         } else if (verb(sql) == "UPDATE") {

@@ -40,9 +40,11 @@ class StatementListener {
     virtual void opened(const std::string& sql, int type, int lock) = 0;
     /// A text was handed over to be executed.
     virtual void executed(const std::string& sql) = 0;
-    /// A row is being written through a resultset; `kind` is "insert", "update" or "delete".
+    /// A row was written through a resultset, or was to be when `done` is false; `kind` is
+    /// "insert", "update" or "delete".
     virtual void written(std::string_view kind, const std::string& table,
-                         const std::vector<std::pair<std::string, Variant>>& columns) = 0;
+                         const std::vector<std::pair<std::string, Variant>>& columns,
+                         bool done) = 0;
 };
 
 /// The rows a statement returned, read forward, and the means to write to their table.
@@ -142,6 +144,12 @@ class rdoConnection {
     /// Runs one statement that returns rows. A text that carries a second statement is refused.
     virtual std::unique_ptr<rdoResultset> OpenResultset(const SqlText& sql, int type = openDynamic,
                                                         int lock = lockOptimisticByValues) = 0;
+    /// The same for rows that are to be written: what is written is the very row that was read,
+    /// where the database can tell, also of rows that are alike in everything.
+    virtual std::unique_ptr<rdoResultset> OpenToWrite(const SqlText& sql, int type = openDynamic,
+                                                      int lock = lockOptimisticByValues) {
+        return OpenResultset(sql, type, lock);
+    }
     /// Runs one statement; gives the number of rows it touched (-1 when the driver does not tell).
     virtual std::int64_t Execute(const SqlText& sql) = 0;
 

@@ -42,6 +42,7 @@ class TestedConnection {
                                                 int lock = lockOptimisticByValues) {
         return rdo().OpenResultset(sql, type, lock);
     }
+    std::unique_ptr<rdoResultset> OpenToWrite(const SqlText& sql) { return rdo().OpenToWrite(sql); }
     std::int64_t Execute(const SqlText& sql) { return rdo().Execute(sql); }
     void setListener(StatementListener* listener) { rdo().setListener(listener); }
 

@@ -245,10 +245,10 @@ class Recorder : public StatementListener {
     }
     void executed(const std::string& sql) override { events.push_back("execute " + sql); }
     void written(std::string_view kind, const std::string& table,
-                 const std::vector<std::pair<std::string, Variant>>& columns) override {
+                 const std::vector<std::pair<std::string, Variant>>& columns, bool done) override {
         std::string names;
         for (const auto& [name, value] : columns) names += " " + name;
-        events.push_back(std::string(kind) + " " + table + names);
+        events.push_back(std::string(kind) + " " + table + names + (done ? "" : " failed"));
     }
     std::vector<std::string> events;
 };
@@ -277,6 +277,32 @@ TEST_P(RdoStatement, IsToldToTheListenerWithEveryWrite) {
         "open " + select() + " 2 4",        "update " + written + " name",  "delete " + written,
         "insert " + written + " Name Code", "execute Delete From " + table, "open nonsense 1 2"};
     EXPECT_EQ(recorder.events, expected);
+}
+
+TEST_P(RdoStatement, AWriteIsToldWhenItHasHappenedOrFailed) {
+    create("Code INTEGER NOT NULL PRIMARY KEY, Name VARCHAR(10)", {"1, 'x'", "2, 'y'"});
+    Recorder recorder;
+    connection->setListener(&recorder);
+    const auto rows = connection->OpenToWrite(select("Where Code = 1"));
+    recorder.events.clear();
+    rows->AddNew();
+    rows->setValue("Code", 2);
+    EXPECT_NE(errorNumberOf([&] { rows->Update(); }), 0);
+    rows->setValue("Code", 3);
+    rows->Update();
+    rows->Edit();
+    rows->setValue("Code", 2);
+    EXPECT_NE(errorNumberOf([&] { rows->Update(); }), 0);
+    other->run("UPDATE " + table + " SET Name = 'z'");
+    EXPECT_NE(errorNumberOf([&] { rows->Delete(); }), 0);
+    connection->setListener(nullptr);
+    const std::string written = GetParam().automation ? "" : table;
+    // What was set before the correction may be told with it.
+    ASSERT_EQ(recorder.events.size(), 4U);
+    EXPECT_EQ(recorder.events[0], "insert " + written + " Code failed");
+    EXPECT_EQ(recorder.events[1].find("failed"), std::string::npos);
+    EXPECT_EQ(recorder.events[2], "update " + written + " Code failed");
+    EXPECT_EQ(recorder.events[3], "delete " + written + " failed");
 }
 
 }  // namespace

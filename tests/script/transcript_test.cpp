@@ -50,12 +50,16 @@ TEST(TranscriptStatements, TracesWhatGoesThroughTheConnection) {
     TranscriptStatements statements(transcript);
     statements.opened("Select 1", 2, 4);
     statements.executed("Delete From t");
-    statements.written("insert", "genCodigoTexto", {{"CTeCodigo", 7}, {"CTeTextoLargo", Null{}}});
+    statements.written("insert", "genCodigoTexto", {{"CTeCodigo", 7}, {"CTeTextoLargo", Null{}}},
+                       true);
+    statements.written("delete", "genCodigoTexto", {}, false);
     EXPECT_EQ(out.str(),
               "{\"event\":\"statement\",\"sql\":\"Select 1\",\"type\":2,\"lock\":4}\n"
               "{\"event\":\"statement\",\"sql\":\"Delete From t\",\"execute\":true}\n"
               "{\"event\":\"write\",\"kind\":\"insert\",\"table\":\"genCodigoTexto\","
-              "\"columns\":{\"CTeCodigo\":7,\"CTeTextoLargo\":null}}\n");
+              "\"columns\":{\"CTeCodigo\":7,\"CTeTextoLargo\":null}}\n"
+              "{\"event\":\"write\",\"kind\":\"delete\",\"table\":\"genCodigoTexto\","
+              "\"columns\":{},\"failed\":true}\n");
 }
 
 TEST(TranscriptStatements, AreQuietWhileAServiceWorks) {

@@ -15,8 +15,7 @@ void YesSurface::errorBox(const std::string& text, const std::string& /*title*/,
     told.push_back(text + ": " + detail);
 }
 
-Desk::Desk(const std::string& connectionString)
-    : connection_(OdbcConnection::open(connectionString)) {
+Desk::Desk(std::unique_ptr<rdoConnection> connection) : connection_(std::move(connection)) {
     component_.Coneccion(connection_.get());
     component_.Empresa(1);
     component_.AppKey("VEM04");

@@ -4,7 +4,6 @@
 #include <string>
 #include <vector>
 
-#include "adapters/odbc/odbc_connection.h"
 #include "adapters/script/windowless_surface.h"
 #include "adapters/services/messages.h"
 #include "adapters/services/utilities.h"
@@ -29,17 +28,17 @@ class YesSurface : public WindowlessSurface {
 /// window.
 class Desk {
   public:
-    explicit Desk(const std::string& connectionString);
+    explicit Desk(std::unique_ptr<rdoConnection> connection);
 
     /// Opens the screen of a view, lets the user work on it and closes it.
     void open(std::int16_t view, const std::function<void(frmCatalogador&)>& work);
     /// What the user was told since the last question.
     std::vector<std::string> takeTold();
 
-    OdbcConnection& connection() { return *connection_; }
+    rdoConnection& connection() { return *connection_; }
 
   private:
-    std::unique_ptr<OdbcConnection> connection_;
+    std::unique_ptr<rdoConnection> connection_;
     YesSurface surface_;
     Utilities utilities_{Settings("", {}), Regional{}, "", nullptr};
     SurfaceMessages messages_{surface_};

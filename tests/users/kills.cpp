@@ -35,7 +35,7 @@ struct Progress {
 };
 
 /// Every column of a record tells the same version, so that a half-written one gives itself away.
-void insertRecord(OdbcConnection& database, int code, int version) {
+void insertRecord(rdoConnection& database, int code, int version) {
     database.session()->begin();
     database.session()->run(
         "Insert Into genCodigoTexto (CTeIDTipoVista, CTeCodigo, CTeTextoCorto, "
@@ -63,7 +63,7 @@ std::string textOf(const Variant& value) {
     return toTextOrEmpty(value, Regional{});
 }
 
-bool recordsAreWhole(OdbcConnection& database) {
+bool recordsAreWhole(rdoConnection& database) {
     bool good = true;
     for (const auto& row : database.session()->query(
              "Select CTeCodigo, CTeTextoCorto, CTeTextoLargo, CTeValor1, CTeValor2, CTeValor3 From "
@@ -82,7 +82,7 @@ bool recordsAreWhole(OdbcConnection& database) {
 }
 
 /// A record goes after its follow-up rules: without it there is nothing left that they are for.
-bool rulesWereKept(OdbcConnection& database) {
+bool rulesWereKept(rdoConnection& database) {
     bool good = true;
     const std::string gone =
         " And CTeValor1 Not In (Select CTeCodigo From genCodigoTexto Where CTeIDTipoVista = 91)";
@@ -97,13 +97,14 @@ bool rulesWereKept(OdbcConnection& database) {
     return good;
 }
 
-bool fileIsSound(OdbcConnection& database) {
-    if (database.session()->dialect() != Dialect::sqlite) return true;
-    const auto rows = database.session()->query("PRAGMA integrity_check");
+bool fileIsSound(const std::string& connection) {
+    const auto database = connectTo(connection, true);
+    if (database->session()->dialect() != Dialect::sqlite) return true;
+    const auto rows = database->session()->query("PRAGMA integrity_check");
     return textOf(rows.at(0).at(0)) == "ok" || complain(textOf(rows.at(0).at(0)));
 }
 
-void restock(OdbcConnection& database) {
+void restock(rdoConnection& database) {
     const auto codes =
         database.session()->query("Select CTeCodigo From genCodigoTexto Where CTeIDTipoVista = 91");
     if (codes.size() > recordCount / 2) return;
@@ -134,9 +135,10 @@ void deleteNext(frmCatalogador& form, Progress& progress, int row) {
 
 /// Looks at what the last kill has left, then saves and deletes until it is killed itself.
 int workUntilKilled(const std::string& connection, Progress& progress, unsigned seed) {
-    Desk desk(connection);
-    OdbcConnection& database = desk.connection();
-    if (!recordsAreWhole(database) || !rulesWereKept(database) || !fileIsSound(database)) return 2;
+    Desk desk(connectTo(connection));
+    rdoConnection& database = desk.connection();
+    if (!recordsAreWhole(database) || !rulesWereKept(database) || !fileIsSound(connection))
+        return 2;
     restock(database);
     std::mt19937 random(seed);
     desk.open(viewOfAll, [&](frmCatalogador& form) {
@@ -196,9 +198,10 @@ int kills(const std::string& connection, int kills, unsigned seed) {
         inDelete += progress.stage == deleting ? 1 : 0;
     }
     const int last = inProcess([&] {
-        const auto database = OdbcConnection::open(connection);
-        return recordsAreWhole(*database) && rulesWereKept(*database) && fileIsSound(*database) ? 0
-                                                                                                : 1;
+        const auto database = connectTo(connection);
+        return recordsAreWhole(*database) && rulesWereKept(*database) && fileIsSound(connection)
+                   ? 0
+                   : 1;
     });
     std::cout << killed << " kills (seed " << seed << "), " << inSave << " during a save, "
               << inDelete << " during a delete; " << progress.saved << " saves and "

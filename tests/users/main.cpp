@@ -56,8 +56,8 @@ int main(int argc, char** argv) {
         const int status =
             arguments.size() < 2 ? wrongUsage : run(arguments[0], arguments[1], numbers);
         if (status == wrongUsage)
-            std::cerr << "many_users new|same|kills sqlite|postgresql|mariadb [RECORDS USERS | "
-                         "SECONDS USERS | KILLS SEED]\n";
+            std::cerr << "many_users new|same|kills sqlite|sqlite-odbc|postgresql|mariadb [RECORDS "
+                         "USERS | SECONDS USERS | KILLS SEED]\n";
         return status;
     } catch (const std::exception& error) {
         std::cerr << "many_users: " << error.what() << '\n';

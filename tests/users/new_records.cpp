@@ -20,7 +20,7 @@ struct Counts {
 };
 
 int saveNewOnes(const std::string& connection, int user, int records, Counts& counts) {
-    Desk desk(connection);
+    Desk desk(connectTo(connection));
     desk.open(viewOfNew, [&](frmCatalogador& form) {
         for (int i = 0; i < records; ++i) {
             form.commandBars.execute(action::create);
@@ -38,7 +38,7 @@ int saveNewOnes(const std::string& connection, int user, int records, Counts& co
     return 0;
 }
 
-std::int64_t number(OdbcConnection& connection, const std::string& sql) {
+std::int64_t number(rdoConnection& connection, const std::string& sql) {
     return toLong(connection.session()->query(sql).at(0).at(0), Regional{});
 }
 
@@ -58,7 +58,7 @@ int newRecords(const std::string& connection, int records, int users) {
     const std::chrono::duration<double> took = std::chrono::steady_clock::now() - start;
 
     return inProcess([&] {
-        const auto database = OdbcConnection::open(connection);
+        const auto database = connectTo(connection);
         const std::string where = " From genCodigoTexto Where CTeIDTipoVista = 90";
         const std::int64_t rows = number(*database, "Select Count(*)" + where);
         const std::int64_t codes = number(*database, "Select Count(Distinct CTeCodigo)" + where);

@@ -9,12 +9,16 @@
 
 #include "adapters/demo/schema.h"
 #include "adapters/odbc/odbc_connection.h"
+#include "adapters/sqlite/connection.h"
 #include "processes.h"
 #include "runtime/text.h"
 
 namespace catalogador::test {
 
 namespace {
+
+/// Before the name of a file that is opened without a driver.
+const std::string filePrefix = "sqlite:";
 
 std::string withDatabase(std::string connection, const std::string& name) {
     const std::size_t start = connection.find("Database=");
@@ -57,7 +61,7 @@ std::vector<std::string> contents() {
 /// At another desk, so that this process has no connection to hand down.
 void run(const std::string& connectionString, const std::vector<std::string>& statements) {
     const int status = inProcess([&] {
-        const auto connection = OdbcConnection::open(connectionString);
+        const auto connection = connectTo(connectionString, true);
         for (const std::string& sql : statements) connection->session()->run(sql);
         return 0;
     });
@@ -66,21 +70,30 @@ void run(const std::string& connectionString, const std::vector<std::string>& st
 
 }  // namespace
 
+std::unique_ptr<rdoConnection> connectTo(const std::string& connectionString, bool free) {
+    if (!connectionString.starts_with(filePrefix)) return OdbcConnection::open(connectionString);
+    return sqlite::Connection::open(connectionString.substr(filePrefix.size()), {},
+                                    free ? sqlite::Opening::created : sqlite::Opening::guarded);
+}
+
 std::unique_ptr<OwnDatabase> OwnDatabase::create(const std::string& kind) {
     std::unique_ptr<OwnDatabase> database(new OwnDatabase());
     if (!database->prepare(kind)) return nullptr;
-    std::vector<std::string> statements = schemaStatementList(dialectFromName(kind).value());
+    std::vector<std::string> statements =
+        schemaStatementList(dialectFromName(kind.substr(0, kind.find('-'))).value());
     for (std::string& sql : contents()) statements.push_back(std::move(sql));
     run(database->connectionString_, statements);
     return database;
 }
 
 bool OwnDatabase::prepare(const std::string& kind) {
-    if (kind == "sqlite") {
+    if (kind.starts_with("sqlite")) {
         std::string pattern = (std::filesystem::temp_directory_path() / "users-XXXXXX").string();
         if (mkdtemp(pattern.data()) == nullptr) throw std::runtime_error("no temporary folder");
         folder_ = pattern;
-        connectionString_ = OdbcConnection::sqliteConnectionString(folder_ / "users.db");
+        const std::string file = folder_ / "users.db";
+        connectionString_ =
+            kind == "sqlite" ? filePrefix + file : OdbcConnection::sqliteConnectionString(file);
         return true;
     }
     const char* given = std::getenv(("CATALOGADOR_TEST_" + upperCase(kind)).c_str());

@@ -3,13 +3,20 @@
 #include <memory>
 #include <string>
 
+#include "platform/rdo.h"
+
 namespace catalogador::test {
+
+/// A connection to a database of one of the kinds of OwnDatabase, as a screen has it; `free` for
+/// somebody who may do anything with it.
+std::unique_ptr<rdoConnection> connectTo(const std::string& connectionString, bool free = false);
 
 /// An empty database of the given kind with the tables of the system and the views of these tests,
 /// gone with its owner. All of it is done by processes of their own, so that the owner may fork.
 class OwnDatabase {
   public:
-    /// `kind` is sqlite, postgresql or mariadb; nullptr when no server of that kind is there.
+    /// `kind` is sqlite, sqlite-odbc, postgresql or mariadb; nullptr when no server of that kind is
+    /// there.
     static std::unique_ptr<OwnDatabase> create(const std::string& kind);
     ~OwnDatabase();
     OwnDatabase(const OwnDatabase&) = delete;

@@ -53,7 +53,7 @@ void addOne(Desk& desk, frmCatalogador& form, int code, Counts& counts) {
 
 void fill(const std::string& connection) {
     inProcess([&] {
-        const auto database = OdbcConnection::open(connection);
+        const auto database = connectTo(connection);
         for (int code = 1; code <= recordCount; ++code)
             database->session()->run(
                 "Insert Into genCodigoTexto (CTeIDTipoVista, CTeCodigo, CTeTextoCorto, "
@@ -72,7 +72,7 @@ int sameRecords(const std::string& connection, int seconds, int users) {
     std::vector<pid_t> processes;
     for (int user = 0; user < users; ++user)
         processes.push_back(startProcess([&, user] {
-            Desk desk(connection);
+            Desk desk(connectTo(connection));
             std::mt19937 random(static_cast<unsigned>(user));
             std::uniform_int_distribution<int> codes(1, recordCount);
             desk.open(viewOfAll, [&](frmCatalogador& form) {
@@ -84,7 +84,7 @@ int sameRecords(const std::string& connection, int seconds, int users) {
     for (const pid_t process : processes) failed += statusOf(process) != 0 ? 1 : 0;
 
     return inProcess([&] {
-        const auto database = OdbcConnection::open(connection);
+        const auto database = connectTo(connection);
         const auto rows = database->session()->query(
             "Select Sum(CTeValor1), Count(*) From genCodigoTexto Where CTeIDTipoVista = 91");
         const std::int32_t sum = toLong(rows.at(0).at(0), Regional{});

@@ -67,15 +67,13 @@ class AutomationResultset : public rdoResultset {
         if (!editing())
             throw RuntimeError(error_number::invalidProcedureCall,
                                "Update is possible only after AddNew or Edit");
-        if (listener_ != nullptr) listener_->written(editing_, "", written_);
         // After a failure the row can be corrected.
-        rows_.call(L"Update");
+        told(editing_, L"Update", written_);
         editing_ = nullptr;
     }
     void Delete() override {
         needRow();
-        if (listener_ != nullptr) listener_->written("delete", "", {});
-        rows_.call(L"Delete");
+        told("delete", L"Delete", {});
     }
     void Close() override {
         if (std::exchange(closed_, true)) return;
@@ -83,6 +81,19 @@ class AutomationResultset : public rdoResultset {
     }
 
   private:
+    using Columns = std::vector<std::pair<std::string, Variant>>;
+
+    /// Calls the member that writes, and tells the listener what came of it.
+    void told(const char* kind, const wchar_t* member, const Columns& columns) {
+        try {
+            rows_.call(member);
+        } catch (const RuntimeError&) {
+            if (listener_ != nullptr) listener_->written(kind, "", columns, false);
+            throw;
+        }
+        if (listener_ != nullptr) listener_->written(kind, "", columns, true);
+    }
+
     struct Column {
         ColumnDescription description;
         AutomationObject object;

@@ -31,9 +31,18 @@ OdbcConnection::~OdbcConnection() {
 
 std::unique_ptr<rdoResultset> OdbcConnection::OpenResultset(const SqlText& sql, int type,
                                                             int lock) {
+    return opened(sql, type, lock, false);
+}
+
+std::unique_ptr<rdoResultset> OdbcConnection::OpenToWrite(const SqlText& sql, int type, int lock) {
+    return opened(sql, type, lock, true);
+}
+
+std::unique_ptr<rdoResultset> OdbcConnection::opened(const SqlText& sql, int type, int lock,
+                                                     bool toWrite) {
     if (session_->listener != nullptr) session_->listener->opened(sql.text(), type, lock);
     requireDataStaysData(sql, session_->syntax());
-    return std::make_unique<SqlResultset>(session_, sql.text());
+    return std::make_unique<SqlResultset>(session_, sql.text(), toWrite);
 }
 
 std::int64_t OdbcConnection::Execute(const SqlText& sql) {

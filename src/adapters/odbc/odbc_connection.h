@@ -27,6 +27,8 @@ class OdbcConnection : public rdoConnection {
 
     std::unique_ptr<rdoResultset> OpenResultset(const SqlText& sql, int type = openDynamic,
                                                 int lock = lockOptimisticByValues) override;
+    std::unique_ptr<rdoResultset> OpenToWrite(const SqlText& sql, int type = openDynamic,
+                                              int lock = lockOptimisticByValues) override;
     std::int64_t Execute(const SqlText& sql) override;
     void setWaiting(const std::function<bool()>& waiting) override;
     void setListener(StatementListener* listener) override;
@@ -38,6 +40,8 @@ class OdbcConnection : public rdoConnection {
 
   private:
     explicit OdbcConnection(std::shared_ptr<OdbcSession> session);
+
+    std::unique_ptr<rdoResultset> opened(const SqlText& sql, int type, int lock, bool toWrite);
 
     std::shared_ptr<OdbcSession> session_;
 };

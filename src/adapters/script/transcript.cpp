@@ -79,10 +79,13 @@ void TranscriptStatements::executed(const std::string& sql) {
 }
 
 void TranscriptStatements::written(std::string_view kind, const std::string& table,
-                                   const std::vector<std::pair<std::string, Variant>>& columns) {
+                                   const std::vector<std::pair<std::string, Variant>>& columns,
+                                   bool done) {
     Json values = Json::object();
     for (const auto& [name, value] : columns) values[name] = jsonOf(value);
-    trace({{"event", "write"}, {"kind", kind}, {"table", table}, {"columns", values}});
+    Json event = {{"event", "write"}, {"kind", kind}, {"table", table}, {"columns", values}};
+    if (!done) event["failed"] = true;
+    trace(event);
 }
 
 }  // namespace catalogador

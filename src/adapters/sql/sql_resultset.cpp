@@ -23,15 +23,39 @@ bool sameName(std::string_view left, std::string_view right) {
 
 }  // namespace
 
-SqlResultset::SqlResultset(std::shared_ptr<SqlSession> session, const std::string& sql)
+SqlResultset::SqlResultset(std::shared_ptr<SqlSession> session, const std::string& sql,
+                           bool toWrite)
     : session_(std::move(session)),
-      rows_(session_->open(sql)),
-      columns_(rows_->columns),
       table_(writableTable(sql, session_->syntax())),
       condition_(selectCondition(withoutComments(sql, session_->syntax()), session_->syntax())) {
-    for (const ColumnInfo& column : columns_)
-        descriptions_.push_back({column.name, columnTypeCode(column)});
+    if (!toWrite || !table_ || !openWithIdentity(sql)) rows_ = session_->open(sql);
+    columns_ = rows_->columns;
+    const std::size_t own = identity_.columns.size();
+    const std::size_t asked = columns_.size() - own;
+    for (std::size_t index = 0; index < asked; ++index)
+        descriptions_.push_back({columns_[index].name, columnTypeCode(columns_[index])});
+    for (std::size_t index = 0; index < own; ++index)
+        columns_[asked + index].baseName = identity_.columns[index];
     if (rows_->reader && rows_->reader->next()) row_ = Row::current;
+}
+
+bool SqlResultset::openWithIdentity(const std::string& sql) {
+    try {
+        const RowIdentity identity = rowIdentity(*session_, *table_);
+        if (identity.columns.empty()) return false;
+        // An address in quotes would be a text to SQLite where there is none of that name.
+        std::vector<std::string> items = identity.columns;
+        if (session_->dialect() == Dialect::mariadb)
+            for (std::string& item : items) item = quotedName(Dialect::mariadb, item);
+        rows_ = session_->open(withColumns(sql, items, session_->syntax()));
+        if (rows_->columns.size() < items.size()) return false;
+        identity_ = identity;
+        return true;
+    } catch (const RuntimeError&) {
+        // Rows of a view or of a function have none; what else is wrong, the
+        // statement itself says.
+        return false;
+    }
 }
 
 SqlResultset::~SqlResultset() {
@@ -49,7 +73,7 @@ void SqlResultset::MoveNext() {
 }
 
 int SqlResultset::columnCount() const {
-    return static_cast<int>(columns_.size());
+    return static_cast<int>(descriptions_.size());
 }
 
 const ColumnDescription& SqlResultset::column(int index) const {
@@ -137,12 +161,15 @@ void SqlResultset::Delete() {
     requireOpen();
     requireCurrentRow();
     requireWritable();
-    const auto statement =
-        withinCondition(deleteStatement(session_->dialect(), *table_, expectedValues()));
     mode_ = Mode::reading;
     assigned_.clear();
-    tellListener("delete");
-    writeOneRow(statement, false);
+    told("delete", [&] {
+        writeOneRow(
+            [&](const std::vector<ExpectedValue>& expected) {
+                return deleteStatement(session_->dialect(), *table_, expected);
+            },
+            false);
+    });
     row_ = Row::deleted;
 }
 
@@ -162,11 +189,12 @@ std::size_t SqlResultset::checked(int index) const {
 }
 
 std::size_t SqlResultset::indexOf(std::string_view name) const {
-    const auto found = std::find_if(columns_.begin(), columns_.end(),
-                                    [&](const ColumnInfo& c) { return sameName(c.name, name); });
-    if (found == columns_.end())
+    const auto found =
+        std::find_if(descriptions_.begin(), descriptions_.end(),
+                     [&](const ColumnDescription& c) { return sameName(c.name, name); });
+    if (found == descriptions_.end())
         throw RuntimeError(error_number::columnNotFound, "There is no column " + std::string(name));
-    return static_cast<std::size_t>(found - columns_.begin());
+    return static_cast<std::size_t>(found - descriptions_.begin());
 }
 
 const SqlResultset::Assigned* SqlResultset::assigned(std::size_t column) const {
@@ -189,9 +217,10 @@ void SqlResultset::requireOpen() const {
     if (!rows_) throw RuntimeError(error_number::objectNotSet, "The resultset is closed");
 }
 
-std::vector<ExpectedValue> SqlResultset::expectedValues() const {
+std::vector<ExpectedValue> SqlResultset::expectedValues(bool identified) const {
     std::vector<ExpectedValue> expected;
-    for (std::size_t index = 0; index < columns_.size(); ++index) {
+    const std::size_t count = identified ? columns_.size() : descriptions_.size();
+    for (std::size_t index = 0; index < count; ++index) {
         ExpectedValue value{&columns_[index], rows_->reader->cell(index)};
         if (auto exact = rows_->reader->exact(index)) value.value = std::move(*exact);
         if (const auto written = written_.find(index); written != written_.end())
@@ -208,47 +237,73 @@ std::vector<Assignment> SqlResultset::assignments() const {
 }
 
 void SqlResultset::insertRow() {
-    const auto statement = insertStatement(session_->dialect(), *table_, assignments());
-    tellListener("insert");
-    rdoTransaction transaction(*session_);
-    session_->write(statement);
-    transaction.commit();
+    told("insert", [&] {
+        const auto statement = insertStatement(session_->dialect(), *table_, assignments());
+        rdoTransaction transaction(*session_);
+        session_->write(statement);
+        transaction.commit();
+    });
 }
 
 void SqlResultset::updateRow() {
     if (assigned_.empty()) return;
-    const auto statement = withinCondition(
-        updateStatement(session_->dialect(), *table_, assignments(), expectedValues()));
-    tellListener("update");
-    writeOneRow(statement, true);
+    told("update", [&] {
+        writeOneRow(
+            [&](const std::vector<ExpectedValue>& expected) {
+                return updateStatement(session_->dialect(), *table_, assignments(), expected);
+            },
+            true);
+    });
     for (const Assigned& set : assigned_) written_[set.column] = set.value;
 }
 
-void SqlResultset::tellListener(std::string_view kind) const {
-    if (session_->listener == nullptr) return;
-    std::vector<std::pair<std::string, Variant>> columns;
-    for (const Assigned& set : assigned_) columns.emplace_back(set.name, set.value);
-    session_->listener->written(kind, *table_, columns);
+void SqlResultset::told(std::string_view kind, const std::function<void()>& write) const {
+    const auto tell = [&](bool done) {
+        if (session_->listener == nullptr) return;
+        std::vector<std::pair<std::string, Variant>> columns;
+        for (const Assigned& set : assigned_) columns.emplace_back(set.name, set.value);
+        session_->listener->written(kind, *table_, columns, done);
+    };
+    try {
+        write();
+    } catch (const RuntimeError&) {
+        tell(false);
+        throw;
+    }
+    tell(true);
 }
 
-ParameterizedStatement SqlResultset::withinCondition(ParameterizedStatement statement) const {
+ParameterizedStatement SqlResultset::narrowed(ParameterizedStatement statement,
+                                              bool identified) const {
+    if (identified) {
+        if (identity_.eitherOfAlike) statement.text += " LIMIT 1";
+        return statement;
+    }
     // A row that was written since need not fulfil the condition any more.
     if (!condition_.empty() && written_.empty()) statement.text += " AND (" + condition_ + ")";
     return statement;
 }
 
-void SqlResultset::writeOneRow(const ParameterizedStatement& statement, bool countUnchanged) {
+std::int64_t SqlResultset::writeRows(const StatementMaker& make, bool identified,
+                                     bool countUnchanged) {
+    const auto expected = expectedValues(identified);
+    const std::int64_t touched = session_->write(narrowed(make(expected), identified));
+    if (touched > 0 || !countUnchanged || session_->dialect() != Dialect::mariadb) return touched;
+    // A row that had these values already is not counted as touched.
+    auto count = narrowed(countStatement(session_->dialect(), *table_, expected), identified);
+    // Counted as it is now, not as it was when a transaction of the host began.
+    count.text += " FOR UPDATE";
+    const std::int64_t alike = *session_->query(count).at(0).at(0).as<std::int64_t>();
+    return identified && identity_.eitherOfAlike ? std::min<std::int64_t>(alike, 1) : alike;
+}
+
+void SqlResultset::writeOneRow(const StatementMaker& make, bool countUnchanged) {
     rdoTransaction transaction(*session_);
-    std::int64_t touched = session_->write(statement);
-    if (touched == 0 && countUnchanged && session_->dialect() == Dialect::mariadb) {
-        // A row that had these values already is not counted as touched.
-        auto count =
-            withinCondition(countStatement(session_->dialect(), *table_, expectedValues()));
-        // Counted as it is now, not as it was when a transaction of the host began.
-        count.text += " FOR UPDATE";
-        const auto rows = session_->query(count);
-        touched = *rows.at(0).at(0).as<std::int64_t>();
-    }
+    const bool identified = isIdentified();
+    std::int64_t touched = writeRows(make, identified, countUnchanged);
+    // Where a row is may have changed without a change of what was read of it.
+    if (touched == 0 && identified && !identity_.lasting)
+        touched = writeRows(make, false, countUnchanged);
     if (touched == 0)
         throw RuntimeError(error_number::rowChanged,
                            "The row was changed or removed by another user since it was read");

@@ -1,4 +1,5 @@
 #pragma once
+#include <functional>
 #include <map>
 #include <memory>
 #include <optional>
@@ -6,6 +7,7 @@
 #include <string_view>
 #include <vector>
 
+#include "adapters/sql/row_identity.h"
 #include "adapters/sql/sql_session.h"
 #include "platform/rdo.h"
 
@@ -15,8 +17,9 @@ namespace catalogador {
 /// of several tables, grouped or made distinct can only be read.
 class SqlResultset : public rdoResultset {
   public:
-    /// Runs the statement. Raises RuntimeError (statementFailed).
-    SqlResultset(std::shared_ptr<SqlSession> session, const std::string& sql);
+    /// Runs the statement. `toWrite` has the rows' identity read as well, where
+    /// the database has one. Raises RuntimeError (statementFailed).
+    SqlResultset(std::shared_ptr<SqlSession> session, const std::string& sql, bool toWrite = false);
     ~SqlResultset() override;
     SqlResultset(const SqlResultset&) = delete;
     SqlResultset& operator=(const SqlResultset&) = delete;
@@ -37,6 +40,8 @@ class SqlResultset : public rdoResultset {
     void Close() override;
 
   private:
+    using StatementMaker =
+        std::function<ParameterizedStatement(const std::vector<ExpectedValue>& expected)>;
     enum class Row { none, current, deleted };
     enum class Mode { reading, editing, adding };
     struct Assigned {
@@ -46,6 +51,7 @@ class SqlResultset : public rdoResultset {
         Variant value;
     };
 
+    [[nodiscard]] bool openWithIdentity(const std::string& sql);
     [[nodiscard]] std::size_t checked(int index) const;
     [[nodiscard]] std::size_t indexOf(std::string_view name) const;
     [[nodiscard]] const Assigned* assigned(std::size_t column) const;
@@ -56,22 +62,33 @@ class SqlResultset : public rdoResultset {
     void requireWritable() const;
     void requireCurrentRow() const;
     void requireOpen() const;
-    [[nodiscard]] std::vector<ExpectedValue> expectedValues() const;
+    [[nodiscard]] std::vector<ExpectedValue> expectedValues(bool identified) const;
     [[nodiscard]] std::vector<Assignment> assignments() const;
     void insertRow();
     void updateRow();
-    void tellListener(std::string_view kind) const;
-    [[nodiscard]] ParameterizedStatement withinCondition(ParameterizedStatement statement) const;
-    void writeOneRow(const ParameterizedStatement& statement, bool countUnchanged);
+    /// Does a write and tells the listener what came of it.
+    void told(std::string_view kind, const std::function<void()>& write) const;
+    /// Whether a write can mean the row by its identity.
+    [[nodiscard]] bool isIdentified() const {
+        return !identity_.columns.empty() && written_.empty();
+    }
+    /// `make` makes a statement of the values that the row must have.
+    void writeOneRow(const StatementMaker& make, bool countUnchanged);
+    [[nodiscard]] std::int64_t writeRows(const StatementMaker& make, bool identified,
+                                         bool countUnchanged);
+    [[nodiscard]] ParameterizedStatement narrowed(ParameterizedStatement statement,
+                                                  bool identified) const;
 
     std::shared_ptr<SqlSession> session_;
     /// Null when the resultset is closed.
     std::unique_ptr<SqlRows> rows_;
+    /// Those of the identity come last, and are nobody else's business.
     std::vector<ColumnInfo> columns_;
     std::vector<ColumnDescription> descriptions_;
+    RowIdentity identity_;
     std::optional<std::string> table_;
-    /// The condition that picked the rows; a write keeps to it, so that rows of other records with
-    /// the same values are not taken for this one.
+    /// The condition that picked the rows; a write of a row without an identity keeps to it, so
+    /// that rows of other records with the same values are not taken for this one.
     std::string condition_;
     Row row_ = Row::none;
     Mode mode_ = Mode::reading;

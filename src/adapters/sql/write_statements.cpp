@@ -147,7 +147,9 @@ class Conditions {
             return;
         }
         const bool isText = column.kind == ColumnKind::text;
-        if (isText && dialect_ == Dialect::mariadb)
+        if (column.typeName == "tid")
+            conditions_.add(name(column) + " = CAST(? AS tid)");
+        else if (isText && dialect_ == Dialect::mariadb)
             conditions_.add("CONVERT(" + name(column) +
                             " USING utf8mb4) COLLATE utf8mb4_nopad_bin = ?");
         else if (isText && dialect_ == Dialect::sqlite)

@@ -20,9 +20,18 @@ Connection::~Connection() {
 }
 
 std::unique_ptr<rdoResultset> Connection::OpenResultset(const SqlText& sql, int type, int lock) {
+    return opened(sql, type, lock, false);
+}
+
+std::unique_ptr<rdoResultset> Connection::OpenToWrite(const SqlText& sql, int type, int lock) {
+    return opened(sql, type, lock, true);
+}
+
+std::unique_ptr<rdoResultset> Connection::opened(const SqlText& sql, int type, int lock,
+                                                 bool toWrite) {
     if (session_->listener != nullptr) session_->listener->opened(sql.text(), type, lock);
     requireDataStaysData(sql, session_->syntax());
-    return std::make_unique<SqlResultset>(session_, sql.text());
+    return std::make_unique<SqlResultset>(session_, sql.text(), toWrite);
 }
 
 std::int64_t Connection::Execute(const SqlText& sql) {

@@ -31,6 +31,8 @@ class Connection : public rdoConnection {
 
     std::unique_ptr<rdoResultset> OpenResultset(const SqlText& sql, int type = openDynamic,
                                                 int lock = lockOptimisticByValues) override;
+    std::unique_ptr<rdoResultset> OpenToWrite(const SqlText& sql, int type = openDynamic,
+                                              int lock = lockOptimisticByValues) override;
     std::int64_t Execute(const SqlText& sql) override;
     void setWaiting(const std::function<bool()>& waiting) override;
     void setListener(StatementListener* listener) override;
@@ -39,6 +41,8 @@ class Connection : public rdoConnection {
 
   private:
     explicit Connection(std::shared_ptr<Session> session);
+
+    std::unique_ptr<rdoResultset> opened(const SqlText& sql, int type, int lock, bool toWrite);
 
     std::shared_ptr<Session> session_;
 };

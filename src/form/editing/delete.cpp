@@ -38,7 +38,7 @@ void frmCatalogador::deleteRecord() {
     const PointerDuring hourglass(surface());
     mstrSQL = "Select * From genCodigoTexto  Where CTeIDTipoVista = " + decimalText(mlngIdVista) +
               " And  CTeCodigo =" + decimalText(mlngIdDato);
-    openRecords();
+    openRecords(Purpose::writing);
     if (mrdoRegistro->atEnd()) {
         mrdoRegistro->Close();
         return;

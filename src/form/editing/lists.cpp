@@ -54,7 +54,7 @@ void frmCatalogador::GrabarLista(std::int32_t& clave, std::int16_t& lista,
         const PointerDuring hourglass(surface());
         mstrSQL = "Select * From genListas Where LisIDLista = " + decimalText(lista) +
                   " And LisIDClave = " + decimalText(clave);
-        openRecords();
+        openRecords(Purpose::writing);
         if (mrdoRegistro->atEnd()) {
             mrdoRegistro->AddNew();
             mrdoRegistro->setValue("LisIDLista", lista);

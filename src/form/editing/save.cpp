@@ -67,7 +67,7 @@ bool frmCatalogador::GrabarDatos() {
         mstrSQL =
             "Select * From genCodigoTexto  Where CTeIDTipoVista = " + decimalText(mlngIdVista) +
             " And  CTeCodigo =" + decimalText(mlngIdDato);
-        openRecords();
+        openRecords(Purpose::writing);
         if (!startRow()) return false;
         writeColumns();
         mrdoRegistro->Update();

@@ -77,7 +77,7 @@ AutomationValue ConnectionObject::invoke(DISPID member, const Arguments& argumen
             return {};
         case openResultset:
             arguments.expect(1, mostOptional);
-            return objectValue(new ResultsetObject(opened().OpenResultset(arguments.text(0))));
+            return objectValue(new ResultsetObject(opened().OpenToWrite(arguments.text(0))));
         case execute:
             arguments.expect(1, mostOptional);
             rowsAffected_ = opened().Execute(arguments.text(0));
