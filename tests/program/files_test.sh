@@ -42,8 +42,18 @@ for index in 1 2; do
     [ ! -L out/list ] || fail "$title: the link is still there"
     [ "$(cat theirs)" = mine ] || fail "$title: it was written through the link"
     only list
+    [ "$(stat -c %a out/list)" = 600 ] || fail "$title: others can read it"
+    chmod 640 out/list
+    export_to out/list $index
+    [ "$(stat -c %a out/list)" = 640 ] || fail "$title: it is no longer open to whom it was"
     rm out/list
 done
+title="a printed document"
+printf 'printer "out/list.pdf"\ndialog print ok\naction 15\nclose\n' |
+    "$program" run --database demo.db --view 5 >transcript
+only list.pdf
+[ "$(stat -c %a out/list.pdf)" = 600 ] || fail "$title: others can read it"
+rm out/list.pdf
 
 title="an export that is killed"
 printf 'sql "%s"\n' "Insert Into genCodigoTexto (CTeIDTipoVista, CTeCodigo, CTeTextoCorto) \
