@@ -80,6 +80,8 @@ class frmCatalogador : public Window {
     [[nodiscard]] const std::string& decimalSeparator() const { return mstrSeparadorDecimal; }
     [[nodiscard]] const std::string& thousandsSeparator() const { return mstrSeparadorMiles; }
     [[nodiscard]] bool filterInputOpen() const { return mblnFiltroAbierto; }
+    [[nodiscard]] std::string statusText() const override;
+    [[nodiscard]] std::string emptyListText() const override;
 
     /// Loads the form, shows it and returns when the user has closed it.
     void showModal();
@@ -177,6 +179,16 @@ class frmCatalogador : public Window {
     void numericStep(ValueField& field, int number);
     void runF2(const std::string& action, ComboBox* combo);
     void showContextMenu();
+    /// Keys of the list that no event of it names: copying, the context menu, and while a record is
+    /// being edited those that lead to the fields.
+    void otherKeyInList(int& keyCode, int modifiers);
+    /// While a record is being edited, what is typed in the list goes into the first field.
+    void characterInList(char32_t& character);
+    void copyFromList(bool onlyTheCell);
+    /// What the fields hold, to see whether it has changed.
+    [[nodiscard]] std::string contents() const;
+    /// Asks whether changes may be lost; true when there are none.
+    bool editMayEnd();
     /// Escape: closes the filter box, or cancels the edit.
     void leaveInput();
     void readViewRow();
@@ -222,6 +234,8 @@ class frmCatalogador : public Window {
     /// Writes the rows shown to the file; the extra column is away meanwhile, and stays away until
     /// the next load when that fails.
     void saveGrid(const SaveChoice& choice);
+    /// While a filter is applied its first match becomes the first row shown.
+    void showFirstMatch();
     void sortAsLoaded();
     void sortAsRemembered();
 
@@ -256,6 +270,10 @@ class frmCatalogador : public Window {
     std::string uncheckedCodes() const;
     void showNotice(std::int32_t message);
     void showRowToDelete(int row);
+    /// "Ctrl+G": the key bound to an action, empty when it has none.
+    [[nodiscard]] std::string keyOfAction(int id) const;
+    /// What the user sees of a row that tells it from the others.
+    [[nodiscard]] std::string nameOfRow(int row) const;
     void deleteRecord();
 
     [[nodiscard]] bool hasDataRows() const { return grdGrilla.rows() > RecordGrid::fixedRows; }
@@ -305,6 +323,8 @@ class frmCatalogador : public Window {
     std::string mstrAnchoColumnas;
     bool mblnPorEmpresa = false;
     std::string mstrListaNoMarcados;
+    /// What the fields held when the edit began.
+    std::string contentsAtStart_;
     /// Whether the user stopped the last load.
     bool loadStopped_ = false;
     std::int16_t mintColOrden = 0;

@@ -61,6 +61,9 @@ class Surface {
     /// Pops a menu up. The choice comes back through CommandBars::execute.
     virtual void showMenu(Window& window, const Menu& menu) = 0;
 
+    /// Puts a text on the clipboard.
+    virtual void copyText(const std::string& /*text*/) {}
+
     /// Width in twips of a text in the font of the panel.
     [[nodiscard]] virtual int textWidth(std::string_view text) const = 0;
     /// The monitor that a window is on, or will be on, with what the desktop keeps of it for

@@ -167,7 +167,7 @@ TEST(ComboBox, ALetterGoesToTheNextEntryThatBeginsWithIt) {
     combo.defaultCharacter(U'P');
     EXPECT_EQ(combo.listIndex(), 2);
     combo.defaultCharacter(U'é');
-    EXPECT_EQ(combo.listIndex(), 0);
+    EXPECT_EQ(combo.listIndex(), 2) << "no entry begins with what was typed within a second";
 }
 
 TEST(ComboBox, ClearingLosesEntriesAndSelection) {

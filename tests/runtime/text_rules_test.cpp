@@ -1,5 +1,6 @@
 #include <gtest/gtest.h>
 
+#include "runtime/base_letters.h"
 #include "runtime/text.h"
 
 namespace catalogador {
@@ -57,6 +58,13 @@ TEST(Characters, AreCodePointsAndInvalidBytesCountOneEach) {
 TEST(ZeroPadded, FillsUpOnTheLeft) {
     EXPECT_EQ(zeroPadded(1, 3), "001");
     EXPECT_EQ(zeroPadded(1234, 3), "1234");
+}
+
+TEST(WithoutAccents, LettersKeepTheirBase) {
+    EXPECT_EQ(withoutAccents("Perú, Ñuñoa, Øresund, Ελλάδα, ёж"),
+              "Peru, Nunoa, Oresund, Ελλαδα, еж");
+    EXPECT_EQ(withoutAccents("e\u0301"), "e");
+    EXPECT_EQ(withoutAccents("a\xFF\u4e2d"), "a\xFF\u4e2d");
 }
 
 }  // namespace

@@ -96,6 +96,7 @@ class Player {
     void sqlLine(Arguments& line);
     void stateLine(Arguments& line);
     void rowsLine(Arguments& line);
+    void statusLine(Arguments& line);
     void closeLine(Arguments& line);
 
     Stage stage_;

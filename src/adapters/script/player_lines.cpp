@@ -28,6 +28,7 @@ const std::vector<Player::Command>& Player::commands() {
         {"close", Needs::window, true, &Player::closeLine},
         {"state", Needs::window, false, &Player::stateLine},
         {"rows", Needs::window, false, &Player::rowsLine},
+        {"status", Needs::window, false, &Player::statusLine},
         {"activate", Needs::noWindow, false, &Player::activateLine},
         {"add", Needs::noWindow, false, &Player::addLine},
         {"answer", Needs::nothing, false, &Player::answerLine},
@@ -134,6 +135,14 @@ void Player::closeLine(Arguments& line) {
 void Player::stateLine(Arguments& line) {
     line.end();
     stage_.transcript.print(stateOf(topForm(), stage_.surface.depth(), stage_.surface.pointer()));
+}
+
+void Player::statusLine(Arguments& line) {
+    line.end();
+    const auto& grid = topForm().grdGrilla;
+    Json empty = nullptr;
+    if (grid.visibleRows() == 0) empty = top().emptyListText();
+    stage_.transcript.print({{"event", "status"}, {"text", top().statusText()}, {"empty", empty}});
 }
 
 void Player::rowsLine(Arguments& line) {

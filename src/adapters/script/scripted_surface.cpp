@@ -56,6 +56,10 @@ std::optional<SaveChoice> ScriptedSurface::saveDialog(const SaveDialog& dialog) 
     return choice;
 }
 
+void ScriptedSurface::copyText(const std::string& text) {
+    transcript().print({{"event", "copied"}, {"text", text}});
+}
+
 void ScriptedSurface::showMenu(Window& window, const Menu& menu) {
     Json items = Json::array();
     for (const ActionPlace& place : menu.items) {

@@ -32,6 +32,7 @@ class ScriptedSurface : public TracedSurface, public FormListener {
                   const std::string& context) override;
     std::optional<SaveChoice> saveDialog(const SaveDialog& dialog) override;
     void showMenu(Window& window, const Menu& menu) override;
+    void copyText(const std::string& text) override;
 
   private:
     ScriptAnswers& answers_;

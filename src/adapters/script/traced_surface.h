@@ -38,6 +38,8 @@ class TracedSurface : public Surface {
     void showMenu(Window& window, const Menu& menu) override { inner_.showMenu(window, menu); }
 
     void speak(std::uint8_t language) override { inner_.speak(language); }
+    void copyText(const std::string& text) override { inner_.copyText(text); }
+
     [[nodiscard]] int textWidth(std::string_view text) const override {
         return inner_.textWidth(text);
     }

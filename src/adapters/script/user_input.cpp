@@ -18,10 +18,13 @@ struct KeyName {
     int code;
 };
 
-constexpr std::array<KeyName, 17> keyNames{{
+constexpr std::array<KeyName, 20> keyNames{{
     {"Enter", key::enter},
     {"F1", key::f1},
     {"F2", key::f2},
+    {"F4", key::f4},
+    {"F6", key::f6},
+    {"F10", key::f10},
     {"Delete", key::deleteKey},
     {"Space", key::space},
     {"Menu", key::menu},
@@ -73,6 +76,7 @@ void pressKeyNamed(Window& window, std::string_view name) {
     std::string_view key = name;
     int modifiers = modifier::none;
     if (takePrefix(key, "Ctrl+")) modifiers |= modifier::control;
+    if (takePrefix(key, "Alt+")) modifiers |= modifier::alt;
     if (takePrefix(key, "Shift+")) modifiers |= modifier::shift;
     const int code = codeOfKey(key, (modifiers & modifier::control) != 0);
     if (code == 0) throw Refusal("there is no key " + std::string(name));

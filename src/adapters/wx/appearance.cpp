@@ -38,11 +38,6 @@ double contrast(const wxColour& one, const wxColour& other) {
 // the only way to change that.
 constexpr const char* compactStyle =
     "entry { min-height: 0; padding: 0 3px; }"
-    "combobox button { min-height: 0; padding: 0 4px; background: @theme_base_color;"
-    " box-shadow: none; }"
-    "combobox button:disabled { background: #DFDFDF; }"
-    "combobox button:focus { border-color: @theme_selected_bg_color;"
-    " box-shadow: inset 0 0 0 1px @theme_selected_bg_color; outline: none; }"
     "checkbutton { min-height: 0; padding: 0; }"
     "toolbar { padding: 2px; } toolbar button { min-height: 22px; padding: 1px 5px; }";
 #endif
@@ -78,11 +73,28 @@ wxColour colourOf(Color color) {
 }
 
 wxColour readableOn(const wxColour& background, wxColour wanted) {
-    while (contrast(background, wanted) < readableContrast && wanted.GetLuminance() > 0.02) {
-        constexpr int darker = 85;
-        wanted = wanted.ChangeLightness(darker);
-    }
-    return wanted;
+    constexpr int steps = 20;
+    const bool towardsBlack = contrast(background, *wxBLACK) >= contrast(background, *wxWHITE);
+    for (int step = 0; step < steps && contrast(background, wanted) < readableContrast; ++step)
+        wanted = wanted.ChangeLightness(towardsBlack ? 85 : 115);
+    if (contrast(background, wanted) >= readableContrast) return wanted;
+    return towardsBlack ? *wxBLACK : *wxWHITE;
+}
+
+wxColour disabledOn(const wxColour& background, const wxColour& wanted) {
+    // Two thirds of the way from the background keep a contrast of more than 3 to 1.
+    const wxColour text = readableOn(background, wanted);
+    const auto between = [](unsigned char from, unsigned char to) {
+        constexpr int parts = 3;
+        return static_cast<unsigned char>(from + (to - from) * (parts - 1) / parts);
+    };
+    return {between(background.Red(), text.Red()), between(background.Green(), text.Green()),
+            between(background.Blue(), text.Blue())};
+}
+
+int statusHeight(const wxWindow& window) {
+    constexpr int padding = 6;
+    return window.GetCharHeight() + window.FromDIP(padding);
 }
 
 void useCompactFields() {

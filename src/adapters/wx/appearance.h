@@ -23,8 +23,16 @@ int twipsOf(const wxWindow& window, int pixels);
 
 /// The colour of the model, the desktop's own where it names one.
 wxColour colourOf(Color color);
-/// `wanted`, or a darker shade of it where it could not be read on that background.
+/// `wanted`, or a darker or lighter shade of it where it could not be read on that background.
 wxColour readableOn(const wxColour& background, wxColour wanted);
+
+/// The same for a text that is shown as one of something disabled: fainter, and still readable.
+wxColour disabledOn(const wxColour& background, const wxColour& wanted);
+
+/// Height in pixels of the line under the list, which takes it from the list's place.
+int statusHeight(const wxWindow& window);
+/// How far from the window's edge it begins, in pixels at 96 dpi.
+constexpr int statusIndent = 6;
 
 /// Makes the native fields low enough for the rows that the layout gives them.
 void useCompactFields();

@@ -5,11 +5,11 @@ namespace catalogador {
 BoxLabels boxLabels(std::int16_t language) {
     switch (language) {
         case 2:
-            return {"Yes", "No", "OK", "en"};
+            return {"&Yes", "&No", "&OK", "en", "Question", "Notice", "Error"};
         case 3:
-            return {"Sim", "Não", "OK", "pt_BR"};
+            return {"&Sim", "&Não", "&OK", "pt_BR", "Pergunta", "Aviso", "Erro"};
         default:
-            return {"Sí", "No", "Aceptar", "es"};
+            return {"&Sí", "&No", "&Aceptar", "es", "Pregunta", "Aviso", "Error"};
     }
 }
 

@@ -11,6 +11,10 @@ struct BoxLabels {
     std::string ok;
     /// Language code of the toolkit's own texts: "es".
     std::string language;
+    /// What the kinds of boxes are called, for those who do not see their pictures.
+    std::string questionKind{};
+    std::string noticeKind{};
+    std::string errorKind{};
 };
 /// Those of the language of that number; of a number that no language has, the Spanish ones.
 BoxLabels boxLabels(std::int16_t language);

@@ -1,11 +1,11 @@
 #include <wx/filedlg.h>
 #include <wx/filefn.h>
 #include <wx/filename.h>
-#include <wx/msgdlg.h>
 
 #include <algorithm>
 
 #include "adapters/wx/appearance.h"
+#include "adapters/wx/message_box.h"
 #include "adapters/wx/screen_frame.h"
 #include "adapters/wx/wx_surface.h"
 #include "platform/services.h"
@@ -38,27 +38,31 @@ wxString withExtension(const wxString& path, const SaveDialog& dialog, int filte
 }  // namespace
 
 int showMessageBox(wxWindow* parent, const BoxLabels& labels, const std::string& text, int style,
-                   const std::string& title) {
+                   const std::string& title, const wxRect& seen) {
     const bool question = (style & buttonsMask) == yesNoButtons;
-    long flags = wxCENTRE | (question ? wxYES_NO : wxOK);
-    flags |= (style & iconMask) == questionIcon ? wxICON_QUESTION : wxICON_EXCLAMATION;
-    if ((style & secondButtonDefault) != 0) flags |= wxNO_DEFAULT;
-    wxMessageDialog box(parent, wxText(text), wxText(title), flags);
+    wx::BoxContent content;
+    content.title = title;
+    content.text = text;
+    content.kind = (style & iconMask) == questionIcon ? wx::BoxKind::question : wx::BoxKind::notice;
+    content.kindName =
+        content.kind == wx::BoxKind::question ? labels.questionKind : labels.noticeKind;
     if (question)
-        box.SetYesNoLabels(wxText(labels.yes), wxText(labels.no));
+        content.buttons = {{answerYes, labels.yes}, {answerNo, labels.no}};
     else
-        box.SetOKLabel(wxText(labels.ok));
-    const int answer = box.ShowModal();
-    if (!question) return answerOk;
-    return answer == wxID_YES ? answerYes : answerNo;
+        content.buttons = {{answerOk, labels.ok}};
+    content.defaultButton = question && (style & secondButtonDefault) != 0 ? 1 : 0;
+    return wx::showBox(parent, content, seen);
 }
 
 void showErrorBox(wxWindow* parent, const BoxLabels& labels, const std::string& text,
                   const std::string& title, const std::string& detail, const std::string& context) {
-    wxMessageDialog box(parent, wxText(text), wxText(title), wxOK | wxCENTRE | wxICON_ERROR);
-    box.SetOKLabel(wxText(labels.ok));
-    box.SetExtendedMessage(wxText(context.empty() ? detail : context + "\n" + detail));
-    box.ShowModal();
+    wx::BoxContent content{wx::BoxKind::error,
+                           labels.errorKind,
+                           title,
+                           text,
+                           context.empty() ? detail : context + "\n" + detail,
+                           {{answerOk, labels.ok}}};
+    wx::showBox(parent, content, {});
 }
 
 std::optional<SaveChoice> showSaveDialog(wxWindow* parent, const SaveDialog& dialog) {

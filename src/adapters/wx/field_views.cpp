@@ -1,7 +1,7 @@
 #include "adapters/wx/field_views.h"
 
 #include <wx/checkbox.h>
-#include <wx/choice.h>
+#include <wx/settings.h>
 #include <wx/stattext.h>
 #include <wx/textctrl.h>
 
@@ -9,6 +9,7 @@
 #include <array>
 
 #include "adapters/wx/appearance.h"
+#include "adapters/wx/combo_field.h"
 #include "adapters/wx/grid_view.h"
 #include "adapters/wx/text_input.h"
 #include "platform/controls/fields.h"
@@ -66,43 +67,22 @@ class TextView : public FieldView {
 class ComboView : public FieldView {
   public:
     ComboView(ComboBox& combo, wxWindow& parent)
-        : FieldView(combo), combo_(combo), native_(new wxChoice(&parent, wxID_ANY)) {
-        native_->Bind(wxEVT_CHOICE,
-                      [this](wxCommandEvent&) { combo_.setListIndex(native_->GetSelection()); });
-    }
+        : FieldView(combo), combo_(combo), native_(new wx::ComboField(combo, parent)) {}
     [[nodiscard]] wxWindow& native() const override { return *native_; }
 
   protected:
-    void syncContent() override {
-        if (!sameItems()) {
-            wxArrayString texts;
-            shown_.clear();
-            for (const ComboBox::Item& item : combo_.items()) {
-                texts.Add(wxText(item.text));
-                shown_.push_back(item.text);
-            }
-            native_->Set(texts);
-        }
-        if (native_->GetSelection() != combo_.listIndex())
-            native_->SetSelection(combo_.listIndex());
-    }
+    void syncContent() override { native_->syncWithModel(); }
     [[nodiscard]] std::string shownContent() const override {
-        return decimalText(native_->GetSelection()) + " of " + decimalText(native_->GetCount());
+        return utf8Text(native_->shownText());
     }
     [[nodiscard]] std::string modelContent() const override {
-        return decimalText(combo_.listIndex()) + " of " + decimalText(combo_.listCount());
+        const int index = combo_.listIndex();
+        return index < 0 ? std::string() : combo_.items()[static_cast<std::size_t>(index)].text;
     }
 
   private:
-    [[nodiscard]] bool sameItems() const {
-        return std::equal(
-            shown_.begin(), shown_.end(), combo_.items().begin(), combo_.items().end(),
-            [](const std::string& text, const ComboBox::Item& item) { return text == item.text; });
-    }
-
     ComboBox& combo_;
-    wxChoice* native_;
-    std::vector<std::string> shown_;
+    wx::ComboField* native_;
 };
 
 class CheckView : public FieldView {
@@ -186,6 +166,7 @@ wxRect FieldView::nativePlace() const {
     const int limit =
         shown.GetParent()->GetClientSize().GetWidth() - (isGrid ? 0 : pixelsOf(shown, rightMargin));
     constexpr int narrowest = 40;
+    if (isGrid) pixels.height = std::max(0, pixels.height - statusHeight(shown));
     if (pixels.GetRight() > limit) pixels.width = std::max(narrowest, limit - pixels.x);
     return pixels;
 }
@@ -204,8 +185,21 @@ void FieldView::sync() {
         const wxColour colour = colourOf(control_.backColor());
         if (shown.GetBackgroundColour() != colour) shown.SetBackgroundColour(colour);
     }
+    const wxColour text = textColour();
+    if (shown.GetForegroundColour() != text) shown.SetForegroundColour(text);
     if (shown.IsThisEnabled() != control_.enabled()) shown.Enable(control_.enabled());
     if (shown.IsShown() != control_.visible()) shown.Show(control_.visible());
+}
+
+wxColour FieldView::textColour() const {
+    // The model fixes backgrounds; the text has to be readable on them under every theme.
+    const bool onPanel = dynamic_cast<const Label*>(&control_) != nullptr ||
+                         dynamic_cast<const CheckBox*>(&control_) != nullptr;
+    const wxColour background =
+        onPanel ? native().GetParent()->GetBackgroundColour() : colourOf(control_.backColor());
+    const wxColour usual = wxSystemSettings::GetColour(wxSYS_COLOUR_WINDOWTEXT);
+    return control_.enabled() || !onPanel ? readableOn(background, usual)
+                                          : disabledOn(background, usual);
 }
 
 void FieldView::describeDifferences(std::vector<std::string>& found) const {

@@ -32,6 +32,8 @@ class FieldView {
     [[nodiscard]] virtual std::string modelContent() const = 0;
     /// The place that the model gives, cut at the panel's right margin.
     [[nodiscard]] wxRect nativePlace() const;
+    /// What its text is written in, readable on the background that the model gives.
+    [[nodiscard]] wxColour textColour() const;
 
   private:
     Control& control_;

@@ -10,6 +10,7 @@
 #include "adapters/wx/appearance.h"
 #include "adapters/wx/cell_drawing.h"
 #include "adapters/wx/grid_view.h"
+#include "platform/controls/window.h"
 #include "runtime/text.h"
 
 namespace catalogador {
@@ -48,7 +49,16 @@ void GridView::paint(wxDC& dc) {
     texts.wrap(grid_.appearance().wordWrap);
     paintRows(dc, texts);
     paintHeader(dc, texts);
+    if (grid_.visibleRows() == 0) paintEmptyText(dc);
     paintBorder(dc);
+}
+
+void GridView::paintEmptyText(wxDC& dc) {
+    dc.SetTextForeground(usualTextColour());
+    const wxSize room = GetClientSize();
+    wxRect middle(0, headerHeight(), room.x, std::max(0, room.y - headerHeight()) / 2);
+    middle.Deflate(FromDIP(cellMargin), 0);
+    dc.DrawLabel(wxText(grid_.window()->emptyListText()), middle, wxALIGN_CENTRE);
 }
 
 void GridView::paintHeader(wxDC& dc, CellTexts& texts) {
@@ -61,7 +71,7 @@ void GridView::paintHeader(wxDC& dc, CellTexts& texts) {
     bold.MakeBold();
     dc.SetFont(bold);
     texts.fontChanged();
-    dc.SetTextForeground(colourOf(look.foreColorFixed));
+    dc.SetTextForeground(readableOn(colourOf(look.backColorFixed), colourOf(look.foreColorFixed)));
     dc.SetPen(wxPen(colourOf(look.gridColor)));
     for (int column = 0; column < grid_.columns(); ++column) {
         if (grid_.columnHidden(column)) continue;
@@ -122,6 +132,11 @@ wxColour GridView::selectedTextColour() const {
     return readableOn(colourOf(look.backColorSel), colourOf(look.foreColorSel));
 }
 
+wxColour GridView::usualTextColour() const {
+    return readableOn(colourOf(grid_.backColor()),
+                      wxSystemSettings::GetColour(wxSYS_COLOUR_WINDOWTEXT));
+}
+
 void GridView::paintRow(wxDC& dc, CellTexts& texts, int row, int top,
                         const std::vector<wxRect>& cells) {
     const wxRect line(0, top, GetClientSize().GetWidth(), rowHeight());
@@ -131,8 +146,7 @@ void GridView::paintRow(wxDC& dc, CellTexts& texts, int row, int top,
         dc.SetBrush(wxBrush(colourOf(grid_.appearance().backColorSel)));
         dc.DrawRectangle(line);
     }
-    dc.SetTextForeground(selected ? selectedTextColour()
-                                  : wxSystemSettings::GetColour(wxSYS_COLOUR_WINDOWTEXT));
+    dc.SetTextForeground(selected ? selectedTextColour() : usualTextColour());
     for (int column = 0; column < grid_.columns(); ++column) {
         wxRect cell = cells[static_cast<std::size_t>(column)];
         if (grid_.columnHidden(column) || cell.GetRight() < 0 || cell.x > line.width) continue;

@@ -8,6 +8,8 @@
 #include <utility>
 
 #include "adapters/wx/appearance.h"
+#include "adapters/wx/native_focus.h"
+#include "adapters/wx/screen_frame.h"
 #include "platform/controls/window.h"
 
 namespace catalogador {
@@ -19,6 +21,10 @@ constexpr int rowsPerWheelStep = 3;
 constexpr int narrowestColumn = 8;
 /// A hand that clicks moves the mouse by less.
 constexpr int leastDrag = 2;
+/// Pixels at 96 dpi of one step to the side.
+constexpr int sidewaysStep = 40;
+/// What the margins of a cell and the arrow of the sorted column take.
+constexpr int fittedMargin = 24;
 }  // namespace
 
 GridView::GridView(RecordGrid& grid, wxWindow& parent)
@@ -26,11 +32,13 @@ GridView::GridView(RecordGrid& grid, wxWindow& parent)
                wxVSCROLL | wxHSCROLL | wxWANTS_CHARS | wxBORDER_NONE),
       grid_(grid) {
     SetBackgroundStyle(wxBG_STYLE_PAINT);
+    wx::keepScrollBars(*this);
     Bind(wxEVT_PAINT, &GridView::onPaint, this);
     for (const auto& type :
          {wxEVT_LEFT_DOWN, wxEVT_LEFT_UP, wxEVT_LEFT_DCLICK, wxEVT_RIGHT_UP, wxEVT_MOTION})
         Bind(type, &GridView::onMouse, this);
     Bind(wxEVT_MOUSEWHEEL, &GridView::onWheel, this);
+    Bind(wxEVT_KEY_DOWN, &GridView::onKeyDown, this);
     Bind(wxEVT_CHAR, &GridView::onChar, this);
     for (const auto& type :
          {wxEVT_SCROLLWIN_TOP, wxEVT_SCROLLWIN_BOTTOM, wxEVT_SCROLLWIN_LINEUP,
@@ -125,6 +133,15 @@ int GridView::rowAt(int y) const {
 
 void GridView::onMouse(wxMouseEvent& event) {
     const wxPoint point = event.GetPosition();
+    if (event.LeftDClick() && edgeAt(point) >= 0) {
+        edgeClicked_ = true;
+        fitColumn(edgeAt(point));
+        return;
+    }
+    if (edgeClicked_ && event.LeftUp()) {
+        edgeClicked_ = false;
+        return;
+    }
     if (draggedColumn_ >= 0 || (event.LeftDown() && edgeAt(point) >= 0)) {
         dragColumn(event);
         return;
@@ -171,7 +188,11 @@ void GridView::onWheel(wxMouseEvent& event) {
     wheelRest_ += event.GetWheelRotation();
     const int steps = wheelRest_ / event.GetWheelDelta();
     wheelRest_ -= steps * event.GetWheelDelta();
-    if (steps != 0) scrollTo(firstVisible() - steps * rowsPerWheelStep);
+    const bool horizontal = event.GetWheelAxis() == wxMOUSE_WHEEL_HORIZONTAL;
+    if (horizontal || event.ShiftDown())
+        scrollSideways(scrolledX_ + (horizontal ? steps : -steps) * FromDIP(sidewaysStep));
+    else if (steps != 0)
+        scrollTo(firstVisible() - steps * rowsPerWheelStep);
 }
 
 void GridView::onScroll(wxScrollWinEvent& event) {
@@ -208,12 +229,55 @@ void GridView::updateScrollbars() {
     SetScrollbar(wxHORIZONTAL, scrolledX_, width, contentWidth());
 }
 
-void GridView::onChar(wxKeyEvent& event) {
-    const auto character = static_cast<char32_t>(event.GetUnicodeKey());
-    if (character >= U' ' && character != WXK_DELETE)
-        grid_.window()->typeCharacter(character);
+void GridView::scrollSideways(int to) {
+    scrolledX_ = to;
+    syncWithModel();
+}
+
+void GridView::onKeyDown(wxKeyEvent& event) {
+    const int step = FromDIP(sidewaysStep);
+    const int code = event.GetKeyCode();
+    if (event.AltDown() || event.ShiftDown()) return event.Skip();
+    if (code == WXK_LEFT || code == WXK_NUMPAD_LEFT)
+        scrollSideways(scrolledX_ - step);
+    else if (code == WXK_RIGHT || code == WXK_NUMPAD_RIGHT)
+        scrollSideways(scrolledX_ + step);
     else
         event.Skip();
+}
+
+void GridView::onChar(wxKeyEvent& event) {
+    const auto character = static_cast<char32_t>(event.GetUnicodeKey());
+    // Alt and a letter open a menu. Both keys together are the third level of a keyboard.
+    const bool command = event.ControlDown() != event.AltDown();
+    if (character < U' ' || character == WXK_DELETE || command) return event.Skip();
+    grid_.window()->typeCharacter(character);
+    // At once: the focus may be in a field by now, which the next key is meant for.
+    if (auto* frame = dynamic_cast<ScreenFrame*>(wxGetTopLevelParent(this))) frame->sync();
+}
+
+void GridView::fitColumn(int column) {
+    wxClientDC dc(this);
+    wxFont bold = GetFont();
+    bold.MakeBold();
+    dc.SetFont(bold);
+    int widest = dc.GetTextExtent(wxText(grid_.header(column))).x;
+    dc.SetFont(GetFont());
+    const int first = firstVisible();
+    const int end = std::min(grid_.visibleRows(), first + rowsThatFit() + 1);
+    for (int n = first; n < end; ++n) {
+        const int row = grid_.visibleRow(n);
+        if (grid_.check(row, column) != CheckState::none) continue;
+        widest = std::max(widest, dc.GetTextExtent(wxText(grid_.text(row, column))).x);
+    }
+    grid_.userResized(column, twipsOf(*this, widest + FromDIP(fittedMargin)));
+}
+
+wxRect GridView::selectedRowOnScreen() const {
+    const int place = grid_.visibleIndex(grid_.row()) - firstVisible();
+    if (grid_.visibleIndex(grid_.row()) < 0 || place < 0 || place > rowsThatFit()) return {};
+    const wxPoint corner = ClientToScreen(wxPoint(0, headerHeight() + place * rowHeight()));
+    return {corner, wxSize(GetClientSize().GetWidth(), rowHeight())};
 }
 
 }  // namespace catalogador

@@ -24,6 +24,10 @@ class GridView : public wxWindow {
     [[nodiscard]] int shownRows() const { return shownRows_; }
     /// Draws header and rows in sight.
     void paint(wxDC& dc);
+    /// To the first or the last column.
+    void scrollToSide(bool end) { scrollSideways(end ? contentWidth() : 0); }
+    /// Where the selected row is on the screen; empty when it is out of sight.
+    [[nodiscard]] wxRect selectedRowOnScreen() const;
     /// Has the fonts loaded that it draws with.
     void prepare();
 
@@ -53,13 +57,19 @@ class GridView : public wxWindow {
     void paintCheck(wxDC& dc, const wxRect& cell, bool checked, bool selected);
     const wxBitmap& checkPicture(const wxSize& size, bool checked, bool selected);
     [[nodiscard]] wxColour selectedTextColour() const;
+    [[nodiscard]] wxColour usualTextColour() const;
     void paintText(CellTexts& texts, std::string_view text, const wxRect& cell, int alignment);
     void paintSortArrow(wxDC& dc, const wxRect& cell);
 
     void onMouse(wxMouseEvent& event);
     void onWheel(wxMouseEvent& event);
     void onScroll(wxScrollWinEvent& event);
+    void onKeyDown(wxKeyEvent& event);
     void onChar(wxKeyEvent& event);
+    void scrollSideways(int to);
+    /// Makes a column as wide as what is in sight of it.
+    void fitColumn(int column);
+    void paintEmptyText(wxDC& dc);
     void scrollTo(int first);
     void updateScrollbars();
     void dragColumn(const wxMouseEvent& event);
@@ -80,6 +90,8 @@ class GridView : public wxWindow {
     int dragStart_ = 0;
     int widthAtStart_ = 0;
     bool dragMoved_ = false;
+    /// The second press of a double click on an edge was used; its release is no click.
+    bool edgeClicked_ = false;
     int wheelRest_ = 0;
 };
 

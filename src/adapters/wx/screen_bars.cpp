@@ -20,11 +20,6 @@ wxString shownCaption(const Action& action) {
     return wxText(replaceText(action.caption, "&", "", Compare::binary));
 }
 
-/// Nothing but its caption tells whether a filter is applied, and its button shows none.
-wxString tooltipOf(const Action& action) {
-    return action.id == CommandBars::filterAction ? shownCaption(action) : wxText(action.tooltip);
-}
-
 }  // namespace
 
 void ScreenFrame::appendEntry(wxMenu& menu, const ActionPlace& place, const Action& action) const {
@@ -35,6 +30,19 @@ void ScreenFrame::appendEntry(wxMenu& menu, const ActionPlace& place, const Acti
     menu.Append(item)->Enable(action.enabled);
     for (const KeyBinding& binding : window_.commandBars.bindings)
         if (binding.actionId == action.id) showBinding(*item, binding);
+}
+
+wxString ScreenFrame::tooltipOf(const Action& action) const {
+    // Nothing but its caption tells whether a filter is applied, and its button shows none.
+    const wxString text =
+        action.id == CommandBars::filterAction ? shownCaption(action) : wxText(action.tooltip);
+    wxString keys;
+    for (const KeyBinding& binding : window_.commandBars.bindings) {
+        if (binding.actionId != action.id || (binding.modifiers & bindingControl) == 0) continue;
+        keys = (binding.modifiers & bindingShift) != 0 ? "Ctrl+Shift+" : "Ctrl+";
+        keys += wxString(wxUniChar(binding.keyCode));
+    }
+    return keys.empty() ? text : text + " (" + keys + ")";
 }
 
 void ScreenFrame::createMenus() {

@@ -10,9 +10,7 @@
 #include "adapters/wx/grid_view.h"
 #include "adapters/wx/host_windows.h"
 #include "adapters/wx/icons.h"
-#include "adapters/wx/text_entry.h"
 #include "adapters/wx/window_answer.h"
-#include "platform/controls/keys.h"
 #include "platform/controls/record_grid.h"
 
 namespace catalogador {
@@ -20,45 +18,8 @@ namespace catalogador {
 namespace {
 
 constexpr int applicationIcon = 18;
-
-/// Key codes of the toolkit and of the model. Everything else that has a character comes as one.
-int modelKey(int code) {
-    constexpr std::pair<int, int> keys[] = {{WXK_BACK, key::backspace},
-                                            {WXK_TAB, key::tab},
-                                            {WXK_RETURN, key::enter},
-                                            {WXK_NUMPAD_ENTER, key::enter},
-                                            {WXK_ESCAPE, key::escape},
-                                            {WXK_SPACE, key::space},
-                                            {WXK_PAGEUP, key::pageUp},
-                                            {WXK_PAGEDOWN, key::pageDown},
-                                            {WXK_NUMPAD_PAGEUP, key::pageUp},
-                                            {WXK_NUMPAD_PAGEDOWN, key::pageDown},
-                                            {WXK_END, key::end},
-                                            {WXK_HOME, key::home},
-                                            {WXK_NUMPAD_END, key::end},
-                                            {WXK_NUMPAD_HOME, key::home},
-                                            {WXK_LEFT, key::left},
-                                            {WXK_UP, key::up},
-                                            {WXK_RIGHT, key::right},
-                                            {WXK_DOWN, key::down},
-                                            {WXK_NUMPAD_LEFT, key::left},
-                                            {WXK_NUMPAD_UP, key::up},
-                                            {WXK_NUMPAD_RIGHT, key::right},
-                                            {WXK_NUMPAD_DOWN, key::down},
-                                            {WXK_DELETE, key::deleteKey},
-                                            {WXK_NUMPAD_DELETE, key::deleteKey},
-                                            {WXK_WINDOWS_MENU, key::menu},
-                                            {WXK_MENU, key::menu}};
-    for (const auto& [native, model] : keys)
-        if (native == code) return model;
-    if (code >= WXK_F1 && code <= WXK_F12) return key::f1 + (code - WXK_F1);
-    return 0;
-}
-
-int modelModifiers(const wxKeyEvent& event) {
-    return (event.ShiftDown() ? modifier::shift : 0) |
-           (event.ControlDown() ? modifier::control : 0) | (event.AltDown() ? modifier::alt : 0);
-}
+/// How far from the row's left edge its context menu opens, in pixels at 96 dpi.
+constexpr int menuIndent = 24;
 
 }  // namespace
 
@@ -70,6 +31,13 @@ ScreenFrame::ScreenFrame(Window& window, wxWindow* below)
     SetIcons(wxIconBundle(iconBundle(applicationIcon).GetIcon(FromDIP(wxSize(16, 16)))));
     panel_ = new wxPanel(this, wxID_ANY, wxDefaultPosition, wxDefaultSize, wxWANTS_CHARS);
     toolbar_ = CreateToolBar(wxTB_HORIZONTAL | wxTB_FLAT | wxTB_HORZ_TEXT | wxTB_NODIVIDER);
+    toolbarKeys_ = [this](int keyCode, int modifiers) {
+        if (released_) return false;
+        const bool used = handleKey(keyCode, modifiers);
+        if (window_.isClosed() && loop_ != nullptr) loop_->ScheduleExit();
+        sync();
+        return used;
+    };
     everythingChanged();
     applyWindow();
     Bind(wxEVT_CHAR_HOOK, &ScreenFrame::onKey, this);
@@ -86,14 +54,24 @@ ScreenFrame::ScreenFrame(Window& window, wxWindow* below)
         event.Skip();
         // A window that was disabled under another one comes back without any focus.
         if (event.GetActive() && !released_) takeFocus();
+        if (!event.GetActive() && !released_) closeLists();
     });
     Bind(wxEVT_IDLE, [this](wxIdleEvent& event) {
         sync();
         event.Skip();
     });
     Bind(wxEVT_MENU, [this](wxCommandEvent& event) {
+        if (!released_) closeLists();
         if (!released_) window_.commandBars.execute(event.GetId());
         sync();
+    });
+    Bind(wxEVT_MENU_OPEN, [this](wxMenuEvent& event) {
+        if (!released_) closeLists();
+        event.Skip();
+    });
+    Bind(wxEVT_MOVE, [this](wxMoveEvent& event) {
+        if (!released_) closeLists();
+        event.Skip();
     });
 }
 
@@ -187,10 +165,12 @@ void ScreenFrame::sync() {
             panel_->SetBackgroundColour(colourOf(panel->backColor()));
     }
     syncFields();
+    syncStatus();
     if (barsChanged_) {
         barsChanged_ = false;
         syncMenus();
         syncToolbar();
+        markButton();
     }
     syncing_ = false;
     syncFocus();
@@ -220,7 +200,12 @@ void ScreenFrame::syncFields() {
 void ScreenFrame::syncFocus() {
     if (!focusChanged_) return;
     focusChanged_ = false;
-    if (IsShown()) takeFocus();
+    if (!IsShown()) return;
+    takeFocus();
+    // A native text box selects everything when it gets the focus, whatever the model has selected.
+    Control* focused = window_.focus();
+    FieldView* view = focused == nullptr ? nullptr : viewOf(*focused);
+    if (view != nullptr && dynamic_cast<TextBox*>(focused) != nullptr) view->sync();
 }
 
 void ScreenFrame::takeFocus() {
@@ -235,6 +220,11 @@ void ScreenFrame::runLoop() {
     loop_ = nullptr;
     // Nothing but a request to quit ends the loop before the window is closed.
     hostQuits_ = !window_.isClosed();
+}
+
+void ScreenFrame::closeLists() {
+    for (Control* control : window_.controls())
+        if (auto* combo = dynamic_cast<ComboBox*>(control)) combo->closeList(false);
 }
 
 void ScreenFrame::release() {
@@ -284,50 +274,20 @@ void ScreenFrame::onResize() {
     sync();
 }
 
-bool ScreenFrame::handleKey(int keyCode, int modifiers) {
-    if (window_.dispatchKey(keyCode, modifiers)) return true;
-    Control* focused = window_.focus();
-    if (released_ || window_.isClosed() || focused == nullptr) return true;
-    if (keyCode == key::enter) {
-        window_.dispatchCharacter(static_cast<char32_t>(keyCode));
-        return true;
-    }
-    // The native text box has no such thing as taking back what was typed.
-    const bool undo = keyCode == 'Z' && modifiers == modifier::control;
-    if (dynamic_cast<RecordGrid*>(focused) != nullptr || undo)
-        return focused->defaultKey(keyCode, modifiers);
-    return false;
+GridView* ScreenFrame::gridView() const {
+    for (const auto& [control, view] : views_)
+        if (auto* grid = dynamic_cast<GridView*>(&view->native())) return grid;
+    return nullptr;
 }
 
-void ScreenFrame::onKey(wxKeyEvent& event) {
-    // What a window above this one, a nested screen or the help, has no use for is not meant for
-    // this one.
-    if (wxGetTopLevelParent(wxDynamicCast(event.GetEventObject(), wxWindow)) != this)
-        return event.Skip();
-    if (released_) return event.Skip();
-    // An input method that has begun a text has the keys first.
-    wxWindow* const entry = window_.focus() == nullptr ? nullptr : nativeOf(*window_.focus());
-    if (entry != nullptr && isComposing(*entry)) return event.Skip();
-    const int modifiers = modelModifiers(event);
-    const auto character = static_cast<char32_t>(event.GetUnicodeKey());
-    const int letter = (modifiers & modifier::control) != 0 ? letterKey(character) : 0;
-    const int keyCode = letter != 0 ? letter : modelKey(event.GetKeyCode());
-    // An open menu of the combo has the keys for itself, and Alt belongs to the menu bar.
-    const int loopsBefore = modalLoopsBegun;
-    const bool used = keyCode != 0 && (modifiers & modifier::alt) == 0 &&
-                      (handleKey(keyCode, modifiers) || modalLoopsBegun != loopsBefore);
-    if (window_.isClosed() && loop_ != nullptr) loop_->ScheduleExit();
-    // At once, not when idle: the next key may be waiting already, and it is meant for the control
-    // that has the focus now.
-    if (used)
-        sync();
-    else
-        event.Skip();
+wxRect ScreenFrame::selectedRowOnScreen() const {
+    const GridView* grid = gridView();
+    return grid == nullptr ? wxRect() : grid->selectedRowOnScreen();
 }
 
 void ScreenFrame::popupLater(const Menu& menu) {
     const int id = menu.id;
-    CallAfter([this, id] {
+    CallAfter([this, id, atRow = menuAtRow_] {
         const Menu* shown = released_ ? nullptr : window_.commandBars.contextMenu(id);
         if (shown == nullptr) return;
         wxMenu popup;
@@ -335,7 +295,12 @@ void ScreenFrame::popupLater(const Menu& menu) {
             const Action* action = window_.commandBars.find(place.actionId);
             if (action != nullptr) appendEntry(popup, place, *action);
         }
-        PopupMenu(&popup);
+        const wxRect row = selectedRowOnScreen();
+        if (atRow && !row.IsEmpty())
+            PopupMenu(&popup,
+                      ScreenToClient(row.GetBottomLeft() + wxPoint(FromDIP(menuIndent), 0)));
+        else
+            PopupMenu(&popup);
     });
 }
 

@@ -12,14 +12,17 @@
 #include <vector>
 
 #include "adapters/wx/field_views.h"
+#include "adapters/wx/native_focus.h"
 #include "platform/controls/window.h"
 #include "platform/surface.h"
 
 class wxGUIEventLoop;
+class wxStaticText;
 
 namespace catalogador {
 
 struct BoxLabels;
+class GridView;
 
 /// The control that the others stand on.
 constexpr const char* panelName = "picBackColor";
@@ -55,6 +58,8 @@ class ScreenFrame : public wxFrame {
     /// Whether the desktop has done with the window what the model says.
     [[nodiscard]] bool isSettled() const;
     [[nodiscard]] Rect clientRect() const;
+    /// Empty while the selected row is out of sight.
+    [[nodiscard]] wxRect selectedRowOnScreen() const;
     [[nodiscard]] std::vector<std::string> differences() const;
 
   private:
@@ -71,12 +76,21 @@ class ScreenFrame : public wxFrame {
     void syncFocus();
     void onKey(wxKeyEvent& event);
     bool handleKey(int keyCode, int modifiers);
+    [[nodiscard]] bool isForTheModel(int keyCode, int modifiers) const;
+    [[nodiscard]] GridView* gridView() const;
+    /// Closes the lists of combos that are open, without choosing.
+    void closeLists();
+    /// Shows which button of the toolbar has the focus.
+    void markButton();
+    void syncStatus();
     void onResize();
     void onClose(wxCloseEvent& event);
     [[nodiscard]] FieldView* viewOf(const Control& control) const;
     [[nodiscard]] wxWindow* nativeOf(const Control& control) const;
     void appendEntry(wxMenu& menu, const ActionPlace& place, const Action& action) const;
     void nameToolbar();
+    /// The action's tooltip with the key that is bound to it.
+    [[nodiscard]] wxString tooltipOf(const Action& action) const;
 
     Window& window_;
     bool released_ = false;
@@ -86,6 +100,11 @@ class ScreenFrame : public wxFrame {
     wxPanel* panel_ = nullptr;
     wxToolBar* toolbar_ = nullptr;
     wxTextCtrl* filterBox_ = nullptr;
+    wxStaticText* status_ = nullptr;
+    int markedButton_ = 0;
+    wx::KeyHandler toolbarKeys_;
+    /// Whether a key has asked for a context menu, which then belongs beside the selected row.
+    bool menuAtRow_ = false;
     /// Of the controls that were ever visible.
     std::map<const Control*, std::unique_ptr<FieldView>> views_;
     std::set<const Control*> changedControls_;
@@ -104,8 +123,9 @@ class ScreenFrame : public wxFrame {
     wxGUIEventLoop* loop_ = nullptr;
 };
 
+/// `seen` is a part of the screen that the box leaves free where it can.
 int showMessageBox(wxWindow* parent, const BoxLabels& labels, const std::string& text, int style,
-                   const std::string& title);
+                   const std::string& title, const wxRect& seen);
 void showErrorBox(wxWindow* parent, const BoxLabels& labels, const std::string& text,
                   const std::string& title, const std::string& detail, const std::string& context);
 std::optional<SaveChoice> showSaveDialog(wxWindow* parent, const SaveDialog& dialog);

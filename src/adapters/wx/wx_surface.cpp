@@ -1,6 +1,8 @@
 #include "adapters/wx/wx_surface.h"
 
 #include <wx/app.h>
+#include <wx/clipbrd.h>
+#include <wx/dataobj.h>
 #include <wx/dcclient.h>
 #include <wx/display.h>
 #include <wx/evtloop.h>
@@ -236,7 +238,9 @@ void WxSurface::endProgress() {
 int WxSurface::messageBox(const std::string& text, int style, const std::string& title) {
     endProgress();
     syncAll();
-    return showMessageBox(topFrame(), labels_, text, style, title);
+    const ScreenFrame* frame = topFrame();
+    return showMessageBox(topFrame(), labels_, text, style, title,
+                          frame == nullptr ? wxRect() : frame->selectedRowOnScreen());
 }
 
 void WxSurface::errorBox(const std::string& text, const std::string& title,
@@ -253,6 +257,14 @@ std::optional<SaveChoice> WxSurface::saveDialog(const SaveDialog& dialog) {
 
 void WxSurface::showMenu(Window& window, const Menu& menu) {
     if (ScreenFrame* frame = frameOf(window)) frame->popupLater(menu);
+}
+
+void WxSurface::copyText(const std::string& text) {
+    const wxClipboardLocker locked;
+    if (!locked) return;
+    wxTheClipboard->SetData(new wxTextDataObject(wxText(text)));
+    // Without that the text would go away with the program.
+    wxTheClipboard->Flush();
 }
 
 int WxSurface::textWidth(std::string_view text) const {

@@ -40,6 +40,7 @@ class WxSurface : public Surface {
                   const std::string& context) override;
     std::optional<SaveChoice> saveDialog(const SaveDialog& dialog) override;
     void showMenu(Window& window, const Menu& menu) override;
+    void copyText(const std::string& text) override;
     [[nodiscard]] int textWidth(std::string_view text) const override;
     [[nodiscard]] Rect monitorOf(const Window& window) const override;
     [[nodiscard]] Rect clientRect(const Window& window) const override;

@@ -47,6 +47,13 @@ constexpr std::array<AcceleratorText, 5> acceleratorTexts{{
     {250, action::cancel},
 }};
 
+/// Commands that stand in no menu; the letters of the language come first.
+constexpr std::array<KeyBinding, 3> furtherBindings{{
+    {bindingControl, 'F', action::filter},
+    {bindingControl, 'P', action::printRows},
+    {bindingControl | bindingShift, 'S', action::exportRows},
+}};
+
 constexpr int groupCaptionText = 236;
 
 std::vector<ActionPlace> editEntries() {
@@ -104,6 +111,7 @@ void frmCatalogador::CrearAceleradores() {
                 {bindingControl, static_cast<int>(nextCharacter(letter, first)), entry.actionId});
         }
         commandBars.bindings.push_back({0, key::f1, action::help});
+        for (const KeyBinding& binding : furtherBindings) commandBars.bindIfFree(binding);
     });
 }
 

@@ -19,6 +19,7 @@ void frmCatalogador::AccionFiltrar() {
             commandBars.setIcon(action::filter, action::filter);
             commandBars.setCaption(action::filter, ObtenerMensaje(noFilterText));
             grdGrilla.showAllRows();
+            grdGrilla.bringIntoSight(grdGrilla.row());
             mblnSinFiltro = true;
             box.setVisible(true);
             setFocus(box);
@@ -38,15 +39,21 @@ void frmCatalogador::AccionFiltrar() {
         std::string pattern = upperCase(text);
         FiltrarGrilla(pattern);
         mblnSinFiltro = false;
+        showFirstMatch();
         box.setVisible(false);
         mblnFiltroAbierto = false;
     });
 }
 
+void frmCatalogador::showFirstMatch() {
+    if (!mblnSinFiltro && grdGrilla.visibleRows() > 0) grdGrilla.setTopRow(grdGrilla.visibleRow(0));
+}
+
 void frmCatalogador::leaveInput() {
     TextBox& box = commandBars.filterBox;
     if (!box.hasFocus()) {
-        commandBars.execute(action::cancel);
+        if (commandBars.find(action::cancel)->enabled && editMayEnd())
+            commandBars.execute(action::cancel);
         return;
     }
     box.setText("");

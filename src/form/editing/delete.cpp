@@ -16,8 +16,10 @@ void frmCatalogador::AccionEliminar() {
         const int row = grdGrilla.row();
         if (!hasDataRows() || row < RecordGrid::fixedRows) return;
         showRowToDelete(row);
-        if (host_.messages.MostrarMensaje(ObtenerMensaje(confirmDeleteMessage),
-                                          styleQuestionDefaultNo, mstrAppName) != answerYes)
+        const std::string question = replaceText(ObtenerMensaje(confirmDeleteMessage), "[p1]",
+                                                 nameOfRow(row), Compare::binary);
+        if (host_.messages.MostrarMensaje(question, styleQuestionDefaultNo, mstrAppName) !=
+            answerYes)
             return;
         mlngIdDato = codeOfRow(row);
         if (mlngIdDato <= 0 || !PermitirEliminar(host_, gstrNombreVista, mlngIdDato, *mrdoCBase,
@@ -29,9 +31,24 @@ void frmCatalogador::AccionEliminar() {
 
 void frmCatalogador::showRowToDelete(int row) {
     // Nobody should delete what the filter keeps out of sight.
-    if (!grdGrilla.rowHidden(row)) return;
     grdGrilla.setRowHidden(row, false);
     if (!grdGrilla.rowIsShown(row)) grdGrilla.setTopRow(row);
+}
+
+std::string frmCatalogador::nameOfRow(int row) const {
+    // A code that is as short as this says little without the text beside it.
+    constexpr std::size_t shortText = 8;
+    std::string name;
+    for (int column = 0; column < grdGrilla.columns(); ++column) {
+        const std::string_view text = trim(grdGrilla.text(row, column));
+        if (text.empty() || grdGrilla.columnHidden(column) ||
+            grdGrilla.check(row, column) != CheckState::none)
+            continue;
+        if (!name.empty()) return name + " · " + std::string(text);
+        name = text;
+        if (lengthInCharacters(name) > shortText) return name;
+    }
+    return name.empty() ? grdGrilla.code(row) : name;
 }
 
 void frmCatalogador::deleteRecord() {

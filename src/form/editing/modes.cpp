@@ -56,6 +56,7 @@ void frmCatalogador::AccionNuevo() {
         SetButtonState(false);
         setFocus(picBackColor);
         pressKey(key::tab);
+        contentsAtStart_ = contents();
     });
 }
 
@@ -63,6 +64,7 @@ void frmCatalogador::AccionModificar() {
     trap("AccionModificar", [&] {
         const int row = grdGrilla.row();
         if (!hasDataRows() || row < RecordGrid::fixedRows || grdGrilla.rowHidden(row)) return;
+        grdGrilla.bringIntoSight(row);
         // A Null column leaves its field alone, which must not keep another record's value.
         if (!browsing()) LimpiarControles();
         mlngIdDato = codeOfRow(row);
@@ -72,6 +74,7 @@ void frmCatalogador::AccionModificar() {
         }
         mstrModo = "2";
         SetButtonState(false);
+        contentsAtStart_ = contents();
     });
 }
 

@@ -14,9 +14,15 @@ void frmCatalogador::wireGrid() {
     grdGrilla.onDoubleClick = [this](int row, int) {
         if (row >= RecordGrid::fixedRows) AccionModificar();
     };
-    grdGrilla.onKeyDown = [this](int& keyCode, int) { grdGrilla_KeyDown(keyCode); };
+    grdGrilla.onKeyDown = [this](int& keyCode, int modifiers) {
+        grdGrilla_KeyDown(keyCode);
+        otherKeyInList(keyCode, modifiers);
+    };
     grdGrilla.onKeyPress = [this](char32_t& character) {
-        if (character == key::enter) AccionModificar();
+        if (character == key::enter)
+            AccionModificar();
+        else
+            characterInList(character);
     };
     grdGrilla.onMouseUp = [this](MouseButton button, int row, int column) {
         grdGrilla_MouseUp(button, row, column);

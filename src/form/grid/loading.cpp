@@ -97,6 +97,7 @@ void frmCatalogador::CargarGrilla() {
         }
         ignoringErrors([&] { SimularFiltrar(); });
         ignoringErrors([&] { sortAsRemembered(); });
+        showFirstMatch();
         ignoringErrors([&] { PosicionarseGrilla(); });
     });
     if (loadStopped_) tellStopped();

@@ -81,11 +81,62 @@ const Menu* CommandBars::contextMenu(int id) const {
 }
 
 int CommandBars::boundAction(int keyCode, int modifiers) const {
-    const int pressed = (modifiers & modifier::control) != 0 ? bindingControl : 0;
-    if ((modifiers & (modifier::alt | modifier::shift)) != 0) return 0;
+    if ((modifiers & modifier::alt) != 0) return 0;
+    const int pressed = ((modifiers & modifier::control) != 0 ? bindingControl : 0) |
+                        ((modifiers & modifier::shift) != 0 ? bindingShift : 0);
     for (const KeyBinding& binding : bindings)
         if (binding.modifiers == pressed && binding.keyCode == keyCode) return binding.actionId;
     return 0;
+}
+
+void CommandBars::bindIfFree(const KeyBinding& binding) {
+    const bool taken = std::any_of(bindings.begin(), bindings.end(), [&](const KeyBinding& other) {
+        return other.modifiers == binding.modifiers && other.keyCode == binding.keyCode;
+    });
+    if (!taken) bindings.push_back(binding);
+}
+
+std::vector<int> ToolbarButtons::enabledButtons() const {
+    std::vector<int> enabled;
+    for (const auto* places : {&bars_.toolbar, &bars_.quickAccess})
+        for (const ActionPlace& place : *places) {
+            const Action* action = bars_.find(place.actionId);
+            if (action != nullptr && action->enabled && action->id != CommandBars::filterBoxAction)
+                enabled.push_back(action->id);
+        }
+    return enabled;
+}
+
+int ToolbarButtons::current() const {
+    const std::vector<int> enabled = enabledButtons();
+    if (!hasFocus() || enabled.empty()) return 0;
+    const bool known = std::find(enabled.begin(), enabled.end(), button_) != enabled.end();
+    return known ? button_ : enabled.front();
+}
+
+bool ToolbarButtons::takeKeyFirst(int keyCode, int modifiers) {
+    if (keyCode != key::escape || modifiers != modifier::none) return false;
+    if (cameFrom_ != nullptr && cameFrom_->canTakeFocus())
+        window()->setFocus(*cameFrom_);
+    else
+        window()->moveFocus(true);
+    return true;
+}
+
+bool ToolbarButtons::defaultKey(int keyCode, int /*modifiers*/) {
+    const std::vector<int> enabled = enabledButtons();
+    if (enabled.empty()) return false;
+    const auto count = static_cast<std::ptrdiff_t>(enabled.size());
+    const auto at = std::find(enabled.begin(), enabled.end(), current()) - enabled.begin();
+    std::ptrdiff_t next = at;
+    if (keyCode == key::right || keyCode == key::down) next = (at + 1) % count;
+    if (keyCode == key::left || keyCode == key::up) next = (at + count - 1) % count;
+    if (keyCode == key::home) next = 0;
+    if (keyCode == key::end) next = count - 1;
+    button_ = enabled[static_cast<std::size_t>(next)];
+    if (keyCode == key::enter || keyCode == key::space) bars_.execute(button_);
+    if (window() != nullptr) window()->commandBarsChanged();
+    return true;
 }
 
 Color CommandBars::paintColor(int entry) const {

@@ -38,7 +38,7 @@ struct Menu {
 };
 
 struct KeyBinding {
-    /// 0 or bindingControl.
+    /// 0, bindingControl, or that and bindingShift.
     int modifiers = 0;
     /// Code of a key, or of the character that a key stands for.
     int keyCode = 0;
@@ -51,6 +51,29 @@ int letterKey(char32_t character);
 inline bool isLetterKey(int keyCode) {
     return keyCode != 0 && letterKey(static_cast<char32_t>(keyCode)) == keyCode;
 }
+
+class CommandBars;
+
+/// The buttons of the toolbar as a place for the focus: Left and Right go from button to button,
+/// Enter and Space press the one that is current, Escape goes back to where the user came from.
+class ToolbarButtons : public Control {
+  public:
+    explicit ToolbarButtons(CommandBars& bars) : Control("toolbar"), bars_(bars) {}
+    [[nodiscard]] bool focusable() const override { return true; }
+    /// The action of the current button, 0 while the focus is elsewhere or no button is enabled.
+    [[nodiscard]] int current() const;
+
+    bool takeKeyFirst(int keyCode, int modifiers) override;
+    bool defaultKey(int keyCode, int modifiers) override;
+    void focusComes(Control* from) { cameFrom_ = from; }
+
+  private:
+    [[nodiscard]] std::vector<int> enabledButtons() const;
+
+    CommandBars& bars_;
+    int button_ = 0;
+    Control* cameFrom_ = nullptr;
+};
 
 /// The actions of a window and all places that show them: the menus, the "Standar" toolbar with
 /// its edit box, the quick-access buttons, context menus and key bindings.
@@ -98,9 +121,12 @@ class CommandBars {
     /// The action bound to a key, 0 when none is. The key of a letter has the code of its capital,
     /// so that nothing is bound to a key by a small letter.
     [[nodiscard]] int boundAction(int keyCode, int modifiers) const;
+    /// Binds a key to an action unless another action has that key.
+    void bindIfFree(const KeyBinding& binding);
 
     /// The edit box of the toolbar; a control of the window by the name "filter".
     TextBox filterBox{"filter"};
+    ToolbarButtons buttons{*this};
     /// Width of the edit box in pixels at 96 dpi.
     int filterBoxWidth = 92;
 

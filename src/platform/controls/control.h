@@ -56,6 +56,11 @@ class Control {
     /// The character (code point) typed; the handler may replace it, 0 swallows it.
     std::function<void(char32_t& character)> onKeyPress;
 
+    /// What the control does when the focus has gone to another one.
+    virtual void focusGone() {}
+    /// What the control does with a key before anything else sees it, such as an open list with the
+    /// arrows; true when it used the key up.
+    virtual bool takeKeyFirst(int /*keyCode*/, int /*modifiers*/) { return false; }
     /// What the control itself does with a key after its events; true when it used the key.
     virtual bool defaultKey(int /*keyCode*/, int /*modifiers*/) { return false; }
     /// What the control itself does with a typed character after its events.

@@ -164,7 +164,8 @@ void TextBox::defaultCharacter(char32_t character) {
 
 void ComboBox::clear() {
     items_.clear();
-    listIndex_ = -1;
+    listIndex_ = marked_ = -1;
+    listOpen_ = false;
     changed();
 }
 
@@ -193,45 +194,92 @@ int ComboBox::findItemData(std::int32_t data) const {
     return found == items_.end() ? -1 : static_cast<int>(found - items_.begin());
 }
 
-bool ComboBox::defaultKey(int keyCode, int /*modifiers*/) {
+void ComboBox::openList() {
+    if (listOpen_) return;
+    listOpen_ = true;
+    marked_ = listIndex_;
+    changed();
+}
+
+void ComboBox::closeList(bool choose) {
+    if (!listOpen_) return;
+    listOpen_ = false;
+    changed();
+    if (choose) setListIndex(marked_);
+}
+
+void ComboBox::mark(int index) {
+    if (!listOpen_ || index == marked_ || index < -1 || index >= listCount()) return;
+    marked_ = index;
+    changed();
+}
+
+void ComboBox::goTo(int index) {
+    if (listOpen_)
+        mark(index);
+    else
+        setListIndex(index);
+}
+
+std::optional<int> ComboBox::moved(int keyCode) const {
     constexpr int page = 8;
-    int index = listIndex_;
+    const int last = listCount() - 1;
+    const auto within = [last](int index) { return std::clamp(index, 0, std::max(0, last)); };
     switch (keyCode) {
         case key::up:
-            index -= 1;
-            break;
+            return within(current() - 1);
         case key::down:
-            index += 1;
-            break;
+            return within(current() + 1);
         case key::pageUp:
-            index -= page;
-            break;
+            return within(current() - page);
         case key::pageDown:
-            index += page;
-            break;
+            return within(current() + page);
         case key::home:
-            index = 0;
-            break;
+            return within(0);
         case key::end:
-            index = listCount() - 1;
-            break;
+            return within(last);
         default:
-            return false;
+            return std::nullopt;
     }
-    if (listCount() > 0) setListIndex(std::clamp(index, 0, listCount() - 1));
+}
+
+bool ComboBox::takeKeyFirst(int keyCode, int modifiers) {
+    const bool alt = (modifiers & modifier::alt) != 0;
+    const bool upOrDown = keyCode == key::up || keyCode == key::down;
+    const bool opens = keyCode == key::f4 || (alt && upOrDown);
+    if (!listOpen_) {
+        if (opens && modifiers == (alt ? modifier::alt : modifier::none)) openList();
+        return listOpen_;
+    }
+    if (keyCode == key::escape) {
+        closeList(false);
+        return true;
+    }
+    if (opens) {
+        closeList(true);
+        return true;
+    }
+    if (defaultKey(keyCode, modifiers)) return true;
+    if (keyCode == key::space && typeAhead_.underWay()) return false;
+    // Every other key is meant for the field: it goes on with the marked entry as its choice.
+    closeList(true);
+    return keyCode == key::space;
+}
+
+bool ComboBox::defaultKey(int keyCode, int /*modifiers*/) {
+    const std::optional<int> index = moved(keyCode);
+    if (!index) return false;
+    if (listCount() > 0) goTo(*index);
     return true;
 }
 
 void ComboBox::defaultCharacter(char32_t character) {
-    const std::string typed = foldCase(utf8(character));
-    for (int step = 1; step <= listCount(); ++step) {
-        const int index = (listIndex_ + step) % listCount();
-        const std::string& text = items_[static_cast<std::size_t>(index)].text;
-        if (foldCase(leftCharacters(text, 1)) == typed) {
-            setListIndex(index);
-            return;
-        }
-    }
+    if (character == U' ' && !typeAhead_.underWay()) return openList();
+    const int found =
+        typeAhead_.type(character, current(), listCount(), [this](int index) -> std::string_view {
+            return items_[static_cast<std::size_t>(index)].text;
+        });
+    if (found >= 0) goTo(found);
 }
 
 void CheckBox::setCaption(std::string caption) {

@@ -1,11 +1,13 @@
 #pragma once
 #include <cstddef>
 #include <cstdint>
+#include <optional>
 #include <string>
 #include <string_view>
 #include <vector>
 
 #include "platform/controls/control.h"
+#include "platform/controls/type_ahead.h"
 
 namespace catalogador {
 
@@ -102,13 +104,33 @@ class ComboBox : public Control {
     /// Index of the first entry with that code, -1 when no entry carries it.
     [[nodiscard]] int findItemData(std::int32_t data) const;
 
+    /// Whether the list is open. The marked entry is the one that closing it would choose.
+    [[nodiscard]] bool listOpen() const { return listOpen_; }
+    [[nodiscard]] int marked() const { return marked_; }
+    void openList();
+    /// Chooses the marked entry, or leaves the choice as it was.
+    void closeList(bool choose);
+    /// Marks an entry of the open list; -1 marks none.
+    void mark(int index);
+
+    void focusGone() override { closeList(false); }
+    bool takeKeyFirst(int keyCode, int modifiers) override;
     bool defaultKey(int keyCode, int modifiers) override;
-    /// Goes to the next entry that begins with the character.
+    /// Goes to the entry that the letters typed lead to. A blank that is part of no text opens the
+    /// list.
     void defaultCharacter(char32_t character) override;
 
   private:
+    /// The entry that a key leads to, nullopt for a key that moves nothing.
+    [[nodiscard]] std::optional<int> moved(int keyCode) const;
+    [[nodiscard]] int current() const { return listOpen_ ? marked_ : listIndex_; }
+    void goTo(int index);
+
     std::vector<Item> items_;
     int listIndex_ = -1;
+    bool listOpen_ = false;
+    int marked_ = -1;
+    TypeAhead typeAhead_;
 };
 
 /// A box with a caption. Alignment 0: box left of the caption; 1: caption left, box at the right.

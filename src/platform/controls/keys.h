@@ -21,6 +21,9 @@ constexpr int deleteKey = 46;
 constexpr int menu = 93;
 constexpr int f1 = 112;
 constexpr int f2 = 113;
+constexpr int f4 = 115;
+constexpr int f6 = 117;
+constexpr int f10 = 121;
 }  // namespace key
 
 /// Modifier flags of key-down events.
@@ -33,5 +36,6 @@ constexpr int alt = 4;
 
 /// Modifier flags of key bindings.
 constexpr int bindingControl = 8;
+constexpr int bindingShift = 16;
 
 }  // namespace catalogador

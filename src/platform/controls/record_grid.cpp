@@ -214,6 +214,10 @@ void RecordGrid::select(int row, int column) {
     if (row < 0 || row >= rows()) outOfRange();
     row_ = row;
     column_ = column;
+    // A row that the lower edge cuts is the one under the mouse, which must not run away from it.
+    const int place = placeInSight(row);
+    const bool inSight = place >= 0 && place <= rowsThatFit();
+    if (row >= fixedRows && !rowHidden(row) && !inSight) topRow_ = row;
     changedWhenDrawn();
 }
 
@@ -228,13 +232,32 @@ int RecordGrid::rowsThatFit() const {
     return std::max(1, (height() - appearance_.headerHeight) / rowHeight);
 }
 
-bool RecordGrid::rowIsShown(int row) const {
+int RecordGrid::placeInSight(int row) const {
     const int index = visibleIndex(row);
-    if (index < 0) return false;
+    if (index < 0) return -1;
     // The top row itself may be hidden by now; what counts is the first visible row from it on.
     const int from = visibleIndexFrom(topRow_);
     const int first = from < visibleRows() ? from : 0;
-    return index >= first && index < first + rowsThatFit();
+    return std::max(-1, index - first);
+}
+
+bool RecordGrid::rowIsShown(int row) const {
+    const int place = placeInSight(row);
+    return place >= 0 && place < rowsThatFit();
+}
+
+void RecordGrid::bringIntoSight(int row) {
+    const int index = visibleIndex(row);
+    if (index < 0 || rowIsShown(row)) return;
+    const bool upwards = row < topRow_;
+    setTopRow(visibleRow(upwards ? index : std::max(0, index - rowsThatFit() + 1)));
+}
+
+void RecordGrid::setRowsThatFit(int count) {
+    if (count == rowsThatFit_) return;
+    const bool shown = rowIsShown(row_);
+    rowsThatFit_ = count;
+    if (shown) bringIntoSight(row_);
 }
 
 void RecordGrid::setRedraw(bool redraw) {
@@ -290,13 +313,11 @@ bool RecordGrid::defaultKey(int keyCode, int /*modifiers*/) {
             return false;
     }
     if (count == 0) return true;
+    // From a row that the filter hides, the arrows begin with the first match.
+    if (at < 0 && keyCode != key::end) target = 0;
     const int row = visibleRow(std::clamp(target, 0, count - 1));
+    bringIntoSight(row);
     select(row, column_);
-    if (!rowIsShown(row)) {
-        const int index = visibleIndex(row);
-        const bool upwards = row < topRow_;
-        setTopRow(visibleRow(upwards ? index : std::max(0, index - rowsThatFit() + 1)));
-    }
     return true;
 }
 

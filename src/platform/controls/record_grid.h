@@ -11,6 +11,7 @@
 #include "platform/controls/control.h"
 #include "platform/controls/packed_texts.h"
 #include "platform/controls/row_marks.h"
+#include "platform/controls/type_ahead.h"
 #include "runtime/like.h"
 
 namespace catalogador {
@@ -145,15 +146,19 @@ class RecordGrid : public Control {
     /// The selected cell; row 0 stands for the header, as after the start of a new record.
     [[nodiscard]] int row() const { return row_; }
     [[nodiscard]] int column() const { return column_; }
+    /// A data row that is not in sight, nor cut by the lower edge, becomes the first row shown.
     void select(int row, int column);
     /// The first row shown under the header.
     [[nodiscard]] int topRow() const { return topRow_; }
     void setTopRow(int row);
     /// Whether the row is hidden by no filter and inside the part that is shown.
     [[nodiscard]] bool rowIsShown(int row) const;
+    /// Scrolls by no more than it takes to show the row whole. A hidden row changes nothing.
+    void bringIntoSight(int row);
     /// How many data rows fit; the surface may tell a better figure than the heights give.
     [[nodiscard]] int rowsThatFit() const;
-    void setRowsThatFit(int count) { rowsThatFit_ = count; }
+    /// A selected row that was in sight stays in sight.
+    void setRowsThatFit(int count);
 
     [[nodiscard]] bool redraw() const { return redraw_; }
     /// Off: nothing is told to the surface until it is on again.
@@ -175,6 +180,13 @@ class RecordGrid : public Control {
     void userDoubleClicked(int row, int column);
     void userResized(int column, int twips);
     bool defaultKey(int keyCode, int modifiers) override;
+    /// Goes to the next row whose sorted column (the first shown, while none is) begins with the
+    /// letters typed.
+    void defaultCharacter(char32_t character) override;
+
+    /// What the columns shown say of a row, with tabs between them; check boxes are 1 and 0.
+    [[nodiscard]] std::string rowText(int row) const;
+    [[nodiscard]] std::string cellText(int row, int column) const;
 
   private:
     struct Column {
@@ -195,8 +207,12 @@ class RecordGrid : public Control {
     }
     /// The row number of the first of these stored rows, 0 when there is none.
     [[nodiscard]] int firstOf(const std::vector<std::uint32_t>& found) const;
+    /// Where a row stands under the first one shown, -1 for one above it or hidden.
+    [[nodiscard]] int placeInSight(int row) const;
     [[nodiscard]] const Column& columnAt(int column) const;
     Column& columnAt(int column);
+    /// The column that letters are looked for in, -1 when none is shown.
+    [[nodiscard]] int columnOfLetters() const;
     void rowsChanged();
     void buildVisible() const;
     void knowVisible() const {
@@ -224,6 +240,7 @@ class RecordGrid : public Control {
     int sortIndicator_ = 0;
     bool extraColumn_ = false;
     bool redraw_ = true;
+    TypeAhead typeAhead_;
     GridAppearance appearance_;
 };
 

@@ -1,8 +1,10 @@
 #include "platform/controls/window.h"
 
 #include <algorithm>
+#include <array>
 
 #include "platform/controls/keys.h"
+#include "platform/controls/record_grid.h"
 #include "runtime/error.h"
 
 namespace catalogador {
@@ -11,6 +13,7 @@ Window::Window(Surface& surface) : surface_(surface) {
     commandBars.window_ = this;
     commandBars.filterBox.window_ = this;
     commandBars.filterBox.setVisible(false);
+    commandBars.buttons.window_ = this;
 }
 
 void Window::add(Control& control) {
@@ -21,8 +24,10 @@ void Window::add(Control& control) {
 Control* Window::find(std::string_view name) const {
     for (Control* control : controls_)
         if (control->name() == name) return control;
-    const Control& filter = commandBars.filterBox;
-    return name == filter.name() ? const_cast<Control*>(&filter) : nullptr;
+    for (const Control* bar : {static_cast<const Control*>(&commandBars.filterBox),
+                               static_cast<const Control*>(&commandBars.buttons)})
+        if (name == bar->name()) return const_cast<Control*>(bar);
+    return nullptr;
 }
 
 void Window::setCaption(std::string caption) {
@@ -62,8 +67,11 @@ void Window::setFocus(Control& control) {
                            "Invalid procedure call or argument");
     Control* before = focus_;
     focus_ = &control;
+    if (&control == &commandBars.buttons) commandBars.buttons.focusComes(before);
+    if (before != nullptr) before->focusGone();
     if (before != nullptr && before->onLostFocus) before->onLostFocus();
     if (open_) surface_.focusChanged(*this);
+    if (&control == &commandBars.buttons || before == &commandBars.buttons) commandBarsChanged();
     if (focus_ != &control) return;
     control.entered();
     if (control.onGotFocus) control.onGotFocus();
@@ -92,6 +100,26 @@ void Window::moveFocus(bool forward) {
     }
 }
 
+Control* Window::firstField() const {
+    for (Control* control : controls_)
+        if (inTabOrder(*control) && dynamic_cast<const RecordGrid*>(control) == nullptr)
+            return control;
+    return nullptr;
+}
+
+void Window::focusNextPart(bool forward) {
+    Control* list = nullptr;
+    for (Control* control : controls_)
+        if (dynamic_cast<const RecordGrid*>(control) != nullptr) list = control;
+    const std::array<Control*, 3> parts{list, firstField(), &commandBars.buttons};
+    const std::size_t from =
+        focus_ == list ? 0 : (focus_ == parts[2] || focus_ == &commandBars.filterBox ? 2 : 1);
+    for (std::size_t step = 1; step < parts.size(); ++step) {
+        Control* next = parts[(from + (forward ? step : parts.size() - step)) % parts.size()];
+        if (next != nullptr && next->canTakeFocus()) return setFocus(*next);
+    }
+}
+
 void Window::focusLostIfUnable(Control& control) {
     if (focus_ != &control) return;
     moveFocus(true);
@@ -102,6 +130,7 @@ void Window::focusLostIfUnable(Control& control) {
 }
 
 bool Window::dispatchKey(int keyCode, int modifiers) {
+    if (focus_ != nullptr && focus_->takeKeyFirst(keyCode, modifiers)) return true;
     if (const int action = commandBars.boundAction(keyCode, modifiers); action != 0) {
         commandBars.execute(action);
         return true;
@@ -111,6 +140,10 @@ bool Window::dispatchKey(int keyCode, int modifiers) {
     if (code == 0) return true;
     if (keyCode == key::tab && (modifiers & (modifier::control | modifier::alt)) == 0) {
         moveFocus((modifiers & modifier::shift) == 0);
+        return true;
+    }
+    if (keyCode == key::f6 && (modifiers & ~modifier::shift) == 0) {
+        focusNextPart((modifiers & modifier::shift) == 0);
         return true;
     }
     if (keyCode == key::escape && onEscape) {

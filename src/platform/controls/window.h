@@ -44,8 +44,17 @@ class Window {
     void setFocus(Control& control);
     /// To the next (or previous) control that the Tab key stops at.
     void moveFocus(bool forward);
+    /// The first field that the Tab key stops at, nullptr when there is none.
+    [[nodiscard]] Control* firstField() const;
+    /// Goes round the list, the fields and the toolbar.
+    void focusNextPart(bool forward);
     /// What the loss of a control that had the focus leads to: called when it is hidden, disabled.
     void focusLostIfUnable(Control& control);
+
+    /// What stands under the list: where the user is and what the next step is.
+    [[nodiscard]] virtual std::string statusText() const { return {}; }
+    /// What stands in the place of rows where there are none to show.
+    [[nodiscard]] virtual std::string emptyListText() const { return {}; }
 
     /// Input from a surface.
     /// A key pressed and released in the control with the focus: key bindings, the control's

@@ -1,0 +1,63 @@
+#include "form/frmCatalogador.h"
+#include "modules/modIds.h"
+#include "modules/modLenguaje.h"
+#include "platform/controls/keys.h"
+#include "runtime/text.h"
+#include "runtime/utf8.h"
+
+namespace catalogador {
+
+namespace {
+
+constexpr std::int32_t positionText = 130;
+constexpr std::int32_t countText = 131;
+constexpr std::int32_t filteredCountText = 132;
+constexpr std::int32_t nextStepText = 133;
+constexpr std::int32_t noRecordsText = 134;
+constexpr std::int32_t noMatchText = 135;
+
+std::string filled(std::int32_t message, const std::string& first, const std::string& second = {},
+                   const std::string& third = {}) {
+    std::string text = replaceText(ObtenerMensaje(message), "[p1]", first, Compare::binary);
+    text = replaceText(text, "[p2]", second, Compare::binary);
+    return replaceText(text, "[p3]", third, Compare::binary);
+}
+
+/// "7.910": digits in groups of three.
+std::string grouped(int number, const std::string& separator) {
+    constexpr std::size_t group = 3;
+    std::string text = decimalText(number);
+    for (std::size_t at = text.size(); at > group;) text.insert(at -= group, separator);
+    return text;
+}
+
+}  // namespace
+
+std::string frmCatalogador::keyOfAction(int id) const {
+    for (const KeyBinding& binding : commandBars.bindings) {
+        if (binding.actionId != id || binding.modifiers != bindingControl) continue;
+        std::string name = "Ctrl+";
+        appendCharacter(name, static_cast<char32_t>(binding.keyCode));
+        return name;
+    }
+    return {};
+}
+
+std::string frmCatalogador::statusText() const {
+    if (!browsing()) return filled(nextStepText, keyOfAction(action::save));
+    const std::string all = grouped(grdGrilla.rows() - RecordGrid::fixedRows, mstrSeparadorMiles);
+    if (!mblnSinFiltro)
+        return filled(filteredCountText, grouped(grdGrilla.visibleRows(), mstrSeparadorMiles), all,
+                      std::string(trim(commandBars.filterBox.text())));
+    const int index = grdGrilla.visibleIndex(grdGrilla.row());
+    if (index < 0) return filled(countText, all);
+    return filled(positionText, grouped(index + 1, mstrSeparadorMiles), all);
+}
+
+std::string frmCatalogador::emptyListText() const {
+    if (!hasDataRows()) return filled(noRecordsText, keyOfAction(action::create));
+    return filled(noMatchText, std::string(trim(commandBars.filterBox.text())),
+                  keyOfAction(action::filter));
+}
+
+}  // namespace catalogador

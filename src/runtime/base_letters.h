@@ -1,0 +1,11 @@
+#pragma once
+#include <string>
+#include <string_view>
+
+namespace catalogador {
+
+/// The text with every Latin, Greek and Cyrillic letter replaced by the letter that its accent
+/// stands on ("Perú" gives "Peru"), and without accents that are characters of their own.
+std::string withoutAccents(std::string_view text);
+
+}  // namespace catalogador
