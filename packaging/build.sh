@@ -4,11 +4,13 @@
 # build PRESET [TARGET...]: into build/PRESET. On a terminal the build shows itself; elsewhere it
 # goes to build/PRESET.log, of which the end is shown when it fails.
 build() {
-    local preset=$1 log=build/$1.log
+    local preset=$1 log=build/$1.log hardened=OFF
     shift
+    # What may be handed to others. A build by hand is done sooner without it.
+    case $preset in release | windows-*) hardened=ON ;; esac
     echo "== building: $preset${*:+ ($*)}"
     mkdir -p build
-    if ! cmake --preset "$preset" >"$log" 2>&1; then
+    if ! cmake --preset "$preset" -DCATALOGADOR_HARDENED=$hardened >"$log" 2>&1; then
         cat "$log" >&2
         return 1
     fi

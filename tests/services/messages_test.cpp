@@ -20,6 +20,7 @@ class BoxSurface : public Surface {
     void commandBarsChanged(Window&) override {}
     void focusChanged(Window&) override {}
     void pointerChanged(int) override {}
+    void speak(std::uint8_t language) override { shown.push_back(std::to_string(language)); }
     int messageBox(const std::string& text, int style, const std::string& title) override {
         shown.push_back(text + "|" + std::to_string(style) + "|" + title);
         return answer;
@@ -48,10 +49,17 @@ TEST(SurfaceMessages, AsksOnTheSurfaceAndGivesItsAnswer) {
     EXPECT_EQ(surface.shown.front(), "Sure?|36|Title");
 }
 
-TEST(SurfaceMessages, ShowsErrorsWithDetailAndContext) {
+TEST(SurfaceMessages, HasTheSurfaceSpeakItsLanguage) {
     BoxSurface surface;
     SurfaceMessages messages(surface);
     messages.Idioma(3);
+    messages.Idioma(200);
+    EXPECT_EQ(surface.shown, (std::vector<std::string>{"3", "200"}));
+}
+
+TEST(SurfaceMessages, ShowsErrorsWithDetailAndContext) {
+    BoxSurface surface;
+    SurfaceMessages messages(surface);
     messages.MostrarError("Failed", "Title", "5 - reason", "there");
     EXPECT_EQ(surface.shown.front(), "Failed|Title|5 - reason|there");
 }
