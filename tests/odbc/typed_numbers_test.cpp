@@ -30,9 +30,9 @@ class TypedNumbers : public test::RdoTest {
         // SQLite's driver gives 15 digits of a number.
         ASSERT_NEAR(*written.as<double>(), number->value, std::abs(number->value) * 1e-14)
             << typed << " as " << number->text;
-        const auto same =
-            connection->OpenResultset("Select Code From " + table + " Where Abs(Rate - (" +
-                                      number->text + ")) <= Abs(Rate) / 1000000000000000");
+        const auto same = connection->OpenResultset(
+            "Select Code From " + table + " Where Abs(Rate - (" + SqlText::ofData(number->text) +
+            ")) <= Abs(Rate) / 1000000000000000");
         ASSERT_FALSE(same->atEnd()) << typed << " in a statement";
     }
 };

@@ -43,7 +43,8 @@ TEST_F(ColumnWidthsTest, LeaveEveryColumnItsLeastAndTheOthersTheRest) {
 }
 
 TEST_F(ColumnWidthsTest, AreEvenSharesWhereTheRoomIsTooSmall) {
-    grid_.setColumns(61);
+    grid_.setColumns(60);
+    grid_.addExtraColumn(90);
     for (int column = 0; column < 60; ++column) grid_.setColumnWidth(column, 1 + column * 100);
     const Widths widths = printedWidths(grid_, 9000, least());
     EXPECT_EQ(std::accumulate(widths.begin(), widths.end(), 0), 9000);
@@ -59,12 +60,19 @@ TEST_F(ColumnWidthsTest, TheLeastIsTheWidestUsualWord) {
 
 TEST_F(ColumnWidthsTest, HiddenColumnsAndTheOneAtTheEndGetNothing) {
     grid_.setFormatString("a|b");
-    grid_.setColumns(3);
-    grid_.setColumnWidth(2, 90);
+    grid_.addExtraColumn(90);
     grid_.setColumnHidden(0, true);
     EXPECT_EQ(printedWidths(grid_, 5000, least()), (Widths{0, 5000, 0}));
     grid_.setColumnHidden(1, true);
     EXPECT_EQ(printedWidths(grid_, 5000, least()), (Widths{0, 0, 0}));
+}
+
+TEST_F(ColumnWidthsTest, TheLastColumnIsPrintedWithoutAHeaderTooUnlessItIsTheExtraOne) {
+    grid_.setFormatString("a|");
+    grid_.setText(grid_.addRow(), 1, "uno cuatro");
+    EXPECT_EQ(least(), (Widths{420, 600 + 120}));
+    grid_.addExtraColumn(90);
+    EXPECT_EQ(least(), (Widths{420, 600 + 120, 0}));
 }
 
 }  // namespace

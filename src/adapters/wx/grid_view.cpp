@@ -117,7 +117,7 @@ int GridView::columnAt(int x) const {
 
 int GridView::edgeAt(const wxPoint& point) const {
     if (point.y >= headerHeight()) return -1;
-    for (int column = grid_.columns() - 2; column >= 0; --column) {
+    for (int column = grid_.listColumns() - 1; column >= 0; --column) {
         if (grid_.columnHidden(column)) continue;
         const wxRect rect = columnRect(column);
         if (std::abs(rect.x + rect.width - point.x) <= FromDIP(edgeReach)) return column;

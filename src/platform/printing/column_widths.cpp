@@ -17,8 +17,8 @@ constexpr int widestUsualWord = 1400;
 constexpr int rowsLookedAt = 200;
 
 bool isPrinted(const RecordGrid& grid, int column) {
-    const bool extra = column + 1 == grid.columns() && grid.header(column).empty();
-    return !extra && !grid.columnHidden(column) && grid.columnWidth(column) > 0;
+    return column < grid.listColumns() && !grid.columnHidden(column) &&
+           grid.columnWidth(column) > 0;
 }
 
 int widestUsualWordOf(const RecordGrid& grid, int column, TextFit& body) {
