@@ -64,7 +64,9 @@ TypeNames RdoTest::types() const {
     }
 }
 
-std::unique_ptr<TestedConnection> RdoTest::connect(const Timeouts& timeouts) const {
+std::unique_ptr<TestedConnection> RdoTest::connect(const Timeouts& timeouts,
+                                                   const odbc::Defences& defences,
+                                                   const std::string& options) const {
     if (GetParam().guarded) {
         auto native =
             std::make_unique<TestedConnection>(sqlite::Connection::open(file_.path(), timeouts));
@@ -72,7 +74,8 @@ std::unique_ptr<TestedConnection> RdoTest::connect(const Timeouts& timeouts) con
             sqlite::Connection::open(file_.path(), timeouts, sqlite::Opening::unguarded));
         return native;
     }
-    const std::shared_ptr<OdbcConnection> odbc = OdbcConnection::open(connectionString_, timeouts);
+    const std::shared_ptr<OdbcConnection> odbc =
+        OdbcConnection::open(connectionString_ + options, timeouts, defences);
 #ifdef _WIN32
     if (GetParam().automation) {
         AutomationObject object(ComPtr<IDispatch>::owning(new ConnectionObject(odbc)));

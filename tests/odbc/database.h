@@ -84,7 +84,9 @@ class RdoTest : public testing::TestWithParam<DatabaseKind> {
 
     [[nodiscard]] Dialect dialect() const { return GetParam().dialect; }
     [[nodiscard]] TypeNames types() const;
-    [[nodiscard]] std::unique_ptr<TestedConnection> connect(const Timeouts& timeouts = {}) const;
+    [[nodiscard]] std::unique_ptr<TestedConnection> connect(const Timeouts& timeouts = {},
+                                                            const odbc::Defences& defences = {},
+                                                            const std::string& options = {}) const;
     /// Creates a table with these columns and fills it with these value lists.
     void create(const std::string& columns, const std::vector<std::string>& rows = {});
     std::vector<std::vector<Variant>> all(const std::string& order = "1");

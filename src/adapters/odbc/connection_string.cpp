@@ -1,9 +1,11 @@
 #include "adapters/odbc/connection_string.h"
 
 #include <algorithm>
+#include <cstdint>
 #include <string_view>
 #include <vector>
 
+#include "runtime/convert.h"
 #include "runtime/error.h"
 #include "runtime/text.h"
 
@@ -110,6 +112,28 @@ std::string withTimeouts(const std::string& connectionString, const Timeouts& ti
     } else if (isDriver("PostgreSQL") && limited) {
         add("pqopt", "{tcp_user_timeout=" + decimalText(answer.count() * 1000) + "}");
     }
+    return result;
+}
+
+std::string withOneCommand(const std::string& connectionString) {
+    const auto entries = entriesOf(connectionString);
+    const auto isDriver = [&](std::string_view name) {
+        return std::any_of(entries.begin(), entries.end(), [&](const Entry& entry) {
+            return entry.key == "DRIVER" && containsText(entry.value, name, Compare::text);
+        });
+    };
+    // Of two values of a key the drivers take the later one.
+    if (isDriver("PostgreSQL"))
+        return connectionString + ";UseServerSidePrepare=1;UseDeclareFetch=0";
+    if (!isDriver("MariaDB")) return connectionString;
+    constexpr std::uint64_t severalCommands = 67108864;
+    std::string result = connectionString;
+    for (const Entry& entry : entries)
+        if (entry.key == "OPTION" || entry.key == "OPTIONS")
+            result +=
+                ";" + entry.key + "=" +
+                decimalText(static_cast<std::int64_t>(
+                    static_cast<std::uint64_t>(leadingNumber(entry.value)) & ~severalCommands));
     return result;
 }
 

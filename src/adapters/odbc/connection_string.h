@@ -17,6 +17,10 @@ bool hasKey(const std::string& connectionString, std::string_view key);
 /// server works on it, so that it gives up only on a server that is gone.
 std::string withTimeouts(const std::string& connectionString, const Timeouts& timeouts);
 
+/// The connection string with what its driver, if it is a known one, has to be told so that one
+/// statement is one command, whatever the string says of that.
+std::string withOneCommand(const std::string& connectionString);
+
 /// The text with "***" in place of the passwords of the connection string.
 std::string withoutPasswords(std::string text, const std::string& connectionString);
 

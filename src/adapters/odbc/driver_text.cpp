@@ -93,9 +93,13 @@ SQLRETURN executeText(SQLHSTMT statement, const std::string& sql) {
     return execDirect(statement, text.data(), static_cast<SQLINTEGER>(text.size()));
 }
 
-SQLRETURN executePreparedText(SQLHSTMT statement, const std::string& sql) {
+SQLRETURN prepareText(SQLHSTMT statement, const std::string& sql) {
     std::basic_string<Unit> text = unitsOf(sql);
-    const SQLRETURN result = prepare(statement, text.data(), static_cast<SQLINTEGER>(text.size()));
+    return prepare(statement, text.data(), static_cast<SQLINTEGER>(text.size()));
+}
+
+SQLRETURN executePreparedText(SQLHSTMT statement, const std::string& sql) {
+    const SQLRETURN result = prepareText(statement, sql);
     return SQL_SUCCEEDED(result) ? SQLExecute(statement) : result;
 }
 

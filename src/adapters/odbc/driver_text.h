@@ -29,6 +29,7 @@ SQLSMALLINT parameterType(SQLSMALLINT sqlType);
 
 SQLRETURN connectDriver(SQLHDBC connection, const std::string& connectionString);
 SQLRETURN executeText(SQLHSTMT statement, const std::string& sql);
+SQLRETURN prepareText(SQLHSTMT statement, const std::string& sql);
 /// In two steps, for drivers that need it.
 SQLRETURN executePreparedText(SQLHSTMT statement, const std::string& sql);
 /// Name of the database product; empty when the driver does not tell.

@@ -2,15 +2,15 @@
 
 #include "adapters/odbc/connection_string.h"
 #include "adapters/odbc/odbc_session.h"
-#include "adapters/sql/data_check.h"
 #include "adapters/sql/sql_resultset.h"
 
 namespace catalogador {
 
 std::unique_ptr<OdbcConnection> OdbcConnection::open(const std::string& connectionString,
-                                                     const Timeouts& timeouts) {
+                                                     const Timeouts& timeouts,
+                                                     const odbc::Defences& defences) {
     return std::unique_ptr<OdbcConnection>(
-        new OdbcConnection(std::make_shared<OdbcSession>(connectionString, timeouts)));
+        new OdbcConnection(std::make_shared<OdbcSession>(connectionString, timeouts, defences)));
 }
 
 std::unique_ptr<OdbcConnection> OdbcConnection::onHandle(void* handle) {
@@ -41,13 +41,13 @@ std::unique_ptr<rdoResultset> OdbcConnection::OpenToWrite(const SqlText& sql, in
 std::unique_ptr<rdoResultset> OdbcConnection::opened(const SqlText& sql, int type, int lock,
                                                      bool toWrite) {
     if (session_->listener != nullptr) session_->listener->opened(sql.text(), type, lock);
-    requireDataStaysData(sql, session_->syntax());
+    const OdbcSession::Announced announced(*session_, sql);
     return std::make_unique<SqlResultset>(session_, sql.text(), toWrite);
 }
 
 std::int64_t OdbcConnection::Execute(const SqlText& sql) {
     if (session_->listener != nullptr) session_->listener->executed(sql.text());
-    requireDataStaysData(sql, session_->syntax());
+    const OdbcSession::Announced announced(*session_, sql);
     return session_->run(sql.text(), {});
 }
 

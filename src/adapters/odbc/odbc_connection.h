@@ -3,6 +3,7 @@
 #include <memory>
 #include <string>
 
+#include "adapters/odbc/defences.h"
 #include "adapters/sql/timeouts.h"
 #include "platform/rdo.h"
 
@@ -15,7 +16,8 @@ class OdbcConnection : public rdoConnection {
   public:
     /// Raises RuntimeError (statementFailed) with the driver's text, in which no password appears.
     static std::unique_ptr<OdbcConnection> open(const std::string& connectionString,
-                                                const Timeouts& timeouts = {});
+                                                const Timeouts& timeouts = {},
+                                                const odbc::Defences& defences = {});
     /// Works on a connection of the driver manager that somebody else has opened and closes later.
     /// Raises RuntimeError (statementFailed).
     static std::unique_ptr<OdbcConnection> onHandle(void* handle);

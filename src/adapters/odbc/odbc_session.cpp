@@ -69,10 +69,13 @@ void resolveAliases(std::vector<ColumnInfo>& columns, const std::vector<SelectIt
 
 }  // namespace
 
-OdbcSession::OdbcSession(const std::string& connectionString, const Timeouts& timeouts)
+OdbcSession::OdbcSession(const std::string& connectionString, const Timeouts& timeouts,
+                         const odbc::Defences& defences)
     : connectionString_(withTimeouts(connectionString, timeouts)),
       timeouts_(timeouts),
+      defences_(defences),
       environment_(SQL_HANDLE_ENV, nullptr) {
+    if (defences_.engine) connectionString_ = withOneCommand(connectionString_);
     environment_.check(
         SQLSetEnvAttr(environment_.get(), SQL_ATTR_ODBC_VERSION, attributeValue(SQL_OV_ODBC3), 0));
     connect();
@@ -92,6 +95,8 @@ OdbcSession::~OdbcSession() {
 
 SQLHANDLE OdbcSession::lend() {
     settle();
+    // Whoever uses it beside the session knows nothing of what its transactions may do.
+    setAccess(odbc::Access::writing);
     lent_ = true;
     return connection_.get();
 }
@@ -115,6 +120,7 @@ void OdbcSession::settle() const {
 
 void OdbcSession::connect() {
     connected_ = false;
+    access_.reset();
     connection_ = OdbcHandle(SQL_HANDLE_DBC, environment_.get());
     SQLSetConnectAttr(
         connection_.get(), SQL_ATTR_LOGIN_TIMEOUT,
@@ -156,70 +162,60 @@ void OdbcSession::prepareDialect() {
     syntax_ = syntaxOf(dialect_);
     if (dialect_ == Dialect::postgresql) return preparePostgresql();
     if (dialect_ == Dialect::mariadb) return prepareMariadb();
-    if (dialect_ == Dialect::sqlite && !hasKey(connectionString_, "Timeout"))
+    if (dialect_ == Dialect::sqlite && !borrowed_ && !hasKey(connectionString_, "Timeout"))
         executeOnce("PRAGMA busy_timeout = " + decimalText(endless(timeouts_.lock).count()), {},
                     nullptr);
 }
 
-void OdbcSession::preparePostgresql() {
-    // Texts must be read by the server as they are read here.
-    executeOnce("SET standard_conforming_strings = on", {}, nullptr);
-    executeOnce("SET lock_timeout = " + decimalText(timeouts_.lock.count()), {}, nullptr);
-    executeOnce("SET statement_timeout = " + decimalText(timeouts_.statement.count()), {}, nullptr);
-}
-
-void OdbcSession::prepareMariadb() {
-    const std::string lock = decimalText(wholeSeconds(endless(timeouts_.lock)).count());
-    executeOnce(
-        "SET SESSION innodb_lock_wait_timeout = " + lock + ", lock_wait_timeout = " + lock +
-            ", max_statement_time = " + decimalText(wholeSeconds(timeouts_.statement).count()),
-        {}, nullptr);
-    // A text with its quotes doubled ends where the others' ends, whatever stands in it.
-    executeOnce("SET SESSION sql_mode = CONCAT(@@SESSION.sql_mode, ',NO_BACKSLASH_ESCAPES')", {},
-                nullptr);
-    const auto rows = rowsOf(executeOnce("SELECT @@SESSION.sql_mode", {}, nullptr), "");
-    const auto* mode = rows.empty() ? nullptr : rows[0][0].as<std::string>();
-    const auto has = [&](const char* flag) {
-        return mode != nullptr && mode->find(flag) != std::string::npos;
-    };
-    syntax_.backslashEscapes = !has("NO_BACKSLASH_ESCAPES");
-    syntax_.doubleQuotedTexts = !has("ANSI_QUOTES");
-}
-
 OdbcHandle OdbcSession::execute(const std::string& sql, const std::vector<Parameter>& parameters,
-                                std::string* warnings) {
-    std::string text = singleStatement(sql, syntax_);
+                                std::string* warnings, odbc::Access access) {
+    std::string text = defences_.reading ? singleStatement(sql, syntax_) : sql;
     // The driver looks for quotes and "?" inside of comments too.
     if (dialect_ == Dialect::sqlite) text = withoutComments(text, syntax_);
+    requireReadable(text);
+    const auto run = [&] {
+        setAccess(access);
+        const bool check = carriesData_ && access == odbc::Access::reading;
+        return check ? executeWithData(text) : executeOnce(text, parameters, warnings);
+    };
     reconnectIfLost();
     try {
-        return executeOnce(text, parameters, warnings);
+        return run();
     } catch (const RuntimeError& error) {
         if (!meansLost(error)) throw;
         lost_ = true;
         const bool query = upperCase(leftCharacters(text, 6)) == "SELECT";
-        if (!query || transactions_ > 0) throw;
+        if (!query || transactions_ > 0 || outlived_) throw;
     }
     reconnectIfLost();
-    return executeOnce(text, parameters, warnings);
+    return run();
 }
 
 OdbcHandle OdbcSession::executeOnce(const std::string& text,
-                                    const std::vector<Parameter>& parameters,
-                                    std::string* warnings) {
+                                    const std::vector<Parameter>& parameters, std::string* warnings,
+                                    Protocol protocol) {
     OdbcHandle statement(SQL_HANDLE_STMT, connection_.get());
-    // Drivers that lack one of these say so, and what they do then is found out later.
-    SQLSetStmtAttr(statement.get(), SQL_ATTR_CURSOR_TYPE, attributeValue(SQL_CURSOR_STATIC), 0);
+    // Drivers that lack one of these say so, and what they do then is found out later. For any
+    // other cursor than the plainest PostgreSQL's driver sends a text that may hold several
+    // commands.
+    if (protocol == Protocol::any || dialect_ != Dialect::postgresql)
+        SQLSetStmtAttr(statement.get(), SQL_ATTR_CURSOR_TYPE, attributeValue(SQL_CURSOR_STATIC), 0);
     SQLSetStmtAttr(statement.get(), SQL_ATTR_NOSCAN, attributeValue(SQL_NOSCAN_ON), 0);
     BoundParameters bound(statement, parameters);
-    const SQLRETURN result = runText(statement, text);
+    if (protocol == Protocol::oneCommand) {
+        statement.check(prepareText(statement.get(), text));
+        requireRows(statement, text);
+    }
+    const SQLRETURN result = runWatched(statement, text, protocol);
     statement.check(result);
     if (warnings != nullptr && result == SQL_SUCCESS_WITH_INFO) *warnings = statement.diagnostics();
     return statement;
 }
 
-SQLRETURN OdbcSession::runText(const OdbcHandle& statement, const std::string& text) const {
+SQLRETURN OdbcSession::runText(const OdbcHandle& statement, const std::string& text,
+                               Protocol protocol) const {
     const auto run = [&] {
+        if (protocol == Protocol::oneCommand) return SQLExecute(statement.get());
         // Run without being prepared, a statement whose answer is cut off brings this driver down.
         return dialect_ == Dialect::mariadb ? executePreparedText(statement.get(), text)
                                             : executeText(statement.get(), text);
@@ -293,12 +289,13 @@ std::vector<std::vector<Variant>> OdbcSession::rowsOf(const OdbcHandle& statemen
 }
 
 std::int64_t OdbcSession::run(const std::string& sql, const std::vector<Variant>& values) {
-    return touchedRows(execute(sql, parametersOf(values)));
+    return touchedRows(execute(sql, parametersOf(values), nullptr, odbc::Access::writing));
 }
 
 std::int64_t OdbcSession::write(const ParameterizedStatement& statement) {
     std::string warnings;
-    const OdbcHandle handle = execute(statement.text, statement.parameters, &warnings);
+    const OdbcHandle handle =
+        execute(statement.text, statement.parameters, &warnings, odbc::Access::writing);
     // MariaDB is content with what it could make of a bound value ("12,5" would become 12).
     if (dialect_ == Dialect::mariadb && !warnings.empty())
         throw RuntimeError(error_number::statementFailed, warnings);
@@ -369,6 +366,7 @@ void OdbcSession::endTransaction(SQLSMALLINT how) {
 
 void OdbcSession::leaveAutocommit() {
     try {
+        setAccess(odbc::Access::writing);
         return setAutocommit(false);
     } catch (const RuntimeError& error) {
         if (!meansLost(error)) throw;
@@ -376,6 +374,7 @@ void OdbcSession::leaveAutocommit() {
     }
     // Nothing was done in the transaction yet.
     reconnectIfLost();
+    setAccess(odbc::Access::writing);
     setAutocommit(false);
 }
 

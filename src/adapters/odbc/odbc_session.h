@@ -4,10 +4,14 @@
 #include <functional>
 #include <future>
 #include <memory>
+#include <optional>
 #include <string>
 #include <vector>
 
+#include "adapters/odbc/defences.h"
 #include "adapters/odbc/odbc_handle.h"
+#include "adapters/odbc/session_settings.h"
+#include "adapters/odbc/statement_watch.h"
 #include "adapters/sql/fair_turns.h"
 #include "adapters/sql/sql_session.h"
 #include "adapters/sql/timeouts.h"
@@ -21,9 +25,10 @@ namespace catalogador {
 class OdbcSession : public SqlSession {
   public:
     /// Raises RuntimeError (statementFailed) with the driver's text, never with a password.
-    explicit OdbcSession(const std::string& connectionString, const Timeouts& timeouts = {});
+    explicit OdbcSession(const std::string& connectionString, const Timeouts& timeouts = {},
+                         const odbc::Defences& defences = {});
     /// On a connection that somebody else has opened and will close; it is not made again when it
-    /// is lost. Raises RuntimeError (statementFailed).
+    /// is lost, and its settings are left as they are. Raises RuntimeError (statementFailed).
     explicit OdbcSession(OdbcHandle borrowed);
     ~OdbcSession() override;
     OdbcSession(const OdbcSession&) = delete;
@@ -34,12 +39,27 @@ class OdbcSession : public SqlSession {
     [[nodiscard]] SQLHANDLE lend();
     [[nodiscard]] const SqlSyntax& syntax() const override { return syntax_; }
 
+    /// While it lives, what the session executes is that statement.
+    class Announced {
+      public:
+        /// Raises DataRefused when the statement's data would not stay data.
+        Announced(OdbcSession& session, const SqlText& sql);
+        ~Announced() { session_.carriesData_ = false; }
+        Announced(const Announced&) = delete;
+        Announced& operator=(const Announced&) = delete;
+
+      private:
+        OdbcSession& session_;
+    };
+
     /// Runs one statement on a connection that lives: one that was lost is made again first, and a
     /// query that finds it lost is asked once more. A write is never repeated, nor anything in a
     /// transaction. The handle that is given back holds the rows, if any. `warnings` gets what the
-    /// driver has to say of a statement that was run.
+    /// driver has to say of a statement that was run. Outside of a transaction a statement can
+    /// write only with that access.
     OdbcHandle execute(const std::string& sql, const std::vector<Parameter>& parameters = {},
-                       std::string* warnings = nullptr);
+                       std::string* warnings = nullptr,
+                       odbc::Access access = odbc::Access::reading);
     /// The columns of the rows that a statement returned when it was executed; none when it
     /// returns no rows.
     [[nodiscard]] std::vector<ColumnInfo> columnsOf(const OdbcHandle& statement,
@@ -74,9 +94,32 @@ class OdbcSession : public SqlSession {
     void prepareDialect();
     void preparePostgresql();
     void prepareMariadb();
+    void readMariadbState();
+    /// Whether the program sets what the database does in this session.
+    [[nodiscard]] bool guarded() const { return !borrowed_ && !lent_ && defences_.engine; }
+    void setAccess(odbc::Access access);
+    /// How a statement is handed over.
+    enum class Protocol {
+        /// As the driver does it best.
+        any,
+        /// So that the server takes one command, and in MariaDB one that has rows.
+        oneCommand
+    };
     OdbcHandle executeOnce(const std::string& text, const std::vector<Parameter>& parameters,
-                           std::string* warnings);
-    [[nodiscard]] SQLRETURN runText(const OdbcHandle& statement, const std::string& text) const;
+                           std::string* warnings, Protocol protocol = Protocol::any);
+    /// A statement with data, of which nothing may remain but its rows.
+    OdbcHandle executeWithData(const std::string& text);
+    OdbcHandle executeInReading(const std::string& text);
+    /// The driver of PostgreSQL never comes back from a COPY to itself, whoever stops it.
+    void requireReadable(const std::string& text) const;
+    void requireRows(const OdbcHandle& statement, const std::string& text) const;
+    /// Several commands of the program's own at once.
+    void command(const std::string& text);
+    [[nodiscard]] SQLRETURN runWatched(const OdbcHandle& statement, const std::string& text,
+                                       Protocol protocol);
+    void endSession() const;
+    [[nodiscard]] SQLRETURN runText(const OdbcHandle& statement, const std::string& text,
+                                    Protocol protocol) const;
     /// Whether a failure means that the connection is gone.
     [[nodiscard]] bool meansLost(const RuntimeError& error) const;
     void reconnectIfLost();
@@ -88,6 +131,7 @@ class OdbcSession : public SqlSession {
 
     std::string connectionString_;
     Timeouts timeouts_;
+    odbc::Defences defences_;
     OdbcHandle environment_;
     OdbcHandle connection_;
     /// Connections that were lost, kept as long as resultsets may hold statements of theirs.
@@ -97,11 +141,22 @@ class OdbcSession : public SqlSession {
     int transactions_ = 0;
     /// The driver of SQLite looks for the file's lock every ten milliseconds.
     FairTurns turns_{std::chrono::milliseconds(11)};
+    /// What the session was last set to; nothing for how it was opened.
+    std::optional<odbc::Access> access_;
+    /// Of the session, as the server counts them.
+    std::string number_;
+    /// sql_mode and character set for which the syntax holds.
+    std::string mariadbState_;
+    /// The statement that is being executed holds data.
+    bool carriesData_ = false;
+    /// The last statement was stopped because of its limit.
+    bool outlived_ = false;
     bool borrowed_ = false;
     bool lent_ = false;
     bool connected_ = false;
     bool lost_ = false;
     std::future<void> freeing_;
+    odbc::StatementWatch watch_;
 };
 
 }  // namespace catalogador

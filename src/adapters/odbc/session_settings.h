@@ -1,0 +1,36 @@
+#pragma once
+#include <chrono>
+#include <string>
+
+#include "adapters/sql/sql_tokens.h"
+#include "adapters/sql/timeouts.h"
+#include "platform/dialect.h"
+
+namespace catalogador::odbc {
+
+/// What the transactions that begin next in a session may do.
+enum class Access { reading, writing };
+
+/// The statement that sets it; empty for a database that is not known.
+std::string accessStatement(Dialect dialect, Access access);
+
+/// Sets how the server reads texts, and how long it waits and works. A query, whose first column
+/// is the number by which the server knows the session.
+std::string postgresqlSettings(const Timeouts& timeouts);
+/// The same of MariaDB, in two: what is set, and the query.
+std::string mariadbSettings(const Timeouts& timeouts);
+/// Number of the session, sql_mode, character set of statements, version.
+extern const char* const mariadbState;
+
+/// How a MariaDB of that mode, character set and version reads statements.
+SqlSyntax mariadbSyntax(const std::string& mode, const std::string& characterSet,
+                        const std::string& version);
+
+/// Ends the session of that number; empty for a database that has none.
+std::string endSessionStatement(Dialect dialect, const std::string& number);
+
+/// A query that PostgreSQL refuses unless its one parameter is the text of one query. Nothing of
+/// that text is run.
+extern const char* const oneCommandQuery;
+
+}  // namespace catalogador::odbc
