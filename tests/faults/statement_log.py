@@ -1,8 +1,11 @@
 #!/usr/bin/env python3
-"""Hostile text in fields, filter, value argument, codes and names, with the server's own log of
-statements as the witness: it makes the server run what harmless text makes it run, and nothing else.
+"""Hostile text in fields, filter, value argument, codes and names, and stored by somebody else, with
+the server's own log of statements as the witness: it makes the server run what harmless text makes
+it run, and nothing else. First where no check uses the text, then where every check does.
 
-    statement_log.py PROGRAM postgresql|mariadb
+    statement_log.py PROGRAM sqlite|postgresql|mariadb
+
+An SQLite file has no log; there only what is stored and told is looked at.
 """
 
 import json
@@ -10,13 +13,14 @@ import os
 import re
 import sys
 
-from screen import OwnDatabase, Screen, fail, require, skip
+from screen import OwnDatabase, Screen, fail, require, skip, told
 
 program = os.path.realpath(sys.argv[1])
 kind = sys.argv[2]
 LOG = "CATALOGADOR_TEST_%s_LOG" % kind.upper()
 
-HARMLESS = "Harmless"
+# A text with a semicolon is looked at more closely.
+HARMLESS = ["Harmless", "Harm; less"]
 HOSTILE = [
     "'); Drop Table canary; --",
     "'; Drop Table canary; --",
@@ -37,7 +41,39 @@ HOSTILE = [
     "';\u0007Drop\tTable\u00a0canary;--",
     "0; Drop Table canary",
     "1) Or 1=1 --",
+    "x' --\r; Delete From canary --",
+    "x' --\n; Delete From canary --",
+    "x' /*!99999 ' */ ; Delete From canary #",
+    "x' /*!50000 ; Delete From canary */ -- ",
+    "x' /*M!100100 ; Delete From canary */ -- ",
+    "x' /* /* ' */ ; Delete From canary -- */",
+    "'||set_config('standard_conforming_strings','0','0')--",
+    "\\';Delete From canary--",
+    "x'||E'a'\n'\\'; Delete From canary --",
+    "U&'\\0027; Delete From canary --",
+    '\'||U&"\\0027"; Delete From canary --',
+    "$a$; Delete From canary; $a$",
+    "'||$$'; Delete From canary --$$",
+    "[canary]'; Delete From [canary] --",
+    "' Or blob_export(x'41','canary')--",
+    "' Or load_extension('canary')--",
+    "' Or 1 In (With Recursive r(x) As (Select 1 Union All Select x+1 From r) Select x From r)--",
+    "' Union Select 1 Into Outfile 'canary' -- ",
+    "'; Copy (Select 1) To Stdout --",
+    "' Or pg_sleep(100) Is Null --",
+    "' Or sleep(100) -- ",
+    "\uff07; Delete From canary --",
+    "'",
+    "''",
+    "O'Brien",
+    "O''Brien",
+    "\\",
 ]
+REFUSED = "40060 - "
+RULE = (
+    "Select CTeCodigo From genCodigoTexto Where CTeIDTipoVista = 1 And CTeCodigo <> [Codigo] And "
+    "CTeTextoCorto = '[TextoCorto]' And CTeTextoLargo = '[TextoLargo]' And CTeValor1 = [Valor1]"
+)
 
 
 def lexer():
@@ -96,7 +132,13 @@ def mariadb_statements(text, database):
     return statements
 
 
+def log_size():
+    return 0 if kind == "sqlite" else os.path.getsize(os.environ[LOG])
+
+
 def log_since(start, database):
+    if kind == "sqlite":
+        return []
     with open(os.environ[LOG], "rb") as log:
         log.seek(start)
         text = log.read().decode("utf-8", "replace")
@@ -105,55 +147,120 @@ def log_since(start, database):
     )
 
 
-def play(database, text):
+def literal(text):
+    return "'" + text.replace("'", "''") + "'"
+
+
+def store(database, text):
+    """As somebody else would have, by means of their own."""
+    database.sql(
+        "Update genCodigoTexto Set CTeTextoLargo = %s Where CTeIDTipoVista = 1 And CTeCodigo = 724"
+        % literal(text)
+    )
+
+
+def save(screen, text, checked):
+    """A text with a quote of its own may be refused by a check; everything else is saved."""
+    events = told(screen.say("answer 6", "action 6"))
+    if screen.mode() == "0":
+        return
+    require(checked and "'" in text, "%r was not saved: %s" % (text, events))
+    refused = [e["detail"].startswith(REFUSED) for e in events if e["event"] == "error"]
+    require(refused == [True], "%r: told %s" % (text, events))
+    screen.say("action 7")
+
+
+def play(database, text, checked):
     """Everything a user can do with a text; gives what the server ran meanwhile."""
-    start = os.path.getsize(os.environ[LOG])
-    quoted = json.dumps(text)
+    database.sql("Delete From genCodigoTexto Where CTeIDTipoVista = 1 And CTeCodigo > 900")
+    store(database, "Nobody")
+    start = log_size()
+    # Typed, a line end is a key that leaves the field.
+    quoted = json.dumps(re.sub(r"[\r\n\t]", " ", text))
+    other = json.dumps(json.loads(quoted) + "2")
     screen = Screen(program, *database.options, "--view", "1", "--code", "-1", "--value", text)
-    screen.say("set txtTexto2 " + quoted, "answer 6", "action 6")
-    require(screen.mode() == "0", "%r was not saved" % text)
+    screen.say("set txtTexto2 " + quoted)
+    save(screen, text, checked)
     for filtered in (text, ""):
         screen.say("action 10", "set filter " + json.dumps(filtered), "key Enter")
     screen.say("grid select 724")
-    screen.say("action 4", "set txtTexto1 " + quoted, "set txtTexto2 " + quoted, "answer 6", "action 6")
-    require(screen.mode() == "0", "%r was not saved in a record that was there" % text)
-    screen.say("action 4", "answer 6", "action 6")
-    screen.say("answer 6", "action 5")
+    screen.say("action 4", "set txtTexto1 " + other, "set txtTexto2 " + other)
+    save(screen, text, checked)
+    screen.say("grid select 724", "action 4")
+    save(screen, text, checked)
+    if not checked:
+        screen.say("answer 6", "action 5")
     screen.process.stdin.write("close\nadd 1 Paises %s\nadd 1 %s Otro\n" % (quoted, quoted))
+    require(screen.close() == 0, "the program did not end well")
+    statements = log_since(start, database)
+    if checked:
+        statements += play_stored(database, text)
+    return statements
+
+
+def play_stored(database, text):
+    """What somebody else has stored, opened and saved again."""
+    store(database, text + "3")
+    start = log_size()
+    screen = Screen(program, *database.options, "--view", "1", "--code", "724")
+    screen.say()
+    require(screen.field("txtTexto2") == text + "3", "%r is not shown" % text)
+    save(screen, text, True)
     require(screen.close() == 0, "the program did not end well")
     return log_since(start, database)
 
 
-def unflagged(database):
-    """Fields of any length whose text no statement holds but as a value."""
+def make_canary(database):
     database.sql("Create Table canary (CanCodigo Integer)")
     database.sql("Insert Into canary Values (42)")
+
+
+def unchecked(database):
+    """Fields of any length whose text no statement holds but as a value."""
     database.sql(
         "Update CatalogadorControles Set ACoLen = 200, ACoDuplicado = 0 Where ACoIDFormVista = 1"
     )
 
 
+def checked(database):
+    """The same fields, all of them in every check that there is."""
+    database.sql("Update CatalogadorControles Set ACoDuplicado = 1 Where ACoIDFormVista = 1")
+    database.sql(
+        "Update Catalogador Set ABMSQLValidarDuplicados = %s Where ABMIDFormVista = 1"
+        % literal(RULE)
+    )
+
+
+def attack(database, with_checks):
+    usual = [s for text in HARMLESS for s in play(database, text, with_checks)]
+    allowed = {shape(statement) for statement in usual}
+    writes = [s for s in usual if re.match(r"(?i)insert|update|delete", s)]
+    if kind != "sqlite":
+        require(len(usual) > 20 and len(writes) >= 3, "the log says too little: %s" % usual)
+    ran = 0
+    for text in HOSTILE:
+        statements = play(database, text, with_checks)
+        ran += len(statements)
+        for statement in statements:
+            if shape(statement) not in allowed:
+                fail("%r made the server run: %s" % (text, statement))
+        require(database.sql("Select CanCodigo From canary") == [[42]], "%r: canary" % text)
+        require(not os.path.exists("canary"), "%r made a file" % text)
+    print(
+        "%d statements with %d hostile texts, all of the %d shapes that harmless text gives"
+        % (ran, len(HOSTILE), len(allowed))
+    )
+
+
 def main():
-    if LOG not in os.environ:
+    if kind != "sqlite" and LOG not in os.environ:
         skip(LOG + " is not set")
     with OwnDatabase(program, kind) as database:
-        unflagged(database)
-        usual = play(database, HARMLESS)
-        allowed = {shape(statement) for statement in usual}
-        writes = [s for s in usual if re.match(r"(?i)insert|update|delete", s)]
-        require(len(usual) > 20 and len(writes) >= 3, "the log says too little: %s" % usual)
-        ran = 0
-        for text in HOSTILE:
-            statements = play(database, text)
-            ran += len(statements)
-            for statement in statements:
-                if shape(statement) not in allowed:
-                    fail("%r made the server run: %s" % (text, statement))
-        require(database.sql("Select CanCodigo From canary") == [[42]], "the canary is dead")
-        print(
-            "%d statements with %d hostile texts, all of the %d shapes that harmless text gives"
-            % (ran, len(HOSTILE), len(allowed))
-        )
+        make_canary(database)
+        unchecked(database)
+        attack(database, False)
+        checked(database)
+        attack(database, True)
 
 
 main()
