@@ -18,6 +18,17 @@ TEST(WithoutPasswords, LeavesTextWithoutPassword) {
     EXPECT_EQ(withoutPasswords("ana is unknown", "PWD={open"), "ana is unknown");
 }
 
+TEST(SqliteFileOf, KnowsTheStringsThatNeedNoDriver) {
+    for (const char* file : {"a.db", "C:\\datos\\mañana.db", "/a b/c#d%20?.db", "a;b.db", " a.db ",
+                             "{a.db", "file:a.db"})
+        EXPECT_EQ(sqliteFileOf(connectionStringOfSqliteFile(file)), file);
+    EXPECT_EQ(sqliteFileOf("database=a.db"), "a.db");
+    EXPECT_EQ(sqliteFileOf("Driver=SQLite3 ODBC Driver;Database={a}}b.db};Timeout=5"), "a}b.db");
+    for (const char* other : {"", "DSN=x;Database=a.db", "Driver={MariaDB Unicode};Database=a",
+                              "Server=localhost;Database=a", "Driver={SQLite3}", "a.db"})
+        EXPECT_EQ(sqliteFileOf(other), std::nullopt) << other;
+}
+
 TEST(ConnectionStringKeys, AreFoundInAnySpelling) {
     EXPECT_TRUE(hasKey("DRIVER={SQLite3};Database=x;timeout = 300", "Timeout"));
     EXPECT_FALSE(hasKey("DRIVER={SQLite3};Database={a;Timeout=1}", "Timeout"));

@@ -1,6 +1,7 @@
 #include "adapters/odbc/connection_string.h"
 
 #include <algorithm>
+#include <charconv>
 #include <cstdint>
 #include <string_view>
 #include <vector>
@@ -52,6 +53,22 @@ std::string uriOf(const std::string& file) {
     return uri;
 }
 
+/// The path of which uriOf made that; other texts as they are.
+std::string pathOfUri(const std::string& uri) {
+    constexpr std::string_view scheme = "file:";
+    if (!uri.starts_with(scheme)) return uri;
+    std::string path;
+    for (std::size_t at = scheme.size(); at < uri.size(); ++at) {
+        unsigned byte = 0;
+        const char* const digits = uri.data() + at + 1;
+        const bool coded = uri[at] == '%' && at + 2 < uri.size() &&
+                           std::from_chars(digits, digits + 2, byte, 16).ptr == digits + 2;
+        path += coded ? static_cast<char>(byte) : uri[at];
+        if (coded) at += 2;
+    }
+    return path;
+}
+
 std::vector<Entry> entriesOf(std::string_view connection) {
     std::vector<Entry> entries;
     while (!connection.empty()) {
@@ -81,6 +98,23 @@ std::string connectionStringOfSqliteFile(const std::string& file) {
         throw RuntimeError(error_number::invalidProcedureCall,
                            "This is no name of a file: " + file);
     return "DRIVER={SQLite3};Database=" + (isOdd(file) ? uriOf(file) : file) + ";FKSupport=1";
+}
+
+std::optional<std::string> sqliteFileOf(const std::string& connectionString) {
+    const auto entries = entriesOf(connectionString);
+    const auto value = [&](std::string_view key) {
+        const auto found = std::find_if(entries.begin(), entries.end(),
+                                        [&](const Entry& entry) { return entry.key == key; });
+        return found == entries.end() ? std::string()
+                                      : replaceText(found->value, "}}", "}", Compare::binary);
+    };
+    const std::string database = value("DATABASE");
+    const bool named = !value("DSN").empty() || !value("FILEDSN").empty();
+    const bool served = !value("SERVER").empty() || !value("SERVERNAME").empty();
+    const std::string driver = value("DRIVER");
+    const bool native = driver.empty() ? !served : containsText(driver, "SQLite", Compare::text);
+    if (database.empty() || named || !native) return std::nullopt;
+    return pathOfUri(database);
 }
 
 bool hasKey(const std::string& connectionString, std::string_view key) {

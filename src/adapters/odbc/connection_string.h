@@ -1,4 +1,5 @@
 #pragma once
+#include <optional>
 #include <string>
 #include <string_view>
 
@@ -9,6 +10,11 @@ namespace catalogador {
 /// How a SQLite database file is reached. Raises RuntimeError (invalidProcedureCall) for a path
 /// that cannot be written in a connection string. The file is created when it does not exist.
 std::string connectionStringOfSqliteFile(const std::string& file);
+
+/// The SQLite file of a connection string that needs no driver for it: its driver is one of
+/// SQLite's, or it names a Database and neither a driver nor a data source nor a server. nullopt
+/// for others.
+std::optional<std::string> sqliteFileOf(const std::string& connectionString);
 
 /// Whether the connection string has a value for that key, in capitals or not.
 bool hasKey(const std::string& connectionString, std::string_view key);

@@ -1,7 +1,9 @@
 #include "windows/component/host_connection.h"
 
 #include "adapters/com/automation_connection.h"
+#include "adapters/com/automation_values.h"
 #include "adapters/odbc/odbc_connection.h"
+#include "adapters/sqlite/connection.h"
 
 namespace catalogador {
 
@@ -25,7 +27,7 @@ class UnusableConnection : public rdoConnection {
 
 HostConnection::HostConnection(IDispatch* connection) {
     if (connection == nullptr) return;
-    if (SUCCEEDED(connection->QueryInterface(IID_IOdbcSharing, shared_.putVoid()))) return;
+    if (SUCCEEDED(connection->QueryInterface(IID_IConnectionSharing, shared_.putVoid()))) return;
     AutomationObject object(ComPtr<IDispatch>::sharing(connection));
     if (!AutomationConnection::accepts(object))
         throw RuntimeError(error_number::typeMismatch,
@@ -39,13 +41,19 @@ HostConnection::Use::Use(HostConnection& connection, clsCatalogador& component)
     component_.Coneccion(used_.get());
 }
 
-void HostConnection::Use::attach(const ComPtr<IOdbcSharing>& shared) {
+void HostConnection::Use::attach(const ComPtr<IConnectionSharing>& shared) {
     void* handle = nullptr;
+    BSTR file = nullptr;
     try {
-        if (FAILED(shared->Attach(&handle)))
+        if (FAILED(shared->Attach(&handle, &file)))
             throw RuntimeError(error_number::objectNotSet, "The connection is not open");
         attached_ = shared;
-        used_ = OdbcConnection::onHandle(handle);
+        const std::string path = textOf(file);
+        SysFreeString(file);
+        if (handle != nullptr)
+            used_ = OdbcConnection::onHandle(handle);
+        else
+            used_ = sqlite::Connection::open(path);
     } catch (const RuntimeError& error) {
         used_ = std::make_shared<UnusableConnection>(error);
     }

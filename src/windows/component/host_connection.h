@@ -4,7 +4,7 @@
 #include "adapters/com/com_ptr.h"
 #include "component/clsCatalogador.h"
 #include "platform/rdo.h"
-#include "windows/odbc_sharing.h"
+#include "windows/connection_sharing.h"
 
 namespace catalogador {
 
@@ -26,17 +26,17 @@ class HostConnection {
         Use& operator=(const Use&) = delete;
 
       private:
-        void attach(const ComPtr<IOdbcSharing>& shared);
+        void attach(const ComPtr<IConnectionSharing>& shared);
 
         clsCatalogador& component_;
         /// What the call works with stays, also when the host hands over another connection, or
         /// none, while the screen is open.
         std::shared_ptr<rdoConnection> used_;
-        ComPtr<IOdbcSharing> attached_;
+        ComPtr<IConnectionSharing> attached_;
     };
 
   private:
-    ComPtr<IOdbcSharing> shared_;
+    ComPtr<IConnectionSharing> shared_;
     std::shared_ptr<rdoConnection> automation_;
 };
 

@@ -1,5 +1,8 @@
 #include "windows/datos/connection_object.h"
 
+#include "adapters/com/automation_values.h"
+#include "adapters/odbc/connection_string.h"
+#include "adapters/sqlite/connection.h"
 #include "windows/datos/resultset_object.h"
 
 namespace catalogador {
@@ -14,20 +17,24 @@ constexpr UINT mostOptional = 4;
 }  // namespace
 
 HRESULT ConnectionObject::QueryInterface(REFIID iid, void** object) {
-    if (object != nullptr && iid == IID_IOdbcSharing) {
+    if (object != nullptr && iid == IID_IConnectionSharing) {
         AddRef();
-        *object = static_cast<IOdbcSharing*>(this);
+        *object = static_cast<IConnectionSharing*>(this);
         return S_OK;
     }
     return LateBoundObject::QueryInterface(iid, object);
 }
 
-HRESULT ConnectionObject::Attach(void** handle) {
-    if (handle == nullptr) return E_POINTER;
+HRESULT ConnectionObject::Attach(void** handle, BSTR* file) {
+    if (handle == nullptr || file == nullptr) return E_POINTER;
     *handle = nullptr;
+    *file = nullptr;
     if (!connection_) return E_UNEXPECTED;
+    if (odbc_)
+        *handle = odbc_->handle();
+    else
+        *file = newText(file_);
     ++attached_;
-    *handle = connection_->handle();
     return S_OK;
 }
 
@@ -61,6 +68,18 @@ void ConnectionObject::close() {
         throw RuntimeError(error_number::invalidProcedureCall,
                            "The connection cannot be closed while a screen works with it");
     connection_.reset();
+    odbc_.reset();
+}
+
+void ConnectionObject::establish() {
+    close();
+    if (const auto file = sqliteFileOf(connect_)) {
+        file_ = *file;
+        connection_ = sqlite::Connection::open(file_, {}, sqlite::Opening::created);
+        return;
+    }
+    odbc_ = OdbcConnection::open(connect_);
+    connection_ = odbc_;
 }
 
 AutomationValue ConnectionObject::invoke(DISPID member, const Arguments& arguments) {
@@ -72,8 +91,7 @@ AutomationValue ConnectionObject::invoke(DISPID member, const Arguments& argumen
             return {};
         case establishConnection:
             arguments.expect(0, mostOptional);
-            close();
-            connection_ = OdbcConnection::open(connect_);
+            establish();
             return {};
         case openResultset:
             arguments.expect(1, mostOptional);

@@ -3,7 +3,7 @@
 
 #include "adapters/com/late_bound_object.h"
 #include "adapters/odbc/odbc_connection.h"
-#include "windows/odbc_sharing.h"
+#include "windows/connection_sharing.h"
 
 namespace catalogador {
 
@@ -11,20 +11,21 @@ namespace catalogador {
 constexpr CLSID CLSID_rdoConnection = {
     0xcd1193c1, 0x341f, 0x4fdb, {0xa8, 0x8c, 0x44, 0xc6, 0x38, 0x93, 0xee, 0xe4}};
 
-/// A connection that a script or any other host creates, opens with an ODBC connection string and
-/// hands over: Connect, EstablishConnection, OpenResultset, Execute, RowsAffected, Close.
-class ConnectionObject : public LateBoundObject, public IOdbcSharing {
+/// A connection that a script or any other host creates, opens with a connection string (of ODBC,
+/// or of a SQLite file, which needs no driver) and hands over: Connect, EstablishConnection,
+/// OpenResultset, Execute, RowsAffected, Close.
+class ConnectionObject : public LateBoundObject, public IConnectionSharing {
   public:
     ConnectionObject() = default;
     /// On a connection that is open already.
     explicit ConnectionObject(std::shared_ptr<OdbcConnection> connection)
-        : connection_(std::move(connection)) {}
+        : connection_(connection), odbc_(std::move(connection)) {}
 
     HRESULT STDMETHODCALLTYPE QueryInterface(REFIID iid, void** object) override;
     ULONG STDMETHODCALLTYPE AddRef() override { return LateBoundObject::AddRef(); }
     ULONG STDMETHODCALLTYPE Release() override { return LateBoundObject::Release(); }
 
-    HRESULT STDMETHODCALLTYPE Attach(void** handle) override;
+    HRESULT STDMETHODCALLTYPE Attach(void** handle, BSTR* file) override;
     HRESULT STDMETHODCALLTYPE Detach() override;
 
   protected:
@@ -34,10 +35,15 @@ class ConnectionObject : public LateBoundObject, public IOdbcSharing {
 
   private:
     [[nodiscard]] rdoConnection& opened() const;
+    void establish();
     void close();
 
     std::string connect_;
-    std::shared_ptr<OdbcConnection> connection_;
+    std::shared_ptr<rdoConnection> connection_;
+    /// The same where it is one of ODBC.
+    std::shared_ptr<OdbcConnection> odbc_;
+    /// The name of the SQLite file where it is none of ODBC.
+    std::string file_;
     std::int64_t rowsAffected_ = 0;
     int attached_ = 0;
 };
