@@ -2,7 +2,8 @@
 # folder of its own, which end with stop_servers. The servers of the machine are left alone.
 # shellcheck shell=bash
 
-server_packages=(postgresql-15 odbc-postgresql mariadb-server-core mariadb-client-core odbc-mariadb)
+server_packages=(postgresql-15 odbc-postgresql mariadb-server-core mariadb-client-core odbc-mariadb
+    galera-4)
 
 # Servers refuse to run as root.
 as_server_user() {
@@ -75,6 +76,61 @@ start_mariadb() {
     export CATALOGADOR_TEST_MARIADB_LOG="$folder/statements.log"
 }
 
+packaging_folder=$(dirname "$(realpath "${BASH_SOURCE[0]}")")
+galera_library=/usr/lib/galera/libgalera_smm.so
+
+# Sets CATALOGADOR_TEST_GALERA: a connection string for each of three MariaDB nodes that replicate to
+# each other, one a line, which names the other nodes after it. Not part of start_servers.
+start_galera() {
+    local node
+    galera_ports=() galera_groups=()
+    server_folder galera >/dev/null
+    as_server_user mariadb-install-db --no-defaults --datadir="$servers_folder/galera/1" \
+        --skip-test-db --auth-root-authentication-method=normal >"$servers_folder/galera.log" 2>&1 ||
+        server_failed galera
+    for node in 1 2 3; do
+        galera_groups+=("127.0.0.1:$(free_port)")
+        galera_ports+=("$(free_port)")
+    done
+    # Nodes that begin with the same data, at the same change, need no copy of each other's.
+    start_galera_node 1
+    galera_sql 1 "create database tests"
+    signal_server TERM "$servers_folder/galera/1.pid"
+    wait "${server_processes%% *}" || true
+    for node in 2 3; do cp -a "$servers_folder/galera/1" "$servers_folder/galera/$node"; done
+    CATALOGADOR_TEST_GALERA=
+    for node in 1 2 3; do
+        start_galera_node "$node"
+        CATALOGADOR_TEST_GALERA+="Driver={MariaDB Unicode};Server=127.0.0.1,127.0.0.1,127.0.0.1;Port=${galera_ports[node - 1]},${galera_ports[node % 3]},${galera_ports[(node + 1) % 3]};Database=tests;UID=root"$'\n'
+    done
+    export CATALOGADOR_TEST_GALERA
+}
+
+start_galera_node() {
+    local index=$(($1 - 1)) first=()
+    [ "$1" != 1 ] || first=(--wsrep-new-cluster)
+    PATH="$packaging_folder:$PATH" run_server galera mariadbd --no-defaults \
+        --datadir="$servers_folder/galera/$1" --port="${galera_ports[index]}" \
+        --bind-address=127.0.0.1 --socket="$servers_folder/galera/$1.socket" \
+        --pid-file="$servers_folder/galera/$1.pid" --character-set-server=utf8mb4 \
+        --innodb-flush-log-at-trx-commit=0 --innodb-buffer-pool-size=32M --binlog-format=ROW \
+        --innodb-autoinc-lock-mode=2 --wsrep-on=ON --wsrep-provider="$galera_library" \
+        --wsrep-cluster-address="gcomm://$(IFS=,; echo "${galera_groups[*]}")" \
+        --wsrep-node-address="${galera_groups[index]}" --wsrep-sst-method=carry \
+        --wsrep-provider-options="gmcast.listen_addr=tcp://${galera_groups[index]};ist.recv_addr=127.0.0.1:$(free_port);gcache.size=32M;pc.recovery=no" \
+        "${first[@]}"
+    wait_for 40 galera_has "$1" wsrep_ready ON || server_failed galera
+}
+
+kill_galera_node() { signal_server KILL "$servers_folder/galera/$1.pid"; }
+
+# galera_sql NODE STATEMENT
+galera_sql() {
+    mariadb --no-defaults --connect-timeout=5 -h 127.0.0.1 -P "${galera_ports[$1 - 1]}" -u root -Ne "$2"
+}
+# galera_has NODE STATUS VALUE
+galera_has() { galera_sql "$1" "show status like '$2'" | grep -qw -- "$3"; }
+
 server_failed() {
     echo "The $1 server did not start:" >&2
     tail -n 30 "$servers_folder/$1.log" >&2
@@ -111,10 +167,11 @@ signal_server() {
 }
 
 end_servers() {
-    local process
+    local process node
     # What makes each end at once, whoever is still connected.
     signal_server INT "$servers_folder/postgresql/data/postmaster.pid"
     signal_server TERM "$servers_folder/mariadb/pid"
+    for node in 1 2 3; do signal_server KILL "$servers_folder/galera/$node.pid"; done
     for process in ${server_processes:-}; do wait "$process" 2>/dev/null || true; done
     server_processes=""
 }

@@ -60,40 +60,63 @@ std::uint8_t clsCatalogador::AddNew(std::int16_t IDVista, const std::string& Nom
     if (appKey_.empty() || connection_ == nullptr || IDVista <= 0 || NombreVista.empty() ||
         Valor.empty())
         return resultMissingArgument;
+    std::uint8_t result = resultMissingArgument;
     try {
-        return insertText(IDVista, NombreVista, Valor);
+        insertText(IDVista, NombreVista, Valor, result);
     } catch (const RuntimeError& error) {
-        report(addNewErrorMessage, error);
-        // The result as it stood when the error came.
-        return resultMissingArgument;
+        const bool unknown = error.cause() == ErrorCause::outcomeUnknown;
+        report(unknown ? outcomeUnknownMessage : addNewErrorMessage, error);
     }
+    return result;
 }
 
-std::uint8_t clsCatalogador::insertText(std::int16_t view, const std::string& sequence,
-                                        const std::string& text) {
+void clsCatalogador::insertText(std::int16_t view, const std::string& sequence,
+                                const std::string& text, std::uint8_t& result) {
     const PointerDuring hourglass(host_.surface);
     const SqlText sql = "Select * From genCodigoTexto Where CTeIDTipoVista = " + decimalText(view) +
                         " And  CTeTextoCorto = '" +
                         SqlText::ofData(replaceText(text, "'", "''", Compare::binary)) + "'";
     const auto rows = connection_->OpenResultset(sql);
-    if (!rows->atEnd()) {
-        rows->Close();
-        return resultKnownOrNoCode;
-    }
-    const std::int32_t code = host_.utilities.ProximoCodigo(*connection_, sequence);
+    const std::int32_t code =
+        rows->atEnd() ? host_.utilities.ProximoCodigo(*connection_, sequence) : -1;
     if (code == -1) {
+        result = resultKnownOrNoCode;
         rows->Close();
-        return resultKnownOrNoCode;
+        return;
     }
     rows->AddNew();
     rows->setValue("CTeIDTipoVista", view);
     rows->setValue("CTeCodigo", code);
     rows->setValue("CTeTextoCorto", text);
     rows->setValue("Modificado", host_.utilities.FechaServidor(*connection_));
-    rows->Update();
-    rows->Close();
+    updateAdded(*rows, view, code);
+    // What fails from here on does not undo the record.
     lastModified_ = code;
-    return resultAdded;
+    result = resultAdded;
+    rows->Close();
+}
+
+void clsCatalogador::updateAdded(rdoResultset& rows, std::int16_t view, std::int32_t code) {
+    try {
+        rows.Update();
+    } catch (const RuntimeError& error) {
+        if (error.cause() != ErrorCause::outcomeUnknown) throw;
+        const auto stored = isStored(view, code);
+        if (!stored) throw;
+        if (!*stored) throw RuntimeError(error.number(), error.description(), ErrorCause::lost);
+    }
+}
+
+std::optional<bool> clsCatalogador::isStored(std::int16_t view, std::int32_t code) {
+    try {
+        // Nobody else was given the code: its record is the one that was added.
+        return !connection_
+                    ->OpenResultset("Select * From genCodigoTexto Where CTeIDTipoVista = " +
+                                    decimalText(view) + " And CTeCodigo = " + decimalText(code))
+                    ->atEnd();
+    } catch (const RuntimeError&) {
+        return std::nullopt;
+    }
 }
 
 }  // namespace catalogador

@@ -36,8 +36,12 @@ class clsCatalogador {
 
   private:
     void showForm(std::int16_t view, std::int32_t code, const std::string& text);
-    std::uint8_t insertText(std::int16_t view, const std::string& sequence,
-                            const std::string& text);
+    /// `result` is what AddNew gives, also when an error is raised.
+    void insertText(std::int16_t view, const std::string& sequence, const std::string& text,
+                    std::uint8_t& result);
+    void updateAdded(rdoResultset& rows, std::int16_t view, std::int32_t code);
+    /// Whether the record of that code is in the database; nullopt when that cannot be found out.
+    std::optional<bool> isStored(std::int16_t view, std::int32_t code);
     void report(std::int32_t message, const RuntimeError& error);
 
     Host& host_;

@@ -94,6 +94,7 @@ void frmCatalogador::wireEvents() {
     commandBars.onExecute = [this](int id) { cmdBars_Execute(id); };
     commandBars.onResize = [this] { cmdBars_Resize(); };
     onEscape = [this] { leaveInput(); };
+    onRefresh = [this] { readListAgain(); };
     wireGrid();
     wireFields();
 }

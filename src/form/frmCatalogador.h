@@ -2,6 +2,7 @@
 #include <array>
 #include <cstdint>
 #include <memory>
+#include <optional>
 #include <span>
 #include <string>
 #include <vector>
@@ -15,6 +16,7 @@
 
 namespace catalogador {
 
+class PointerDuring;
 class vsPrinter;
 
 /// The one maintenance screen. The public class fills the members below, then load() runs the
@@ -189,8 +191,12 @@ class frmCatalogador : public Window {
     [[nodiscard]] std::string contents() const;
     /// Asks whether changes may be lost; true when there are none.
     bool editMayEnd();
+    /// Selects the row of that code, if there is one, and scrolls to it.
+    void selectCode(const std::string& code);
     /// Escape: closes the filter box, or cancels the edit.
     void leaveInput();
+    /// F5: the list as it is stored now, on the record that is selected. Nothing during an edit.
+    void readListAgain();
     void readViewRow();
     void centreOnScreen();
     void openAtStart();
@@ -212,6 +218,7 @@ class frmCatalogador : public Window {
     void setGridWidths();
     void setGridAlignments(const std::string& alignments);
     void setGridAppearance();
+    void loadList();
     SqlText listingStatement();
     void appendRows();
     struct ListColumn;
@@ -260,10 +267,21 @@ class frmCatalogador : public Window {
 
     bool savable();
     bool drawNewCode();
-    bool startRow();
-    bool startNewRow();
-    bool recordUnchanged();
-    void writeColumns();
+    /// Puts its description into words for the user, which name the sequence.
+    void nameSequenceInError();
+    bool startRow(PointerDuring& hourglass);
+    /// These give 0, or the number of the message that says why the row cannot be written.
+    std::int32_t startNewRow();
+    std::int32_t startChange();
+    std::int32_t updateRecord(const Date& stamp);
+    std::int32_t conflictOfRecord();
+    /// Gives the stamp.
+    Date writeColumns();
+    /// Whether the record is in the database as it was written with that stamp; nullopt when that
+    /// cannot be found out.
+    std::optional<bool> isStored(const Date& stamp);
+    /// Tells why the record was not written; the list shows what is stored then.
+    void refuseWrite(PointerDuring& hourglass, std::int32_t message);
     void writeValueField(ValueField& field);
     void writeUserLists();
     std::string gridCodes() const;
@@ -275,6 +293,8 @@ class frmCatalogador : public Window {
     /// What the user sees of a row that tells it from the others.
     [[nodiscard]] std::string nameOfRow(int row) const;
     void deleteRecord();
+    /// As updateRecord.
+    std::int32_t removeRecord();
 
     [[nodiscard]] bool hasDataRows() const { return grdGrilla.rows() > RecordGrid::fixedRows; }
     [[nodiscard]] bool browsing() const { return mstrModo == "0"; }

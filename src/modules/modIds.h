@@ -1,4 +1,6 @@
 #pragma once
+#include <cstdint>
+
 #include "platform/surface.h"
 
 namespace catalogador {
@@ -6,19 +8,30 @@ namespace catalogador {
 constexpr int pointerDefault = 0;
 constexpr int pointerHourglass = 11;
 
-/// Shows the hourglass for its own lifetime.
+/// Shows the hourglass for its own lifetime, or until it is told that the work is done.
 class PointerDuring {
   public:
-    explicit PointerDuring(Surface& surface) : surface_(surface) {
-        surface_.pointerChanged(pointerHourglass);
+    explicit PointerDuring(Surface& surface) : surface_(&surface) {
+        surface_->pointerChanged(pointerHourglass);
     }
-    ~PointerDuring() { surface_.pointerChanged(pointerDefault); }
+    ~PointerDuring() { done(); }
+    void done() {
+        if (surface_ != nullptr) surface_->pointerChanged(pointerDefault);
+        surface_ = nullptr;
+    }
     PointerDuring(const PointerDuring&) = delete;
     PointerDuring& operator=(const PointerDuring&) = delete;
 
   private:
-    Surface& surface_;
+    /// nullptr once the work is done.
+    Surface* surface_;
 };
+
+/// Messages about a record that could not be written.
+constexpr std::int32_t recordGoneMessage = 113;
+constexpr std::int32_t recordChangedMessage = 114;
+constexpr std::int32_t noReceiptPositionMessage = 118;
+constexpr std::int32_t outcomeUnknownMessage = 120;
 
 /// Numbers of the actions of the command bar, fixed for hosts, scripts and icons.
 namespace action {

@@ -117,8 +117,11 @@ class rdoSession {
     /// Everything from here to commit() or rollback() is done as a whole or not at all. In SQLite
     /// no one else can write meanwhile. Transactions may be nested.
     virtual void begin() = 0;
+    /// An error with the cause outcomeUnknown means that the answer of the database was lost; with
+    /// every other nothing of the transaction is stored.
     virtual void commit() = 0;
     virtual void rollback() = 0;
+    [[nodiscard]] virtual bool inTransaction() const = 0;
 };
 
 /// A transaction that is rolled back unless it was committed.
@@ -135,6 +138,12 @@ class rdoTransaction {
     rdoSession& session_;
     bool open_ = true;
 };
+
+/// Does the work in a transaction of its own and commits it. What the engine undid in favour of
+/// others (ErrorCause::conflict) is done again a few times, after pauses that grow and are random,
+/// but only where no transaction is around it that would have to be done again too. Raises what the
+/// last attempt raised.
+void inTransaction(rdoSession& session, const std::function<void()>& work);
 
 /// An open database connection of the host.
 class rdoConnection {

@@ -21,9 +21,8 @@ constexpr int answerNo = 7;
 class clsUtilidades {
   public:
     virtual ~clsUtilidades() = default;
-    /// The next code of a named sequence, unique among all clients; -1 when none can be given (no
-    /// such sequence, or it is used up). A database error also gives -1 and is left in
-    /// currentError().
+    /// The next code of a named sequence, unique among all clients; -1 when none can be given. The
+    /// reason is left in currentError().
     virtual std::int32_t ProximoCodigo(rdoConnection& connection, const std::string& name) = 0;
     /// Date and time of the database server, as exactly as it tells. Raises RuntimeError.
     virtual Date FechaServidor(rdoConnection& connection) = 0;

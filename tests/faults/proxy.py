@@ -1,8 +1,13 @@
 """Stands between a program and a server, and cuts or stops what goes through."""
 
+import re
 import select
 import socket
 import threading
+
+
+class Lost(bytes):
+    """The last that goes through a connection."""
 
 
 class Proxy:
@@ -13,15 +18,30 @@ class Proxy:
         self.left = None
         self.cuts = 0
         self.silent = threading.Event()
+        self.closed = threading.Event()
+        self.watched = None
         threading.Thread(target=self.accept, daemon=True).start()
 
     def cut_after(self, answered):
         """The connection that gets that many bytes from the server from here on is cut; once."""
         self.left = answered
 
+    def at(self, text, do, number=1):
+        """`do` is called with what the client says when it says the text for that time; what it
+        gives goes on to the server. Once."""
+        self.watched = [text, do, number]
+
+    def lose_answer_to(self, text, number=1, delivered=True):
+        """The connection is cut when the client has said the text for that time, and the server,
+        when it is delivered there, has answered."""
+        self.at(text, lambda data: Lost(data if delivered else b""), number)
+
     def accept(self):
         while True:
             client, _ = self.listener.accept()
+            if self.closed.is_set():
+                client.close()
+                continue
             threading.Thread(target=self.forward, args=(client,), daemon=True).start()
 
     def forward(self, client):
@@ -41,7 +61,13 @@ class Proxy:
 
     def passed(self, data, end, client, server):
         if end is client:
+            data = self.seen(data)
             server.sendall(data)
+            if isinstance(data, Lost):
+                self.cuts += 1
+                if data:
+                    server.recv(65536)
+                return False
             return True
         if self.left is not None:
             if len(data) > self.left:
@@ -52,3 +78,13 @@ class Proxy:
             self.left -= len(data)
         client.sendall(data)
         return True
+
+    def seen(self, data):
+        if self.watched is None or not re.search(rb"\b" + self.watched[0], data.upper()):
+            return data
+        self.watched[2] -= 1
+        if self.watched[2] > 0:
+            return data
+        do = self.watched[1]
+        self.watched = None
+        return do(data)

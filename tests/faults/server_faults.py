@@ -10,7 +10,7 @@ import subprocess
 import sys
 import time
 
-from proxy import Proxy
+from proxy import Lost, Proxy
 from screen import OwnDatabase, Screen, fail, require, told
 
 program = os.path.realpath(sys.argv[1])
@@ -99,14 +99,112 @@ def connection_cut(database):
         refused += 1
         require(len(told(events)) == 1, "after %d bytes: nothing was told" % answered)
         require(screen.field("txtTexto2") == text, "what was typed is gone")
-        was_stored = stored(database) == text
+        require(stored(database) != text, "a save that was told as failed is stored")
         events = screen.say("answer 6", "action 6")
-        # When the cut took away only the answer to the commit, the stamp says so now.
-        expected = 1 if was_stored else 0
-        require(len(told(events)) == expected, "then told %s" % told(events))
+        require(told(events) == [], "then told %s" % told(events))
         require(stored(database) == text, "the second save is not stored")
     print("%d cuts, %d refused saves" % (proxy.cuts, refused))
     require(proxy.cuts > 20 and refused > 0, "the cuts missed what they were for")
+    require(screen.close() == 0, "the program did not end well")
+
+
+def commit_unanswered(database):
+    """Only the answer to the commit is lost, or the commit itself: what is told is what is so."""
+    proxy = Proxy(int(value(database.connection, "Port")))
+    screen = Screen(program, "--connect", through(proxy, database), *VIEW)
+    screen.say()
+
+    def save(text):
+        screen.say("action 7", "grid select 1", "action 4")
+        screen.say('set txtTexto2 "%s"' % text)
+        return told(screen.say("answer 6", "action 6"))
+
+    proxy.lose_answer_to(b"COMMIT")
+    said = save("Guardada sin respuesta")
+    require(proxy.cuts == 1, "nothing was cut")
+    require(said == [] and screen.mode() == "0", "a save that is stored is told as %s" % said)
+
+    proxy.lose_answer_to(b"COMMIT", delivered=False)
+    said = save("No llega")
+    require(proxy.cuts == 2, "nothing was cut")
+    require(len(said) == 1 and said[0]["event"] == "error", "told %s" % said)
+    require(screen.mode() == "2", "the record is no longer being edited")
+
+    def lose_for_good(data):
+        proxy.closed.set()
+        return Lost(data)
+
+    proxy.at(b"COMMIT", lose_for_good)
+    said = save("Nadie sabe")
+    require(len(said) == 1 and said[0]["event"] == "message", "told %s" % said)
+    require("no se sabe" in said[0]["text"], "told %s" % said)
+    require("intentar" not in said[0]["text"], "told %s" % said)
+    require(screen.mode() == "2", "the record is no longer being edited")
+    proxy.closed.clear()
+
+    new_records(database, screen, proxy)
+    deletes(database, screen, proxy)
+    require(screen.close() == 0, "the program did not end well")
+
+
+def count(database, text):
+    return int(
+        database.sql(
+            "Select Count(*) From genCodigoTexto Where CTeTextoLargo = '%s'" % text
+        )[0][0]
+    )
+
+
+def new_records(database, screen, proxy):
+    """The first commit is that of the code, the second that of the record."""
+    for number, delivered, stored_then in ((1, True, 1), (1, False, 1), (2, True, 1), (2, False, 0)):
+        text = "Nueva %d %s" % (number, delivered)
+        proxy.lose_answer_to(b"COMMIT", number, delivered)
+        screen.say("action 7", "action 3")
+        screen.say('set txtTexto1 "%d%s"' % (number, str(delivered)[0]), 'set txtTexto2 "%s"' % text)
+        said = told(screen.say("answer 6", "action 6"))
+        require(proxy.watched is None, "%s: nothing was cut, told %s" % (text, said))
+        require(count(database, text) == stored_then, "%s is not there: told %s" % (text, said))
+        require(len(said) == 1 - stored_then, "%s: told %s" % (text, said))
+
+
+def deletes(database, screen, proxy):
+    for delivered in (True, False):
+        screen.say("action 7")
+        before = screen.state["grid"]["rows"]
+        proxy.lose_answer_to(b"COMMIT", delivered=delivered)
+        said = told(screen.say("grid select 2", "answer 6", "action 5"))
+        require(proxy.watched is None, "nothing was cut, told %s" % said)
+        gone = before - screen.state["grid"]["rows"]
+        require(gone == int(delivered), "%d rows are gone" % gone)
+        require(len(said) == int(not delivered), "told %s" % said)
+
+
+def write_conflict(database):
+    """Another user writes between the last look at the record and the write."""
+    proxy = Proxy(int(value(database.connection, "Port")))
+    screen = Screen(program, "--connect", through(proxy, database), *VIEW)
+    screen.say()
+    statements = {
+        "otro usuario modific": "Update genCodigoTexto Set CTeTextoLargo = 'De otro' Where " + RECORD,
+        "ya no existe": "Delete From genCodigoTexto Where " + RECORD,
+    }
+    for words, statement in statements.items():
+
+        def write_first(data, statement=statement):
+            database.sql(statement)
+            return data
+
+        if screen.mode() == "2":
+            screen.say("action 7", "action 4")
+        screen.say('set txtTexto2 "De uno"')
+        proxy.at(b"UPDATE GENCODIGOTEXTO", write_first)
+        events = told(screen.say("answer 6", "action 6"))
+        require(proxy.watched is None, "nobody wrote first")
+        require(len(events) == 1 and events[0]["event"] == "message", "told %s" % events)
+        require(words in events[0]["text"].lower(), "told %s" % events)
+        require(screen.mode() == "2", "the record is no longer being edited")
+        require(screen.field("txtTexto2") == "De uno", "what was typed is gone")
     require(screen.close() == 0, "the program did not end well")
 
 
@@ -150,7 +248,17 @@ def password_hidden(database):
     require(password.rstrip("}") not in said, "the password is in: " + said[:2000])
 
 
-cases = {case.__name__: case for case in (row_locked, connection_cut, server_silent, password_hidden)}
+cases = {
+    case.__name__: case
+    for case in (
+        row_locked,
+        connection_cut,
+        commit_unanswered,
+        write_conflict,
+        server_silent,
+        password_hidden,
+    )
+}
 if sys.argv[3] not in cases:
     fail("there is no case " + sys.argv[3])
 with OwnDatabase(program, kind) as own:

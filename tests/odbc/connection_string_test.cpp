@@ -47,6 +47,18 @@ class WithTimeouts : public testing::Test {
                        std::chrono::milliseconds(700)};
 };
 
+TEST(EachHost, IsAConnectionStringOfItsOwn) {
+    using Strings = std::vector<std::string>;
+    EXPECT_EQ(eachHost("Driver={MariaDB Unicode};Server=a, b;Port=1,2;PWD={x;y}"),
+              (Strings{"DRIVER={MariaDB Unicode};PWD={x;y};SERVER=a;PORT=1",
+                       "DRIVER={MariaDB Unicode};PWD={x;y};SERVER=b;PORT=2"}));
+    EXPECT_EQ(eachHost("Driver=MariaDB;Server=a,b;Port=1"),
+              (Strings{"DRIVER={MariaDB};SERVER=a;PORT=1", "DRIVER={MariaDB};SERVER=b;PORT=1"}));
+    for (const char* alone : {"Driver=MariaDB;Server=a;Port=1",
+                              "Driver={PostgreSQL Unicode};Server=a,b;Port=1,2", "DSN=a,b", ""})
+        EXPECT_EQ(eachHost(alone), Strings{alone});
+}
+
 TEST_F(WithTimeouts, TellsEachDriverInItsOwnWords) {
     EXPECT_EQ(added("Driver={SQLite3};Database=x"), ";Timeout=700");
     EXPECT_EQ(added("driver=MariaDB Unicode"), ";CONN_TIMEOUT=3;READ_TIMEOUT=65;WRITE_TIMEOUT=65");

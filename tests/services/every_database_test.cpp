@@ -80,6 +80,52 @@ TEST_P(ServicesOn, GivesNoCodeForUnknownNamesAndUsedUpSequences) {
     EXPECT_EQ(other->query("SELECT * FROM accUsuarios").size(), 1U);
 }
 
+TEST_P(ServicesOn, TellsWhyThereIsNoCode) {
+    connection->run("INSERT INTO genNumeradores VALUES ('Full', 2147483647), ('Busy', 1)");
+    const auto cause = [&](const char* name, rdoConnection& whose) {
+        EXPECT_EQ(utilities.ProximoCodigo(whose, name), -1);
+        EXPECT_NE(currentError().number, 0);
+        EXPECT_NE(currentError().description.find(name), std::string::npos)
+            << currentError().description;
+        return currentError().cause;
+    };
+    EXPECT_EQ(cause("Full", *connection), ErrorCause::sequenceUsedUp);
+    EXPECT_EQ(cause("None", *connection), ErrorCause::sequenceMissing);
+    const auto impatient = connect(
+        {std::chrono::seconds(5), std::chrono::seconds(10), std::chrono::milliseconds(200)});
+    other->begin();
+    other->run("UPDATE genNumeradores SET NumUltimo = 2 WHERE NumNombre = 'Busy'");
+    EXPECT_EQ(utilities.ProximoCodigo(*impatient, "Busy"), -1);
+    EXPECT_EQ(currentError().cause, ErrorCause::locked) << currentError().description;
+    other->rollback();
+    EXPECT_EQ(utilities.ProximoCodigo(*impatient, "Busy"), 2);
+    EXPECT_EQ(currentError().number, 0);
+}
+
+TEST_P(ServicesOn, DrawsWhereEveryTransactionIsSerializable) {
+    if (dialect() == Dialect::sqlite) GTEST_SKIP() << "its transactions keep other users out";
+    constexpr int users = 4;
+    constexpr int draws = 25;
+    connection->run("INSERT INTO genNumeradores VALUES ('Países', 0)");
+    create("Code INTEGER");
+    for (int user = 0; user < users; ++user) {
+        if (fork() != 0) continue;
+        const auto own = connect();
+        own->run(dialect() == Dialect::postgresql
+                     ? "SET SESSION CHARACTERISTICS AS TRANSACTION ISOLATION LEVEL SERIALIZABLE"
+                     : "SET SESSION TRANSACTION ISOLATION LEVEL SERIALIZABLE");
+        for (int i = 0; i < draws; ++i)
+            own->run("INSERT INTO " + table + " VALUES (?)",
+                     {utilities.ProximoCodigo(*own, "Países")});
+        _exit(0);
+    }
+    for (int user = 0; user < users; ++user) wait(nullptr);
+    std::set<std::int64_t> codes;
+    for (const auto& row : all()) codes.insert(*row[0].as<std::int64_t>());
+    EXPECT_EQ(codes.size(), static_cast<std::size_t>(users * draws));
+    EXPECT_EQ(*codes.begin(), 1) << "nobody was refused";
+}
+
 TEST_P(ServicesOn, GivesTheLocalTimeOfTheServer) {
     const std::time_t now = std::time(nullptr);
     std::tm local{};

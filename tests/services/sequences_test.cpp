@@ -46,7 +46,7 @@ TEST_F(ProximoCodigo, IsMinusOneForUnknownNamesHoweverHostile) {
           std::string("Países' --"), std::string(100000, '\'')}) {
         EXPECT_EQ(draw(name), -1) << name.substr(0, 40);
         EXPECT_EQ(drawForeign(name), -1) << name.substr(0, 40);
-        EXPECT_EQ(currentError().number, 0);
+        EXPECT_EQ(currentError().cause, ErrorCause::sequenceMissing);
     }
     EXPECT_EQ(stored("Países"), Variant(33));
 }

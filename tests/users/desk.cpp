@@ -1,6 +1,10 @@
 #include "desk.h"
 
+#include <algorithm>
 #include <utility>
+
+#include "modules/modIds.h"
+#include "modules/modLenguaje.h"
 
 namespace catalogador::test {
 
@@ -32,6 +36,12 @@ void Desk::open(std::int16_t view, const std::function<void(frmCatalogador&)>& w
 
 std::vector<std::string> Desk::takeTold() {
     return std::exchange(surface_.told, {});
+}
+
+bool Desk::isUnknown(const std::vector<std::string>& told) {
+    const std::string words = ObtenerMensaje(outcomeUnknownMessage);
+    return std::any_of(told.begin(), told.end(),
+                       [&](const std::string& text) { return text.starts_with(words); });
 }
 
 }  // namespace catalogador::test

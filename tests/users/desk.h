@@ -35,6 +35,9 @@ class Desk {
     /// What the user was told since the last question.
     std::vector<std::string> takeTold();
 
+    /// Whether one of the texts says that nobody knows whether a save is stored.
+    static bool isUnknown(const std::vector<std::string>& told);
+
     rdoConnection& connection() { return *connection_; }
 
   private:

@@ -20,18 +20,22 @@ int run(const std::string& what, const std::string& kind, const std::vector<int>
     const auto number = [&](std::size_t index, int usual) {
         return index < numbers.size() ? numbers[index] : usual;
     };
-    const std::map<std::string, std::function<int(const std::string&)>> programs{
+    using Connections = std::vector<std::string>;
+    const bool steady = kind != "galera";
+    const std::map<std::string, std::function<int(const Connections&)>> programs{
         {"new",
-         [&](const std::string& connection) {
-             return catalogador::test::newRecords(connection, number(0, 10'000), number(1, 16));
+         [&](const Connections& connections) {
+             return catalogador::test::newRecords(connections, number(0, 10'000), number(1, 16),
+                                                  steady);
          }},
         {"same",
-         [&](const std::string& connection) {
-             return catalogador::test::sameRecords(connection, number(0, 60), number(1, 8));
+         [&](const Connections& connections) {
+             return catalogador::test::sameRecords(connections, number(0, 60), number(1, 8),
+                                                   steady);
          }},
-        {"kills", [&](const std::string& connection) {
+        {"kills", [&](const Connections& connections) {
              const int seed = number(1, static_cast<int>(std::random_device()() >> 1U));
-             return catalogador::test::kills(connection, number(0, 1000),
+             return catalogador::test::kills(connections.front(), number(0, 1000),
                                              static_cast<unsigned>(seed));
          }}};
     const auto program = programs.find(what);
@@ -42,7 +46,7 @@ int run(const std::string& what, const std::string& kind, const std::vector<int>
         return skipped;
     }
     std::cout << kind << ": " << std::flush;
-    return program->second(database->connectionString());
+    return program->second(database->connectionStrings());
 }
 
 }  // namespace
@@ -56,8 +60,9 @@ int main(int argc, char** argv) {
         const int status =
             arguments.size() < 2 ? wrongUsage : run(arguments[0], arguments[1], numbers);
         if (status == wrongUsage)
-            std::cerr << "many_users new|same|kills sqlite|sqlite-odbc|postgresql|mariadb [RECORDS "
-                         "USERS | SECONDS USERS | KILLS SEED]\n";
+            std::cerr << "many_users new|same|kills "
+                         "sqlite|sqlite-odbc|postgresql|mariadb|galera "
+                         "[RECORDS USERS | SECONDS USERS | KILLS SEED]\n";
         return status;
     } catch (const std::exception& error) {
         std::cerr << "many_users: " << error.what() << '\n';

@@ -4,6 +4,7 @@
 
 #include <array>
 #include <cstdlib>
+#include <sstream>
 #include <stdexcept>
 #include <vector>
 
@@ -24,6 +25,14 @@ std::string withDatabase(std::string connection, const std::string& name) {
     const std::size_t start = connection.find("Database=");
     const std::size_t end = std::min(connection.find(';', start), connection.size());
     return connection.replace(start, end - start, "Database=" + name);
+}
+
+std::vector<std::string> linesOf(const std::string& text) {
+    std::istringstream lines(text);
+    std::vector<std::string> all;
+    for (std::string line; std::getline(lines, line);)
+        if (!line.empty()) all.push_back(line);
+    return all;
 }
 
 std::vector<std::string> contents() {
@@ -79,10 +88,10 @@ std::unique_ptr<rdoConnection> connectTo(const std::string& connectionString, bo
 std::unique_ptr<OwnDatabase> OwnDatabase::create(const std::string& kind) {
     std::unique_ptr<OwnDatabase> database(new OwnDatabase());
     if (!database->prepare(kind)) return nullptr;
-    std::vector<std::string> statements =
-        schemaStatementList(dialectFromName(kind.substr(0, kind.find('-'))).value());
+    const std::string dialect = kind == "galera" ? "mariadb" : kind.substr(0, kind.find('-'));
+    std::vector<std::string> statements = schemaStatementList(dialectFromName(dialect).value());
     for (std::string& sql : contents()) statements.push_back(std::move(sql));
-    run(database->connectionString_, statements);
+    run(database->connectionStrings().front(), statements);
     return database;
 }
 
@@ -92,16 +101,18 @@ bool OwnDatabase::prepare(const std::string& kind) {
         if (mkdtemp(pattern.data()) == nullptr) throw std::runtime_error("no temporary folder");
         folder_ = pattern;
         const std::string file = folder_ / "users.db";
-        connectionString_ =
-            kind == "sqlite" ? filePrefix + file : OdbcConnection::sqliteConnectionString(file);
+        connectionStrings_ = {kind == "sqlite" ? filePrefix + file
+                                               : OdbcConnection::sqliteConnectionString(file)};
         return true;
     }
     const char* given = std::getenv(("CATALOGADOR_TEST_" + upperCase(kind)).c_str());
     if (given == nullptr) return false;
-    server_ = given;
+    std::vector<std::string> servers = linesOf(given);
+    server_ = servers.at(0);
     name_ = "users_" + decimalText(getpid());
     run(server_, {"Drop Database If Exists " + name_, "Create Database " + name_});
-    connectionString_ = withDatabase(server_, name_);
+    for (const std::string& server : servers)
+        connectionStrings_.push_back(withDatabase(server, name_));
     return true;
 }
 

@@ -2,6 +2,7 @@
 #include <filesystem>
 #include <memory>
 #include <string>
+#include <vector>
 
 #include "platform/rdo.h"
 
@@ -15,14 +16,17 @@ std::unique_ptr<rdoConnection> connectTo(const std::string& connectionString, bo
 /// gone with its owner. All of it is done by processes of their own, so that the owner may fork.
 class OwnDatabase {
   public:
-    /// `kind` is sqlite, sqlite-odbc, postgresql or mariadb; nullptr when no server of that kind is
-    /// there.
+    /// `kind` is sqlite, sqlite-odbc, postgresql, mariadb or galera; nullptr when no server of that
+    /// kind is there.
     static std::unique_ptr<OwnDatabase> create(const std::string& kind);
     ~OwnDatabase();
     OwnDatabase(const OwnDatabase&) = delete;
     OwnDatabase& operator=(const OwnDatabase&) = delete;
 
-    [[nodiscard]] const std::string& connectionString() const { return connectionString_; }
+    /// One; of a cluster one for each node, which names the other nodes after it.
+    [[nodiscard]] const std::vector<std::string>& connectionStrings() const {
+        return connectionStrings_;
+    }
 
   private:
     OwnDatabase() = default;
@@ -31,7 +35,7 @@ class OwnDatabase {
     std::filesystem::path folder_;
     std::string server_;
     std::string name_;
-    std::string connectionString_;
+    std::vector<std::string> connectionStrings_;
 };
 
 /// A view whose records have a short text and the first value, and lists only the latest.

@@ -26,6 +26,7 @@ struct Counts {
     /// same.
     std::atomic<long> wronglyTold;
     std::atomic<long> notOpened;
+    std::atomic<long> unknown;
 };
 
 /// Adds 1 to the first value of the record, as a user who reads it on the screen.
@@ -41,7 +42,7 @@ void addOne(Desk& desk, frmCatalogador& form, int code, Counts& counts) {
     form.commandBars.execute(action::save);
     const auto told = desk.takeTold();
     const bool saved = form.modo() == "0";
-    ++(saved ? counts.saved : counts.refused);
+    ++(saved ? counts.saved : Desk::isUnknown(told) ? counts.unknown : counts.refused);
     if (told.size() != (saved ? 0U : 1U)) {
         ++counts.wronglyTold;
         std::cerr << (saved ? "saved" : "refused") << ", told " << told.size() << " times";
@@ -65,14 +66,14 @@ void fill(const std::string& connection) {
 
 }  // namespace
 
-int sameRecords(const std::string& connection, int seconds, int users) {
-    fill(connection);
+int sameRecords(const std::vector<std::string>& connections, int seconds, int users, bool steady) {
+    fill(connections.front());
     auto& counts = shared<Counts>();
     const auto end = Clock::now() + std::chrono::seconds(seconds);
     std::vector<pid_t> processes;
     for (int user = 0; user < users; ++user)
         processes.push_back(startProcess([&, user] {
-            Desk desk(connectTo(connection));
+            Desk desk(connectTo(connections[static_cast<std::size_t>(user) % connections.size()]));
             std::mt19937 random(static_cast<unsigned>(user));
             std::uniform_int_distribution<int> codes(1, recordCount);
             desk.open(viewOfAll, [&](frmCatalogador& form) {
@@ -84,18 +85,19 @@ int sameRecords(const std::string& connection, int seconds, int users) {
     for (const pid_t process : processes) failed += statusOf(process) != 0 ? 1 : 0;
 
     return inProcess([&] {
-        const auto database = connectTo(connection);
+        const auto database = connectTo(connections.front());
         const auto rows = database->session()->query(
             "Select Sum(CTeValor1), Count(*) From genCodigoTexto Where CTeIDTipoVista = 91");
         const std::int32_t sum = toLong(rows.at(0).at(0), Regional{});
         std::cout << users << " users, " << recordCount << " records, " << seconds
                   << " s: " << counts.saved << " saved, sum in the database " << sum << ", "
-                  << counts.refused << " refused, " << counts.wronglyTold
-                  << " of them not told as they should, " << counts.notOpened << " not opened, "
-                  << failed << " processes failed" << std::endl;
-        const bool good = failed == 0 && sum == counts.saved && counts.wronglyTold == 0 &&
-                          counts.notOpened == 0 && counts.saved > 0;
-        return good ? 0 : 1;
+                  << counts.refused << " refused, " << counts.unknown << " not known, "
+                  << counts.wronglyTold << " of them not told as they should, " << counts.notOpened
+                  << " not opened, " << failed << " processes failed" << std::endl;
+        const bool good = failed == 0 && counts.saved > 0 && sum >= counts.saved &&
+                          sum <= counts.saved + counts.unknown;
+        const bool smooth = counts.wronglyTold == 0 && counts.notOpened == 0;
+        return good && (smooth || !steady) ? 0 : 1;
     });
 }
 

@@ -69,6 +69,17 @@ std::string pathOfUri(const std::string& uri) {
     return path;
 }
 
+/// What stands between the commas, without blanks around it.
+std::vector<std::string> partsOf(std::string_view list) {
+    std::vector<std::string> parts;
+    while (!list.empty()) {
+        const std::size_t end = std::min(list.find(','), list.size());
+        parts.emplace_back(trim(list.substr(0, end)));
+        list.remove_prefix(std::min(end + 1, list.size()));
+    }
+    return parts;
+}
+
 std::vector<Entry> entriesOf(std::string_view connection) {
     std::vector<Entry> entries;
     while (!connection.empty()) {
@@ -169,6 +180,30 @@ std::string withOneCommand(const std::string& connectionString) {
                 decimalText(static_cast<std::int64_t>(
                     static_cast<std::uint64_t>(leadingNumber(entry.value)) & ~severalCommands));
     return result;
+}
+
+std::vector<std::string> eachHost(const std::string& connectionString) {
+    const auto entries = entriesOf(connectionString);
+    const auto valueOf = [&](std::string_view key) {
+        const auto found = std::find_if(entries.begin(), entries.end(),
+                                        [&](const Entry& entry) { return entry.key == key; });
+        return found == entries.end() ? std::string_view() : found->value;
+    };
+    const auto hosts = partsOf(valueOf("SERVER"));
+    if (hosts.size() < 2 || !containsText(valueOf("DRIVER"), "MariaDB", Compare::text))
+        return {connectionString};
+    const auto ports = partsOf(valueOf("PORT"));
+    std::vector<std::string> all;
+    for (std::size_t i = 0; i < hosts.size(); ++i) {
+        std::string one;
+        for (const Entry& entry : entries)
+            if (entry.key != "SERVER" && entry.key != "PORT")
+                one += entry.key + "={" + std::string(entry.value) + "};";
+        one += "SERVER=" + hosts[i];
+        if (!ports.empty()) one += ";PORT=" + ports[std::min(i, ports.size() - 1)];
+        all.push_back(one);
+    }
+    return all;
 }
 
 std::string withoutPasswords(std::string text, const std::string& connectionString) {

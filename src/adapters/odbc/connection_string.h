@@ -2,6 +2,7 @@
 #include <optional>
 #include <string>
 #include <string_view>
+#include <vector>
 
 #include "adapters/sql/timeouts.h"
 
@@ -26,6 +27,10 @@ std::string withTimeouts(const std::string& connectionString, const Timeouts& ti
 /// The connection string with what its driver, if it is a known one, has to be told so that one
 /// statement is one command, whatever the string says of that.
 std::string withOneCommand(const std::string& connectionString);
+/// One connection string for each host that "Server" names with commas between, with the port at
+/// the same place of "Port" (or its last one). The text itself for the drivers that read such a
+/// list themselves, and where there is none.
+std::vector<std::string> eachHost(const std::string& connectionString);
 
 /// The text with "***" in place of the passwords of the connection string.
 std::string withoutPasswords(std::string text, const std::string& connectionString);

@@ -135,10 +135,9 @@ bool readDiagnostic(SQLSMALLINT kind, SQLHANDLE handle, SQLSMALLINT number,
                     DiagnosticRecord& record) {
     std::array<Unit, SQL_SQLSTATE_SIZE + 1> state{};
     std::vector<Unit> message(longestMessage);
-    SQLINTEGER native = 0;
     SQLSMALLINT length = 0;
-    if (!SQL_SUCCEEDED(getDiagRec(kind, handle, number, state.data(), &native, message.data(),
-                                  longestMessage, &length)))
+    if (!SQL_SUCCEEDED(getDiagRec(kind, handle, number, state.data(), &record.number,
+                                  message.data(), longestMessage, &length)))
         return false;
     record.state = textOfUnits(state.data());
     record.message = textOfUnits(message.data());

@@ -46,6 +46,8 @@ SQLRETURN describeColumn(SQLHSTMT statement, SQLUSMALLINT number, DescribedColum
 
 struct DiagnosticRecord {
     std::string state;
+    /// The engine's own number of the error.
+    SQLINTEGER number = 0;
     std::string message;
 };
 /// False when there is no record of that number (from 1).

@@ -1,55 +1,50 @@
 #include "adapters/odbc/odbc_handle.h"
 
-#include <utility>
-
+#include "adapters/odbc/driver_errors.h"
 #include "adapters/odbc/driver_text.h"
 #include "runtime/error.h"
 
 namespace catalogador {
 
-OdbcHandle::OdbcHandle(SQLSMALLINT kind, SQLHANDLE parent) : kind_(kind) {
-    if (!SQL_SUCCEEDED(SQLAllocHandle(kind, parent, &handle_)))
+OdbcHandle::Owned::~Owned() {
+    if (handle == nullptr || borrowed) return;
+    if (connected) {
+        // A connection with an open transaction cannot be left.
+        SQLEndTran(SQL_HANDLE_DBC, handle, SQL_ROLLBACK);
+        SQLDisconnect(handle);
+    }
+    SQLFreeHandle(kind, handle);
+}
+
+OdbcHandle::OdbcHandle(SQLSMALLINT kind, const OdbcHandle& parent)
+    : owned_(std::make_shared<Owned>()) {
+    owned_->kind = kind;
+    owned_->parent = parent.owned_;
+    if (!SQL_SUCCEEDED(SQLAllocHandle(kind, parent.get(), &owned_->handle)))
         throw RuntimeError(error_number::statementFailed,
-                           "The database driver gave no handle (is the connection lost?)");
+                           "The database driver gave no handle (is the connection lost?)",
+                           ErrorCause::lost);
 }
 
 OdbcHandle OdbcHandle::borrowed(SQLSMALLINT kind, SQLHANDLE handle) {
     OdbcHandle made;
-    made.kind_ = kind;
-    made.handle_ = handle;
-    made.owned_ = false;
+    made.owned_ = std::make_shared<Owned>();
+    made.owned_->kind = kind;
+    made.owned_->handle = handle;
+    made.owned_->borrowed = true;
     return made;
 }
 
-OdbcHandle::~OdbcHandle() {
-    if (handle_ != nullptr && owned_) SQLFreeHandle(kind_, handle_);
-}
-
-OdbcHandle::OdbcHandle(OdbcHandle&& other) noexcept
-    : kind_(other.kind_), handle_(std::exchange(other.handle_, nullptr)), owned_(other.owned_) {}
-
-OdbcHandle& OdbcHandle::operator=(OdbcHandle&& other) noexcept {
-    std::swap(kind_, other.kind_);
-    std::swap(handle_, other.handle_);
-    std::swap(owned_, other.owned_);
-    return *this;
-}
-
 std::string OdbcHandle::diagnostics() const {
-    std::string all;
-    DiagnosticRecord record;
-    for (SQLSMALLINT number = 1; readDiagnostic(kind_, handle_, number, record); ++number) {
-        if (!all.empty()) all += "; ";
-        all += record.state + ": " + record.message;
-    }
-    return all;
+    return joined(diagnosticRecords(owned_->kind, owned_->handle));
 }
 
 void OdbcHandle::check(SQLRETURN result) const {
     if (SQL_SUCCEEDED(result) || result == SQL_NO_DATA) return;
-    std::string text = diagnostics();
+    const auto records = diagnosticRecords(owned_->kind, owned_->handle);
+    std::string text = joined(records);
     if (text.empty()) text = "The database driver failed without saying why";
-    throw RuntimeError(error_number::statementFailed, text);
+    throw RuntimeError(error_number::statementFailed, text, causeOf(records));
 }
 
 SQLPOINTER attributeValue(std::uintptr_t value) {

@@ -8,6 +8,7 @@
 #include "adapters/odbc/connection_string.h"
 #include "adapters/odbc/driver_text.h"
 #include "adapters/odbc/odbc_rows.h"
+#include "runtime/convert.h"
 #include "runtime/error.h"
 #include "runtime/text.h"
 
@@ -74,8 +75,9 @@ OdbcSession::OdbcSession(const std::string& connectionString, const Timeouts& ti
     : connectionString_(withTimeouts(connectionString, timeouts)),
       timeouts_(timeouts),
       defences_(defences),
-      environment_(SQL_HANDLE_ENV, nullptr) {
+      environment_(SQL_HANDLE_ENV, OdbcHandle()) {
     if (defences_.engine) connectionString_ = withOneCommand(connectionString_);
+    hosts_ = eachHost(connectionString_);
     environment_.check(
         SQLSetEnvAttr(environment_.get(), SQL_ATTR_ODBC_VERSION, attributeValue(SQL_OV_ODBC3), 0));
     connect();
@@ -87,10 +89,6 @@ OdbcSession::OdbcSession(OdbcHandle borrowed) : connection_(std::move(borrowed))
 
 OdbcSession::~OdbcSession() {
     settle();
-    for (const OdbcHandle& lost : lostConnections_) SQLDisconnect(lost.get());
-    if (!connected_) return;
-    if (transactions_ > 0) SQLEndTran(SQL_HANDLE_DBC, connection_.get(), SQL_ROLLBACK);
-    SQLDisconnect(connection_.get());
 }
 
 SQLHANDLE OdbcSession::lend() {
@@ -118,31 +116,12 @@ void OdbcSession::settle() const {
     if (freeing_.valid()) freeing_.wait();
 }
 
-void OdbcSession::connect() {
-    connected_ = false;
-    access_.reset();
-    connection_ = OdbcHandle(SQL_HANDLE_DBC, environment_.get());
-    SQLSetConnectAttr(
-        connection_.get(), SQL_ATTR_LOGIN_TIMEOUT,
-        attributeValue(static_cast<std::uintptr_t>(wholeSeconds(timeouts_.login).count())), 0);
-    const SQLRETURN result = connectDriver(connection_.get(), connectionString_);
-    if (!SQL_SUCCEEDED(result))
-        throw RuntimeError(error_number::statementFailed,
-                           withoutPasswords(connection_.diagnostics(), connectionString_));
-    try {
-        prepareDialect();
-    } catch (...) {
-        SQLDisconnect(connection_.get());
-        throw;
-    }
-    connected_ = true;
-}
-
 bool OdbcSession::meansLost(const RuntimeError& error) const {
     if (dialect_ == Dialect::sqlite) return false;
-    // The classes of a broken connection and of a server that is ending or starting.
-    const std::string& text = error.description();
-    if (text.starts_with("08") || text.starts_with("57P0")) return true;
+    if (error.cause() == ErrorCause::lost || error.cause() == ErrorCause::outcomeUnknown)
+        return true;
+    // A server that used to take writes has become one that does not, as after a failover.
+    if (error.cause() == ErrorCause::readOnly && transactions_ > 0) return true;
     SQLUINTEGER dead = SQL_CD_FALSE;
     const SQLRETURN result = SQLGetConnectAttr(connection_.get(), SQL_ATTR_CONNECTION_DEAD, &dead,
                                                SQL_IS_UINTEGER, nullptr);
@@ -152,8 +131,9 @@ bool OdbcSession::meansLost(const RuntimeError& error) const {
 void OdbcSession::reconnectIfLost() {
     settle();
     if (!lost_ || borrowed_ || transactions_ > 0) return;
-    if (connected_) lostConnections_.push_back(std::move(connection_));
+    useNextHost();
     connect();
+    awaitUnanswered();
     lost_ = false;
 }
 
@@ -194,7 +174,7 @@ OdbcHandle OdbcSession::execute(const std::string& sql, const std::vector<Parame
 OdbcHandle OdbcSession::executeOnce(const std::string& text,
                                     const std::vector<Parameter>& parameters, std::string* warnings,
                                     Protocol protocol) {
-    OdbcHandle statement(SQL_HANDLE_STMT, connection_.get());
+    OdbcHandle statement(SQL_HANDLE_STMT, connection_);
     // Drivers that lack one of these say so, and what they do then is found out later. For any
     // other cursor than the plainest PostgreSQL's driver sends a text that may hold several
     // commands.
@@ -276,8 +256,12 @@ std::vector<std::vector<Variant>> OdbcSession::query(const ParameterizedStatemen
 
 std::vector<std::vector<Variant>> OdbcSession::rowsOf(const OdbcHandle& statement,
                                                       const std::string& sql) const {
-    const auto columns = columnsOf(statement, sql);
     std::vector<std::vector<Variant>> rows;
+    SQLLEN count = 0;
+    SQLRowCount(statement.get(), &count);
+    // A write that returns rows has none to read, and no columns, when it found nothing to write.
+    if (dialect_ == Dialect::postgresql && count == 0) return rows;
+    const auto columns = columnsOf(statement, sql);
     if (columns.empty()) return rows;
     const auto reader = makeRowReader(statement, dialect_, columns);
     while (reader->next()) {
@@ -354,14 +338,14 @@ void OdbcSession::endTransaction(SQLSMALLINT how) {
     // Not every driver tells that there is nothing left to commit.
     if (lost_ && how == SQL_COMMIT)
         throw RuntimeError(error_number::statementFailed,
-                           "08S01: The connection was lost; nothing of the transaction is stored");
+                           "08S01: The connection was lost; nothing of the transaction is stored",
+                           ErrorCause::lost);
     try {
         connection_.check(SQLEndTran(SQL_HANDLE_DBC, connection_.get(), how));
-        setAutocommit(true);
     } catch (const RuntimeError& error) {
-        lost_ = lost_ || meansLost(error);
-        throw;
+        endFailed(how, error);
     }
+    returnToAutocommit();
 }
 
 void OdbcSession::leaveAutocommit() {

@@ -79,6 +79,7 @@ class OdbcSession : public SqlSession {
     std::vector<std::vector<Variant>> query(const ParameterizedStatement& statement) override;
     std::int64_t write(const ParameterizedStatement& statement) override;
 
+    [[nodiscard]] bool inTransaction() const override { return transactions_ > 0; }
     /// An inner transaction is a savepoint of the outer.
     void begin() override;
     void commit() override;
@@ -90,7 +91,14 @@ class OdbcSession : public SqlSession {
   private:
     [[nodiscard]] std::vector<std::vector<Variant>> rowsOf(const OdbcHandle& statement,
                                                            const std::string& sql) const;
+    /// To the host in use, or the next in the list that takes connections.
     void connect();
+    void connectTo(const std::string& connectionString);
+    void useNextHost() { host_ = (host_ + 1) % hosts_.size(); }
+    void requireReady();
+    /// Waits for what the server was doing on the lost connection when its answer got lost.
+    void awaitUnanswered();
+    void waitForOtherNodes();
     void prepareDialect();
     void preparePostgresql();
     void prepareMariadb();
@@ -123,6 +131,9 @@ class OdbcSession : public SqlSession {
     /// Whether a failure means that the connection is gone.
     [[nodiscard]] bool meansLost(const RuntimeError& error) const;
     void reconnectIfLost();
+    /// Raises the error that is being handled, with what it means for the transaction.
+    [[noreturn]] void endFailed(SQLSMALLINT how, const RuntimeError& error);
+    void returnToAutocommit();
     void setAutocommit(bool on);
     void leaveAutocommit();
     void beginSqlite();
@@ -130,21 +141,25 @@ class OdbcSession : public SqlSession {
     [[nodiscard]] std::string savepoint() const;
 
     std::string connectionString_;
+    /// A connection string for each host that it names, and the one in use.
+    std::vector<std::string> hosts_;
+    std::size_t host_ = 0;
     Timeouts timeouts_;
     odbc::Defences defences_;
     OdbcHandle environment_;
     OdbcHandle connection_;
-    /// Connections that were lost, kept as long as resultsets may hold statements of theirs.
-    std::vector<OdbcHandle> lostConnections_;
     Dialect dialect_ = Dialect::other;
     SqlSyntax syntax_;
+    /// The number by which the server knows the session.
+    std::string process_;
+    /// That of the connection whose commit was not answered, on which host; empty for none.
+    std::string unanswered_;
+    std::size_t unansweredHost_ = 0;
     int transactions_ = 0;
     /// The driver of SQLite looks for the file's lock every ten milliseconds.
     FairTurns turns_{std::chrono::milliseconds(11)};
     /// What the session was last set to; nothing for how it was opened.
     std::optional<odbc::Access> access_;
-    /// Of the session, as the server counts them.
-    std::string number_;
     /// sql_mode and character set for which the syntax holds.
     std::string mariadbState_;
     /// The statement that is being executed holds data.
@@ -153,7 +168,6 @@ class OdbcSession : public SqlSession {
     bool outlived_ = false;
     bool borrowed_ = false;
     bool lent_ = false;
-    bool connected_ = false;
     bool lost_ = false;
     std::future<void> freeing_;
     odbc::StatementWatch watch_;

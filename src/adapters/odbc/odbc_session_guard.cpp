@@ -45,7 +45,8 @@ void OdbcSession::preparePostgresql() {
         return;
     }
     const std::string settings = odbc::postgresqlSettings(timeouts_);
-    number_ = toTextOrEmpty(rowsOf(executeOnce(settings, {}, nullptr), "").at(0).at(0), Regional{});
+    process_ =
+        toTextOrEmpty(rowsOf(executeOnce(settings, {}, nullptr), "").at(0).at(0), Regional{});
 }
 
 void OdbcSession::prepareMariadb() {
@@ -68,7 +69,7 @@ void OdbcSession::readMariadbState() {
     const auto text = [&](std::size_t column) {
         return toTextOrEmpty(rows.at(0).at(column), Regional{});
     };
-    number_ = text(0);
+    process_ = text(0);
     mariadbState_ = text(1) + " " + text(2);
     syntax_ = odbc::mariadbSyntax(text(1), text(2), text(3));
 }
@@ -134,7 +135,7 @@ void OdbcSession::requireRows(const OdbcHandle& statement, const std::string& te
 }
 
 void OdbcSession::command(const std::string& text) {
-    const OdbcHandle statement(SQL_HANDLE_STMT, connection_.get());
+    const OdbcHandle statement(SQL_HANDLE_STMT, connection_);
     statement.check(executeText(statement.get(), text));
     while (SQL_SUCCEEDED(SQLMoreResults(statement.get()))) {
     }
@@ -158,19 +159,17 @@ SQLRETURN OdbcSession::runWatched(const OdbcHandle& statement, const std::string
 }
 
 void OdbcSession::endSession() const {
-    const std::string statement = odbc::endSessionStatement(dialect_, number_);
+    const std::string statement = odbc::endSessionStatement(dialect_, process_);
     if (statement.empty()) return;
     try {
-        const OdbcHandle other(SQL_HANDLE_DBC, environment_.get());
+        OdbcHandle other(SQL_HANDLE_DBC, environment_);
         SQLSetConnectAttr(
             other.get(), SQL_ATTR_LOGIN_TIMEOUT,
             attributeValue(static_cast<std::uintptr_t>(wholeSeconds(timeouts_.login).count())), 0);
-        if (!SQL_SUCCEEDED(connectDriver(other.get(), connectionString_))) return;
-        {
-            const OdbcHandle killing(SQL_HANDLE_STMT, other.get());
-            executeText(killing.get(), statement);
-        }
-        SQLDisconnect(other.get());
+        if (!SQL_SUCCEEDED(connectDriver(other.get(), hosts_.at(host_)))) return;
+        other.disconnectAtEnd();
+        const OdbcHandle killing(SQL_HANDLE_STMT, other);
+        executeText(killing.get(), statement);
     } catch (const RuntimeError&) {
         // There is no second connection to be had; the driver's own limits remain.
     }

@@ -18,11 +18,12 @@ struct KeyName {
     int code;
 };
 
-constexpr std::array<KeyName, 20> keyNames{{
+constexpr std::array<KeyName, 21> keyNames{{
     {"Enter", key::enter},
     {"F1", key::f1},
     {"F2", key::f2},
     {"F4", key::f4},
+    {"F5", key::f5},
     {"F6", key::f6},
     {"F10", key::f10},
     {"Delete", key::deleteKey},

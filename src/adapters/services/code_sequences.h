@@ -1,15 +1,14 @@
 #pragma once
 #include <cstdint>
-#include <optional>
 #include <string>
 
 #include "platform/rdo.h"
 
 namespace catalogador {
 
-/// Draws the next code of a sequence of genNumeradores; no two clients ever get the same one.
-/// nullopt when there is no sequence of that name or its last code, 2147483647, was drawn. Raises
-/// RuntimeError.
-std::optional<std::int32_t> drawCode(rdoConnection& connection, const std::string& name);
+/// Draws the next code of a sequence of genNumeradores; no two clients ever get the same one. It is
+/// given only when the database has answered that it is stored. Raises RuntimeError: noSequence
+/// when no sequence has that name, sequenceUsedUp after the last code, 2147483647.
+std::int32_t drawCode(rdoConnection& connection, const std::string& name);
 
 }  // namespace catalogador

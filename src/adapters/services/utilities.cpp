@@ -29,9 +29,9 @@ Utilities::Utilities(Settings settings, Regional regional, std::string programFo
 std::int32_t Utilities::ProximoCodigo(rdoConnection& connection, const std::string& name) {
     currentError().clear();
     try {
-        return drawCode(connection, name).value_or(noCode);
+        return drawCode(connection, name);
     } catch (const RuntimeError& error) {
-        currentError() = {error.number(), error.description()};
+        currentError() = {error.number(), error.description(), error.cause()};
     } catch (const std::exception& error) {
         currentError() = {error_number::invalidProcedureCall, error.what()};
     }

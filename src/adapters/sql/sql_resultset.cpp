@@ -164,11 +164,10 @@ void SqlResultset::Delete() {
     mode_ = Mode::reading;
     assigned_.clear();
     told("delete", [&] {
-        writeOneRow(
-            [&](const std::vector<ExpectedValue>& expected) {
-                return deleteStatement(session_->dialect(), *table_, expected);
-            },
-            false);
+        const StatementMaker make = [&](const std::vector<ExpectedValue>& expected) {
+            return deleteStatement(session_->dialect(), *table_, expected);
+        };
+        inTransaction(*session_, [&] { writeOneRow(make, false); });
     });
     row_ = Row::deleted;
 }
@@ -239,20 +238,17 @@ std::vector<Assignment> SqlResultset::assignments() const {
 void SqlResultset::insertRow() {
     told("insert", [&] {
         const auto statement = insertStatement(session_->dialect(), *table_, assignments());
-        rdoTransaction transaction(*session_);
-        session_->write(statement);
-        transaction.commit();
+        inTransaction(*session_, [&] { session_->write(statement); });
     });
 }
 
 void SqlResultset::updateRow() {
     if (assigned_.empty()) return;
     told("update", [&] {
-        writeOneRow(
-            [&](const std::vector<ExpectedValue>& expected) {
-                return updateStatement(session_->dialect(), *table_, assignments(), expected);
-            },
-            true);
+        const StatementMaker make = [&](const std::vector<ExpectedValue>& expected) {
+            return updateStatement(session_->dialect(), *table_, assignments(), expected);
+        };
+        inTransaction(*session_, [&] { writeOneRow(make, true); });
     });
     for (const Assigned& set : assigned_) written_[set.column] = set.value;
 }
@@ -298,7 +294,6 @@ std::int64_t SqlResultset::writeRows(const StatementMaker& make, bool identified
 }
 
 void SqlResultset::writeOneRow(const StatementMaker& make, bool countUnchanged) {
-    rdoTransaction transaction(*session_);
     const bool identified = isIdentified();
     std::int64_t touched = writeRows(make, identified, countUnchanged);
     // Where a row is may have changed without a change of what was read of it.
@@ -310,7 +305,6 @@ void SqlResultset::writeOneRow(const StatementMaker& make, bool countUnchanged) 
     if (touched > 1)
         throw RuntimeError(error_number::statementFailed,
                            "Several rows have the values of this row; none of them was written");
-    transaction.commit();
 }
 
 }  // namespace catalogador

@@ -38,6 +38,21 @@ std::string errorText(const std::string& state, const std::string& text, int res
     return state + ": [SQLite]" + text + " (" + decimalText(result & primaryCode) + ")";
 }
 
+ErrorCause causeOf(int result) {
+    constexpr int primaryCode = 0xFF;
+    switch (result & primaryCode) {
+        case SQLITE_BUSY:
+        case SQLITE_LOCKED:
+            return ErrorCause::locked;
+        case SQLITE_READONLY:
+            return ErrorCause::readOnly;
+        case SQLITE_FULL:
+            return ErrorCause::full;
+        default:
+            return ErrorCause::unknown;
+    }
+}
+
 }  // namespace
 
 Database::Database(const std::string& file, bool create, bool guarded, const Timeouts& timeouts)
@@ -120,7 +135,7 @@ void Database::check(int result) const {
                           decimalText(wholeSeconds(timeouts_.statement).count()) + " s",
                       result));
     throw RuntimeError(error_number::statementFailed,
-                       errorText("HY000", sqlite3_errmsg(get()), result));
+                       errorText("HY000", sqlite3_errmsg(get()), result), causeOf(result));
 }
 
 Statement::Statement(Database& database, const std::string& sql, Access access)

@@ -36,6 +36,7 @@ class Session : public SqlSession {
     void begin() override;
     void commit() override;
     void rollback() override;
+    [[nodiscard]] bool inTransaction() const override { return transactions_ > 0; }
 
     /// Called while a statement runs long, if not empty; false stops the statement.
     std::function<bool()> waiting;

@@ -8,7 +8,6 @@ namespace catalogador {
 
 namespace {
 constexpr std::int32_t confirmDeleteMessage = 102;
-constexpr std::int32_t recordGoneMessage = 113;
 }  // namespace
 
 void frmCatalogador::AccionEliminar() {
@@ -62,18 +61,34 @@ void frmCatalogador::deleteRecord() {
     }
     // Reading the stamp fails on a row that vanished in between, which is then reported.
     static_cast<void>(stampOfRecord());
-    if (!mrdoRegistro->atEnd()) {
-        mrdoRegistro->Delete();
-        mrdoRegistro->Close();
+    const std::int32_t problem = mrdoRegistro->atEnd() ? recordGoneMessage : removeRecord();
+    mrdoRegistro->Close();
+    if (problem == 0) {
         mlngIdUltimo = mlngIdDato;
     } else {
-        mrdoRegistro->Close();
         surface().pointerChanged(pointerDefault);
-        showNotice(recordGoneMessage);
+        showNotice(problem);
     }
     mlngIdDato = 0;
     CargarGrilla();
     grdGrilla.refresh();
+}
+
+std::int32_t frmCatalogador::removeRecord() {
+    try {
+        mrdoRegistro->Delete();
+        return 0;
+    } catch (const RuntimeError& error) {
+        if (error.number() == error_number::rowChanged) return conflictOfRecord();
+        if (error.cause() != ErrorCause::outcomeUnknown) throw;
+    }
+    // The answer was lost. What is gone was deleted; anything else is seen in the list.
+    try {
+        openRecords();
+        return mrdoRegistro->atEnd() ? 0 : outcomeUnknownMessage;
+    } catch (const RuntimeError&) {
+        return outcomeUnknownMessage;
+    }
 }
 
 }  // namespace catalogador

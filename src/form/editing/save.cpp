@@ -1,3 +1,5 @@
+#include <utility>
+
 #include "form/frmCatalogador.h"
 #include "modules/modIds.h"
 #include "modules/modImpuestos.h"
@@ -11,11 +13,27 @@ namespace {
 
 constexpr std::int32_t confirmMessage = 100;
 constexpr std::int32_t requiredMessage = 101;
-constexpr std::int32_t recordGoneMessage = 113;
-constexpr std::int32_t recordChangedMessage = 114;
 constexpr std::int32_t duplicateRuleMessage = 116;
-constexpr std::int32_t noReceiptPositionMessage = 118;
 constexpr std::int32_t noCodeMessage = 508;
+
+/// Why there is no new code, for somebody who is to do something about it.
+std::int32_t reasonMessage(ErrorCause cause) {
+    constexpr std::int32_t anyReason = 516;
+    constexpr std::pair<ErrorCause, std::int32_t> messages[] = {
+        {ErrorCause::conflict, 510},       {ErrorCause::locked, 510},
+        {ErrorCause::readOnly, 511},       {ErrorCause::full, 512},
+        {ErrorCause::lost, 513},           {ErrorCause::outcomeUnknown, 513},
+        {ErrorCause::sequenceUsedUp, 514}, {ErrorCause::sequenceMissing, 515},
+    };
+    for (const auto& [known, message] : messages)
+        if (known == cause) return message;
+    return anyReason;
+}
+
+Date wholeSecond(Date date) {
+    date.nanosecond = 0;
+    return date;
+}
 
 }  // namespace
 
@@ -63,23 +81,72 @@ bool frmCatalogador::savable() {
 bool frmCatalogador::GrabarDatos() {
     return trap("GrabarDatos", false, [&] {
         if (leadingNumber(mstrModo) != 2 && !drawNewCode()) return false;
-        const PointerDuring hourglass(surface());
+        PointerDuring hourglass(surface());
         mstrSQL =
             "Select * From genCodigoTexto  Where CTeIDTipoVista = " + decimalText(mlngIdVista) +
             " And  CTeCodigo =" + decimalText(mlngIdDato);
         openRecords(Purpose::writing);
-        if (!startRow()) return false;
-        writeColumns();
-        mrdoRegistro->Update();
+        if (!startRow(hourglass)) return false;
+        const Date stamp = writeColumns();
+        if (const std::int32_t problem = updateRecord(stamp); problem != 0) {
+            refuseWrite(hourglass, problem);
+            return false;
+        }
         mrdoRegistro->Close();
         if (mlngIdVista == viewClassifications) writeUserLists();
         return true;
     });
 }
 
+std::int32_t frmCatalogador::updateRecord(const Date& stamp) {
+    try {
+        mrdoRegistro->Update();
+        return 0;
+    } catch (const RuntimeError& error) {
+        if (error.number() == error_number::rowChanged) return conflictOfRecord();
+        if (error.cause() != ErrorCause::outcomeUnknown) throw;
+        const std::optional<bool> stored = isStored(stamp);
+        if (!stored) return outcomeUnknownMessage;
+        if (!*stored) throw;
+        return 0;
+    }
+}
+
+std::int32_t frmCatalogador::conflictOfRecord() {
+    openRecords();
+    return mrdoRegistro->atEnd() ? recordGoneMessage : recordChangedMessage;
+}
+
+std::optional<bool> frmCatalogador::isStored(const Date& stamp) {
+    try {
+        openRecords();
+        if (mrdoRegistro->atEnd()) return false;
+        // Nobody else was given this code.
+        if (leadingNumber(mstrModo) == 1) return true;
+        const Date found = stampOfRecord();
+        // A column of whole seconds has cut the stamp off.
+        if (found == stamp || (found == wholeSecond(stamp) && found != mdatModificado)) return true;
+        // What somebody else has written since may be written over this save or without it.
+        if (found > mdatModificado || found == wholeSecond(stamp)) return std::nullopt;
+        return false;
+    } catch (const RuntimeError&) {
+        return std::nullopt;
+    }
+}
+
+void frmCatalogador::refuseWrite(PointerDuring& hourglass, std::int32_t message) {
+    mrdoRegistro->Close();
+    hourglass.done();
+    showNotice(message);
+    if (message == noReceiptPositionMessage || message == outcomeUnknownMessage) return;
+    CargarGrilla();
+    grdGrilla.refresh();
+}
+
 bool frmCatalogador::drawNewCode() {
     const std::int32_t code = host_.utilities.ProximoCodigo(*mrdoCBase, gstrNombreVista);
     if (code == -1) {
+        nameSequenceInError();
         host_.messages.MostrarError(ObtenerMensaje(noCodeMessage), mstrAppName, TextoError());
         return false;
     }
@@ -87,48 +154,42 @@ bool frmCatalogador::drawNewCode() {
     return true;
 }
 
-bool frmCatalogador::startRow() {
-    if (leadingNumber(mstrModo) == 1) return startNewRow();
-    return recordUnchanged();
+void frmCatalogador::nameSequenceInError() {
+    CurrentError& error = currentError();
+    const std::string reason = replaceText(ObtenerMensaje(reasonMessage(error.cause)), "[p1]",
+                                           gstrNombreVista, Compare::binary);
+    const bool told = error.cause == ErrorCause::sequenceMissing ||
+                      error.cause == ErrorCause::sequenceUsedUp || error.description.empty();
+    error.description = told ? reason : reason + " (" + error.description + ")";
 }
 
-bool frmCatalogador::startNewRow() {
+bool frmCatalogador::startRow(PointerDuring& hourglass) {
+    const std::int32_t problem = leadingNumber(mstrModo) == 1 ? startNewRow() : startChange();
+    if (problem != 0) refuseWrite(hourglass, problem);
+    return problem == 0;
+}
+
+std::int32_t frmCatalogador::startNewRow() {
     std::int16_t position = 0;
     if (mlngIdVista == viewTaxes) {
         position = PosicionLibreTablaReceta(host_, *mrdoCBase, mstrAppName);
-        if (position == -1) {
-            mrdoRegistro->Close();
-            surface().pointerChanged(pointerDefault);
-            showNotice(noReceiptPositionMessage);
-            return false;
-        }
+        if (position == -1) return noReceiptPositionMessage;
     }
     mrdoRegistro->AddNew();
     mrdoRegistro->setValue("CTeCodigo", mlngIdDato);
     mrdoRegistro->setValue("CTeIDTipoVista", mlngIdVista);
     if (mlngIdVista == viewTaxes) mrdoRegistro->setValue("CTeValor2", position);
-    return true;
+    return 0;
 }
 
-bool frmCatalogador::recordUnchanged() {
-    std::int32_t problem = 0;
-    if (mrdoRegistro->atEnd())
-        problem = recordGoneMessage;
-    else if (stampOfRecord() > mdatModificado)
-        problem = recordChangedMessage;
-    if (problem == 0) {
-        mrdoRegistro->Edit();
-        return true;
-    }
-    mrdoRegistro->Close();
-    surface().pointerChanged(pointerDefault);
-    showNotice(problem);
-    CargarGrilla();
-    grdGrilla.refresh();
-    return false;
+std::int32_t frmCatalogador::startChange() {
+    if (mrdoRegistro->atEnd()) return recordGoneMessage;
+    if (stampOfRecord() > mdatModificado) return recordChangedMessage;
+    mrdoRegistro->Edit();
+    return 0;
 }
 
-void frmCatalogador::writeColumns() {
+Date frmCatalogador::writeColumns() {
     const auto trimmed = [](const TextBox& box) { return Variant(trim(box.text())); };
     mrdoRegistro->setValue("CTeTextoCorto", txtTexto1.visible() ? trimmed(txtTexto1)
                                                                 : mrdoRegistro->value("CTeCodigo"));
@@ -138,8 +199,10 @@ void frmCatalogador::writeColumns() {
     for (ValueField& field : valueFields_)
         if (kindOf(field.label.tag) > 0) writeValueField(field);
     if (chkValorSiNo.visible()) mrdoRegistro->setValue("CTeSiNo1", chkValorSiNo.value());
-    mrdoRegistro->setValue("Modificado", host_.utilities.FechaServidor(*mrdoCBase));
+    const Date stamp = host_.utilities.FechaServidor(*mrdoCBase);
+    mrdoRegistro->setValue("Modificado", stamp);
     if (mblnPorEmpresa) mrdoRegistro->setValue("CTeValor1", mintEmpresa);
+    return stamp;
 }
 
 void frmCatalogador::writeValueField(ValueField& field) {

@@ -83,7 +83,11 @@ void frmCatalogador::grdGrilla_Sort(int column, int order) {
     mintColOrden = static_cast<std::int16_t>(column);
     mintOrden = static_cast<std::int16_t>(order);
     // The user goes on with the record that was selected, wherever the sort puts it.
-    const int at = selected.empty() ? 0 : grdGrilla.findCode(selected);
+    selectCode(selected);
+}
+
+void frmCatalogador::selectCode(const std::string& code) {
+    const int at = code.empty() ? 0 : grdGrilla.findCode(code);
     if (at == 0) return;
     grdGrilla.select(at, 0);
     if (!grdGrilla.rowIsShown(at)) grdGrilla.setTopRow(at);

@@ -17,6 +17,13 @@ constexpr int leftCentred = 1;
 /// More than any alignment code that there is.
 constexpr double largestAlignment = 255;
 constexpr std::int32_t listStoppedMessage = 119;
+constexpr std::int32_t readAgainMessage = 122;
+
+/// Whether the same listing may succeed a moment later.
+bool mayPass(ErrorCause cause) {
+    return cause == ErrorCause::locked || cause == ErrorCause::conflict ||
+           cause == ErrorCause::lost;
+}
 
 /// Draws the grid again when the load ends, however it ends.
 class RedrawOff {
@@ -83,24 +90,44 @@ class frmCatalogador::Loading {
 
 void frmCatalogador::CargarGrilla() {
     trap("CargarGrilla", [&] {
-        if (!mstrModo.empty()) grdGrilla.clearRows();
-        if (grdGrilla.columns() > 0) grdGrilla.addExtraColumn(extraColumnWidth);
-        mstrSQL = listingStatement();
-        const PointerDuring hourglass(surface());
-        if (viewIsKnown_ || !mstrSQL.empty()) {
-            const Loading loading(*this);
-            const bool opened = openListing();
-            const RedrawOff quiet(grdGrilla);
-            if (opened) appendRows();
-            if (opened) mrdoRegistro->Close();
-            ignoringErrors([&] { sortAsLoaded(); });
+        try {
+            loadList();
+        } catch (const RuntimeError& error) {
+            if (!browsing() || !mayPass(error.cause())) throw;
+            throw RuntimeError(error.number(),
+                               error.description() + " " + ObtenerMensaje(readAgainMessage),
+                               error.cause());
         }
-        ignoringErrors([&] { SimularFiltrar(); });
-        ignoringErrors([&] { sortAsRemembered(); });
-        showFirstMatch();
-        ignoringErrors([&] { PosicionarseGrilla(); });
     });
     if (loadStopped_) tellStopped();
+}
+
+void frmCatalogador::loadList() {
+    if (!mstrModo.empty()) grdGrilla.clearRows();
+    if (grdGrilla.columns() > 0) grdGrilla.addExtraColumn(extraColumnWidth);
+    mstrSQL = listingStatement();
+    const PointerDuring hourglass(surface());
+    if (viewIsKnown_ || !mstrSQL.empty()) {
+        const Loading loading(*this);
+        const bool opened = openListing();
+        const RedrawOff quiet(grdGrilla);
+        if (opened) appendRows();
+        if (opened) mrdoRegistro->Close();
+        ignoringErrors([&] { sortAsLoaded(); });
+    }
+    ignoringErrors([&] { SimularFiltrar(); });
+    ignoringErrors([&] { sortAsRemembered(); });
+    showFirstMatch();
+    ignoringErrors([&] { PosicionarseGrilla(); });
+}
+
+void frmCatalogador::readListAgain() {
+    if (!browsing()) return;
+    const int row = grdGrilla.row();
+    const std::string selected(row >= RecordGrid::fixedRows ? grdGrilla.code(row) : "");
+    CargarGrilla();
+    grdGrilla.refresh();
+    selectCode(selected);
 }
 
 bool frmCatalogador::openListing() {

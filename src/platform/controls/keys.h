@@ -22,6 +22,7 @@ constexpr int menu = 93;
 constexpr int f1 = 112;
 constexpr int f2 = 113;
 constexpr int f4 = 115;
+constexpr int f5 = 116;
 constexpr int f6 = 117;
 constexpr int f10 = 121;
 }  // namespace key

@@ -150,6 +150,10 @@ bool Window::dispatchKey(int keyCode, int modifiers) {
         onEscape();
         return true;
     }
+    if (keyCode == key::f5 && onRefresh) {
+        onRefresh();
+        return true;
+    }
     return false;
 }
 

@@ -79,6 +79,8 @@ class Window {
 
     /// Escape that no control used.
     std::function<void()> onEscape;
+    /// F5 that neither a binding nor a control used.
+    std::function<void()> onRefresh;
     std::function<void()> onResize;
     std::function<void()> onQueryUnload;
     std::function<void()> onUnload;
