@@ -7,7 +7,7 @@ build_packages=(g++ cmake ninja-build ccache pkg-config libsqlite3-dev unixodbc-
     libgmock-dev iso-codes)
 screen_packages=(xvfb xauth openbox xdotool x11-utils x11-xkb-utils xclip imagemagick
     fonts-dejavu-core adwaita-icon-theme librsvg2-common librsvg2-bin python3-openpyxl libreoffice-calc-nogui
-    poppler-utils)
+    poppler-utils dbus at-spi2-core python3-pyatspi gir1.2-atspi-2.0)
 check_packages=(clang-format gettext python3 util-linux locales)
 lint_packages=(clang-tidy)
 fuzz_packages=(clang)

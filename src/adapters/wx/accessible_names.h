@@ -6,6 +6,8 @@
 
 namespace catalogador {
 
+/// What screen readers call a field whose caption stands in a label of its own.
+void nameForReaders(wxWindow& field, const wxString& name);
 /// What screen readers and the like call a toolbar and each of its tools, separators included;
 /// empty for those that have a name of their own.
 void nameForReaders(wxToolBar& toolbar, const wxString& name, const std::vector<wxString>& tools);

@@ -1,50 +1,46 @@
+#include <gtk/gtk.h>
+
 #include "adapters/wx/accessible_names.h"
-#include "adapters/wx/appearance.h"
-#include "adapters/wx/desktop_function.h"
 
 namespace catalogador {
 
 namespace {
 
-// The toolkit hands names neither in nor out; the desktop's own functions do.
-
-void* childOf(void* widget) {
-    static const auto child = desktopFunction<void* (*)(void*)>("gtk_bin_get_child");
-    return child == nullptr ? nullptr : child(widget);
+void setName(GtkWidget* widget, const wxString& name) {
+    AtkObject* object = widget == nullptr ? nullptr : gtk_widget_get_accessible(widget);
+    if (object != nullptr) atk_object_set_name(object, name.utf8_str());
 }
 
-void* accessibleOf(void* widget) {
-    static const auto accessible = desktopFunction<void* (*)(void*)>("gtk_widget_get_accessible");
-    return widget == nullptr || accessible == nullptr ? nullptr : accessible(widget);
-}
-
-void setName(void* widget, const wxString& name) {
-    static const auto set = desktopFunction<void (*)(void*, const char*)>("atk_object_set_name");
-    void* accessible = accessibleOf(widget);
-    if (set != nullptr && accessible != nullptr) set(accessible, name.utf8_str());
+/// The toolkit's window holds the desktop's toolbar.
+GtkToolbar* nativeToolbar(const wxToolBar& toolbar) {
+    GtkWidget* child = gtk_bin_get_child(GTK_BIN(toolbar.GetHandle()));
+    return GTK_IS_TOOLBAR(child) ? GTK_TOOLBAR(child) : nullptr;
 }
 
 }  // namespace
 
+void nameForReaders(wxWindow& field, const wxString& name) {
+    setName(field.GetConnectWidget(), name);
+}
+
 void nameForReaders(wxToolBar& toolbar, const wxString& name, const std::vector<wxString>& tools) {
-    static const auto itemAt = desktopFunction<void* (*)(void*, int)>("gtk_toolbar_get_nth_item");
-    void* native = childOf(toolbar.GetHandle());
-    if (native == nullptr || itemAt == nullptr) return;
-    setName(native, name);
+    GtkToolbar* native = nativeToolbar(toolbar);
+    if (native == nullptr) return;
+    setName(GTK_WIDGET(native), name);
     int number = 0;
     for (const wxString& tool : tools) {
-        void* item = itemAt(native, number++);
+        GtkToolItem* item = gtk_toolbar_get_nth_item(native, number++);
         if (item == nullptr || tool.empty()) continue;
-        setName(item, tool);
+        setName(GTK_WIDGET(item), tool);
         // The item only holds the button that takes the focus.
-        setName(childOf(item), tool);
+        setName(gtk_bin_get_child(GTK_BIN(item)), tool);
     }
 }
 
 std::string readersName(const wxToolBar& toolbar) {
-    static const auto get = desktopFunction<const char* (*)(void*)>("atk_object_get_name");
-    void* accessible = accessibleOf(childOf(toolbar.GetHandle()));
-    const char* name = get == nullptr || accessible == nullptr ? nullptr : get(accessible);
+    GtkToolbar* native = nativeToolbar(toolbar);
+    if (native == nullptr) return {};
+    const char* name = atk_object_get_name(gtk_widget_get_accessible(GTK_WIDGET(native)));
     return name == nullptr ? "" : name;
 }
 

@@ -3,6 +3,10 @@
 
 namespace catalogador {
 
+void nameForReaders(wxWindow& /*field*/, const wxString& /*name*/) {
+    // Windows gives a field the name of the label before it.
+}
+
 void nameForReaders(wxToolBar& toolbar, const wxString& name,
                     const std::vector<wxString>& /*tools*/) {
     // There a window is called by its text, and a button without text by its tooltip.

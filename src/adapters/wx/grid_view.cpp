@@ -33,6 +33,7 @@ GridView::GridView(RecordGrid& grid, wxWindow& parent)
       grid_(grid) {
     SetBackgroundStyle(wxBG_STYLE_PAINT);
     wx::keepScrollBars(*this);
+    accessible_ = GridAccessible::of(*this, grid_);
     Bind(wxEVT_PAINT, &GridView::onPaint, this);
     for (const auto& type :
          {wxEVT_LEFT_DOWN, wxEVT_LEFT_UP, wxEVT_LEFT_DCLICK, wxEVT_RIGHT_UP, wxEVT_MOTION})
@@ -51,6 +52,7 @@ GridView::GridView(RecordGrid& grid, wxWindow& parent)
     });
     Bind(wxEVT_SET_FOCUS, [this](wxFocusEvent& event) {
         grid_.window()->userFocused(grid_);
+        accessible_->changed();
         Refresh();
         event.Skip();
     });
@@ -66,6 +68,7 @@ void GridView::syncWithModel() {
     grid_.setRowsThatFit(rowsThatFit());
     updateScrollbars();
     Refresh();
+    accessible_->changed();
 }
 
 int GridView::headerHeight() const {

@@ -4,9 +4,11 @@
 #include <wx/window.h>
 
 #include <array>
+#include <memory>
 #include <string_view>
 #include <vector>
 
+#include "adapters/wx/grid_accessible.h"
 #include "platform/controls/record_grid.h"
 
 namespace catalogador {
@@ -81,6 +83,7 @@ class GridView : public wxWindow {
     };
 
     RecordGrid& grid_;
+    std::unique_ptr<GridAccessible> accessible_;
     std::array<CheckPicture, 4> checkPictures_;
     int shownRows_ = 0;
     int scrolledX_ = 0;

@@ -6,12 +6,14 @@
 
 #include <algorithm>
 
+#include "adapters/wx/accessible_names.h"
 #include "adapters/wx/appearance.h"
 #include "adapters/wx/grid_view.h"
 #include "adapters/wx/host_windows.h"
 #include "adapters/wx/icons.h"
 #include "adapters/wx/window_answer.h"
 #include "platform/controls/record_grid.h"
+#include "runtime/text.h"
 
 namespace catalogador {
 
@@ -61,9 +63,14 @@ ScreenFrame::ScreenFrame(Window& window, wxWindow* below)
         event.Skip();
     });
     Bind(wxEVT_MENU, [this](wxCommandEvent& event) {
-        if (!released_) closeLists();
-        if (!released_) window_.commandBars.execute(event.GetId());
-        sync();
+        // Not at once: a screen reader that asked for the action waits for the answer to its
+        // request, and a box that the action shows would keep it waiting.
+        CallAfter([this, id = event.GetId()] {
+            if (released_) return;
+            closeLists();
+            window_.commandBars.execute(id);
+            sync();
+        });
     });
     Bind(wxEVT_MENU_OPEN, [this](wxMenuEvent& event) {
         if (!released_) closeLists();
@@ -85,12 +92,26 @@ FieldView* ScreenFrame::createField(Control& control) {
             control.window()->userFocused(control);
             event.Skip();
         });
+    if (const Label* caption = captionOf(control))
+        nameForReaders(native, wxText(replaceText(caption->caption(), "&", "", Compare::binary)));
     // Tab goes through the controls in the order of the model, whenever they were made.
     const auto& all = window_.controls();
     const auto next = std::find_if(std::find(all.begin(), all.end(), &control), all.end(),
                                    [&](const Control* later) { return viewOf(*later) != nullptr; });
     if (next != all.end()) native.MoveBeforeInTabOrder(&viewOf(**next)->native());
     return views_.emplace(&control, std::move(view)).first->second.get();
+}
+
+const Label* ScreenFrame::captionOf(const Control& control) const {
+    if (dynamic_cast<const TextBox*>(&control) == nullptr &&
+        dynamic_cast<const ComboBox*>(&control) == nullptr)
+        return nullptr;
+    const Label* caption = nullptr;
+    for (const Control* other : window_.controls()) {
+        if (other == &control) break;
+        if (const auto* label = dynamic_cast<const Label*>(other)) caption = label;
+    }
+    return caption;
 }
 
 FieldView* ScreenFrame::viewOf(const Control& control) const {

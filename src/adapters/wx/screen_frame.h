@@ -65,6 +65,8 @@ class ScreenFrame : public wxFrame {
   private:
     /// Null for a control that is shown otherwise (the panel).
     FieldView* createField(Control& control);
+    /// The label that names a text box or a combo: the one before it in the model.
+    [[nodiscard]] const Label* captionOf(const Control& control) const;
     void syncFields();
     void everythingChanged();
     void createMenus();

@@ -1,0 +1,33 @@
+#pragma once
+#include <gtk/gtk-a11y.h>
+#include <gtk/gtk.h>
+
+#include "adapters/wx/grid_table.h"
+
+namespace catalogador {
+
+/// The table as the desktop's interface for screen readers knows it.
+struct TableObject {
+    GtkWidgetAccessible parent;
+    /// Null once the window is gone.
+    GridTable* table;
+};
+
+/// Null when the window is gone.
+inline GridTable* gridOf(gpointer table) {
+    return reinterpret_cast<TableObject*>(table)->table;
+}
+
+/// Stands for the row of the headers.
+constexpr int headerRow = -1;
+
+/// A cell of the table or, in headerRow, the header of a column. The caller owns it; it may outlive
+/// the table.
+AtkObject* newAccessibleCell(gpointer table, int row, int column);
+
+/// What a class of that type is derived from.
+inline gpointer classAbove(GType type) {
+    return g_type_class_peek(g_type_parent(type));
+}
+
+}  // namespace catalogador
