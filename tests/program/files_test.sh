@@ -66,13 +66,16 @@ tries=600
 until [ -n "$(find out -name '.catalogador-*' -size +0 -path '*/*' 2>/dev/null)" ]; do
     tries=$((tries - 1))
     [ "$tries" -gt 0 ] || break
-    sleep 0.1
+    sleep 0.02
 done
+# It is still at work, however long the other takes.
+running=$(ps -o pid= --ppid "$export")
+kill -STOP $running
 title="two exports into one folder"
 export_to out/other 2
 [ -n "$(find out -name '.catalogador-*')" ] || fail "$title: the folder of the one that runs is gone"
 title="an export that is killed"
-kill -9 $(ps -o pid= --ppid "$export") 2>/dev/null
+kill -9 $running
 wait "$export" 2>/dev/null
 [ -n "$(find out -name '.catalogador-*')" ] || fail "$title: it was over before"
 mkdir out/.catalogador-note
