@@ -83,7 +83,7 @@ def connection_cut(database):
     proxy = Proxy(int(value(database.connection, "Port")))
     screen = Screen(program, "--connect", through(proxy, database), *VIEW)
     refused = 0
-    for number, answered in enumerate([*range(0, 2400, 60), *range(3000, 30000, 3000)]):
+    for number, answered in enumerate([*range(0, 6000, 60), *range(6000, 30000, 3000)]):
         screen.say("action 7", "grid select 724")
         screen.say("action 4")
         text = "Cortada %d" % number

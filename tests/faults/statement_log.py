@@ -91,6 +91,8 @@ def shape(statement):
     """The statement without its texts and numbers."""
     plain = LITERAL.sub("?", statement)
     plain = re.sub(r"\$\d+|0x[0-9a-f]+|\b\d+(\.\d+)?\b", "?", plain)
+    # The driver tells the types of values or leaves them to the server.
+    plain = re.sub(r"\?::\w+", "?", plain)
     return re.sub(r"\s+", " ", plain).strip().lower()
 
 

@@ -35,12 +35,14 @@ void pasteInto(wxTextCtrl& native, TextBox& box, const std::string& text) {
     syncText(native, box);
 }
 
+#ifdef __WXGTK__
 void pasteSelection(wxTextCtrl& native, TextBox& box, wxMouseEvent& event) {
     long at = 0;
     if (native.HitTest(event.GetPosition(), &at) == wxTE_HT_UNKNOWN) return event.Skip();
     native.SetFocus();
     pasteAt(native, box, at, clipboardText(true));
 }
+#endif
 
 void typed(wxTextCtrl& native, TextBox& box, wxKeyEvent& event) {
     const auto character = static_cast<char32_t>(event.GetUnicodeKey());
