@@ -214,7 +214,7 @@ SQLRETURN OdbcSession::runText(const OdbcHandle& statement, const std::string& t
     bool wanted = waiting();
     while (result.wait_for(betweenCalls) != std::future_status::ready) {
         wanted = wanted && waiting();
-        if (!wanted) SQLCancel(statement.get());
+        if (!wanted) cancel(statement);
     }
     return result.get();
 }

@@ -125,7 +125,11 @@ class OdbcSession : public SqlSession {
     void command(const std::string& text);
     [[nodiscard]] SQLRETURN runWatched(const OdbcHandle& statement, const std::string& text,
                                        Protocol protocol);
+    /// Stops a statement that another thread is executing.
+    void cancel(const OdbcHandle& statement) const;
     void endSession() const;
+    /// A command on a connection of its own, which fails silently.
+    void runBeside(const std::string& text) const;
     [[nodiscard]] SQLRETURN runText(const OdbcHandle& statement, const std::string& text,
                                     Protocol protocol) const;
     /// Whether a failure means that the connection is gone.

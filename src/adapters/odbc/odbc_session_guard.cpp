@@ -147,7 +147,7 @@ SQLRETURN OdbcSession::runWatched(const OdbcHandle& statement, const std::string
     outlived_ = false;
     if (borrowed_ || timeouts_.statement.count() <= 0) return runText(statement, text, protocol);
     watch_.begin(timeouts_.statement + grace, patience,
-                 {[handle = statement.get()] { SQLCancel(handle); }, [this] { endSession(); }});
+                 {[&] { cancel(statement); }, [this] { endSession(); }});
     const SQLRETURN result = runText(statement, text, protocol);
     const Outcome outcome = watch_.end();
     if (outcome == Outcome::inTime) return result;
@@ -158,9 +158,21 @@ SQLRETURN OdbcSession::runWatched(const OdbcHandle& statement, const std::string
                            decimalText(wholeSeconds(timeouts_.statement).count()) + " s");
 }
 
+void OdbcSession::cancel(const OdbcHandle& statement) const {
+    // The driver of MariaDB would do the same on a connection that waits for the server without
+    // end.
+    if (dialect_ == Dialect::mariadb && !borrowed_ && !process_.empty())
+        runBeside("KILL QUERY " + process_);
+    else
+        SQLCancel(statement.get());
+}
+
 void OdbcSession::endSession() const {
     const std::string statement = odbc::endSessionStatement(dialect_, process_);
-    if (statement.empty()) return;
+    if (!statement.empty()) runBeside(statement);
+}
+
+void OdbcSession::runBeside(const std::string& text) const {
     try {
         OdbcHandle other(SQL_HANDLE_DBC, environment_);
         SQLSetConnectAttr(
@@ -168,8 +180,8 @@ void OdbcSession::endSession() const {
             attributeValue(static_cast<std::uintptr_t>(wholeSeconds(timeouts_.login).count())), 0);
         if (!SQL_SUCCEEDED(connectDriver(other.get(), hosts_.at(host_)))) return;
         other.disconnectAtEnd();
-        const OdbcHandle killing(SQL_HANDLE_STMT, other);
-        executeText(killing.get(), statement);
+        const OdbcHandle statement(SQL_HANDLE_STMT, other);
+        executeText(statement.get(), text);
     } catch (const RuntimeError&) {
         // There is no second connection to be had; the driver's own limits remain.
     }

@@ -37,6 +37,12 @@ void nameForReaders(wxToolBar& toolbar, const wxString& name, const std::vector<
     }
 }
 
+void readAsAlert(wxWindow& box, const wxString& text) {
+    AtkObject* object = gtk_widget_get_accessible(box.GetHandle());
+    atk_object_set_role(object, ATK_ROLE_ALERT);
+    atk_object_set_description(object, text.utf8_str());
+}
+
 std::string readersName(const wxToolBar& toolbar) {
     GtkToolbar* native = nativeToolbar(toolbar);
     if (native == nullptr) return {};

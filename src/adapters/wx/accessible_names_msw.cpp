@@ -13,6 +13,10 @@ void nameForReaders(wxToolBar& toolbar, const wxString& name,
     toolbar.SetLabel(name);
 }
 
+void readAsAlert(wxWindow& /*box*/, const wxString& /*text*/) {
+    // The boxes of Windows are alerts already.
+}
+
 std::string readersName(const wxToolBar& toolbar) {
     return utf8Text(toolbar.GetLabel());
 }

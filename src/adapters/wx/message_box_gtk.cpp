@@ -8,6 +8,7 @@
 
 #include <algorithm>
 
+#include "adapters/wx/accessible_names.h"
 #include "adapters/wx/appearance.h"
 #include "adapters/wx/message_box.h"
 #include "runtime/base_letters.h"
@@ -67,6 +68,7 @@ MessageBox::MessageBox(wxWindow* parent, const BoxContent& content, const wxRect
                wxCAPTION | wxCLOSE_BOX | wxSYSTEM_MENU),
       buttons_(content.buttons) {
     SetName(wxText(content.kindName));
+    readAsAlert(*this, wxText(content.text));
     auto* picture = new wxStaticBitmap(
         this, wxID_ANY, wxArtProvider::GetBitmapBundle(pictureOf(content.kind), wxART_MESSAGE_BOX));
     picture->SetToolTip(wxText(content.kindName));

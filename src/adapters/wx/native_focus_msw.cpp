@@ -1,5 +1,6 @@
-#include <commctrl.h>
 #include <windows.h>
+// It uses the names of the other.
+#include <commctrl.h>
 
 #include "adapters/wx/native_focus.h"
 
