@@ -1,4 +1,4 @@
-#include "adapters/demo/schema.h"
+#include "adapters/schema/schema.h"
 
 #include <gtest/gtest.h>
 

@@ -1,6 +1,6 @@
 #include <gtest/gtest.h>
 
-#include "adapters/demo/schema.h"
+#include "adapters/schema/schema.h"
 #include "desk.h"
 #include "service_database.h"
 

@@ -8,8 +8,8 @@
 #include <stdexcept>
 #include <vector>
 
-#include "adapters/demo/schema.h"
 #include "adapters/odbc/odbc_connection.h"
+#include "adapters/schema/schema.h"
 #include "adapters/sqlite/connection.h"
 #include "processes.h"
 #include "runtime/text.h"

@@ -2,8 +2,8 @@
 #include <string>
 #include <vector>
 
-#include "adapters/demo/schema.h"
 #include "adapters/demo/table_rows.h"
+#include "adapters/schema/schema.h"
 #include "platform/rdo.h"
 
 namespace catalogador {

@@ -1,0 +1,47 @@
+#pragma once
+#include <string_view>
+#include <vector>
+
+namespace catalogador {
+
+/// What the columns of the component's tables hold, whatever a database calls it.
+enum class ColumnType {
+    smallInteger,
+    integer,
+    single,
+    number,
+    name,
+    text,
+    longText,
+    statement,
+    yesNo,
+    dateTime,
+    count
+};
+
+/// A column of one of the component's tables.
+struct TableColumn {
+    std::string_view name;
+    ColumnType type;
+    bool required = false;
+};
+
+struct TableIndex {
+    std::string_view name;
+    std::string_view columns;
+};
+
+struct TableDefinition {
+    std::string_view name;
+    std::vector<TableColumn> columns;
+    /// Columns separated by ", "; empty when the table has no key.
+    std::string_view primaryKey = {};
+    std::vector<TableIndex> indexes = {};
+};
+
+/// Every table that the component and its services use, in the order in which they are created.
+const std::vector<TableDefinition>& schemaTables();
+/// How many characters a text column of that type holds; 0 when it has no limit.
+int longestText(ColumnType type);
+
+}  // namespace catalogador
