@@ -5,6 +5,7 @@
 #include <filesystem>
 
 #include "adapters/sqlite/connection.h"
+#include "platform/rdo_plan.h"
 #include "temporary_file.h"
 
 namespace catalogador::sqlite {
@@ -122,6 +123,33 @@ TEST_F(Guard, NothingButRowsIsWritten) {
     }
     EXPECT_NE(openError("Select * From pragma_table_info('t')"), "");
     EXPECT_NE(openError("Select * From pragma_journal_mode"), "");
+}
+
+TEST_F(Guard, WhoeverLooksAtAFileIsToldOfItsColumnsAndKeysAndWritesNothing) {
+    rdoSession& session = *connection_->session();
+    {
+        auto& planner = dynamic_cast<rdoPlanner&>(session);
+        const rdoReading reading(session, planner);
+        EXPECT_EQ(session.query("Select name From pragma_table_info('t')").size(), 2U);
+        EXPECT_EQ(session
+                      .query("Select l.name, i.name From pragma_index_list('t') l "
+                             "Join pragma_index_info(l.name) i")
+                      .size(),
+                  1U);
+        for (const char* sql :
+             {"Update sqlite_master Set sql = ''", "Delete From sqlite_master",
+              "Delete From canary", "Update canary Set a = 9", "Drop Table canary",
+              "Create Table u (a)", "Create Temp Table u (a)", "Create View u As Select 1",
+              "Create Virtual Table u Using fts5(a)", "Alter Table canary Rename To u",
+              "Pragma query_only = 0", "Pragma writable_schema = 1",
+              "Select * From pragma_journal_mode", "Select * From pragma_user_version"}) {
+            EXPECT_NE(errorOf([&] { session.query(sql); }), "") << sql;
+            EXPECT_NE(executeError(sql), "") << sql;
+        }
+    }
+    // What is known of the tables by now is told to nobody else.
+    EXPECT_NE(openError("Select * From pragma_table_info('t')"), "");
+    EXPECT_NE(errorOf([&] { session.query("Update sqlite_master Set sql = ''"); }), "");
 }
 
 TEST_F(Guard, NothingIsWrittenThroughWhatTheSchemaHolds) {

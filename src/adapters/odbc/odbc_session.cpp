@@ -293,7 +293,7 @@ void OdbcSession::begin() {
     } else if (dialect_ == Dialect::sqlite) {
         beginSqlite();
     } else {
-        leaveAutocommit();
+        leaveAutocommit(odbc::Access::writing);
     }
     ++transactions_;
 }
@@ -330,6 +330,7 @@ void OdbcSession::endTransaction(SQLSMALLINT how) {
     if (dialect_ == Dialect::sqlite) {
         run(how == SQL_COMMIT ? "COMMIT" : "ROLLBACK");
         transactions_ = 0;
+        endReading();
         turns_.turnEnded();
         return;
     }
@@ -348,9 +349,9 @@ void OdbcSession::endTransaction(SQLSMALLINT how) {
     returnToAutocommit();
 }
 
-void OdbcSession::leaveAutocommit() {
+void OdbcSession::leaveAutocommit(odbc::Access access) {
     try {
-        setAccess(odbc::Access::writing);
+        setAccess(access);
         return setAutocommit(false);
     } catch (const RuntimeError& error) {
         if (!meansLost(error)) throw;
@@ -358,7 +359,7 @@ void OdbcSession::leaveAutocommit() {
     }
     // Nothing was done in the transaction yet.
     reconnectIfLost();
-    setAccess(odbc::Access::writing);
+    setAccess(access);
     setAutocommit(false);
 }
 

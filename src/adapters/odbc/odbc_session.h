@@ -16,13 +16,13 @@
 #include "adapters/sql/sql_session.h"
 #include "adapters/sql/timeouts.h"
 #include "platform/dialect.h"
-#include "platform/rdo.h"
+#include "platform/rdo_plan.h"
 #include "runtime/error.h"
 
 namespace catalogador {
 
 /// A connection to a database as the resultsets opened on it share it.
-class OdbcSession : public SqlSession {
+class OdbcSession : public SqlSession, public rdoPlanner {
   public:
     /// Raises RuntimeError (statementFailed) with the driver's text, never with a password.
     explicit OdbcSession(const std::string& connectionString, const Timeouts& timeouts = {},
@@ -85,6 +85,9 @@ class OdbcSession : public SqlSession {
     void commit() override;
     void rollback() override;
 
+    StatementPlan prepare(const std::string& sql) override;
+    void beginReading() override;
+
     /// Called while a statement runs long, if not empty; false stops the statement.
     std::function<bool()> waiting;
 
@@ -139,9 +142,11 @@ class OdbcSession : public SqlSession {
     [[noreturn]] void endFailed(SQLSMALLINT how, const RuntimeError& error);
     void returnToAutocommit();
     void setAutocommit(bool on);
-    void leaveAutocommit();
+    void leaveAutocommit(odbc::Access access);
     void beginSqlite();
     void endTransaction(SQLSMALLINT how);
+    void endReading();
+    void readWithoutRunning(const std::string& text);
     [[nodiscard]] std::string savepoint() const;
 
     std::string connectionString_;
@@ -160,6 +165,7 @@ class OdbcSession : public SqlSession {
     std::string unanswered_;
     std::size_t unansweredHost_ = 0;
     int transactions_ = 0;
+    bool reading_ = false;
     /// The driver of SQLite looks for the file's lock every ten milliseconds.
     FairTurns turns_{std::chrono::milliseconds(11)};
     /// What the session was last set to; nothing for how it was opened.

@@ -27,6 +27,12 @@ std::string_view textOf(const char* text) {
     return text == nullptr ? std::string_view() : std::string_view(text);
 }
 
+/// What is told of tables and their keys, and changes nothing.
+bool isDescription(std::string_view pragma) {
+    return equalText(pragma, "table_info") || equalText(pragma, "index_list") ||
+           equalText(pragma, "index_info");
+}
+
 /// SQLite's own tables hold the schema.
 bool isOwnTable(std::string_view table) {
     constexpr std::string_view prefix = "sqlite_";
@@ -44,10 +50,16 @@ bool isAllowed(Access access, int action, const char* first, const char* second)
             return true;
         case SQLITE_FUNCTION:
             return !isRefused(textOf(second));
-        case SQLITE_INSERT:
         case SQLITE_UPDATE:
+            // A query of a pragma declares the table of its answer, and SQLite asks for that what
+            // it asks for a table that is created. The schema itself cannot be written so.
+            if (access == Access::describing) return equalText(textOf(first), "sqlite_master");
+            [[fallthrough]];
+        case SQLITE_INSERT:
         case SQLITE_DELETE:
             return access == Access::writing && !isOwnTable(textOf(first));
+        case SQLITE_PRAGMA:
+            return access == Access::describing && isDescription(textOf(first));
         default:
             return false;
     }

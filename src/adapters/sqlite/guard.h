@@ -6,6 +6,8 @@ namespace catalogador::sqlite {
 enum class Access {
     /// Read tables.
     reading,
+    /// Read tables, and what SQLite tells of their columns and keys.
+    describing,
     /// Read tables, and write their rows.
     writing,
     /// Whatever SQLite does.

@@ -2,6 +2,7 @@
 
 #include <utility>
 
+#include "adapters/sql/statement_effect.h"
 #include "adapters/sql/waiting.h"
 #include "adapters/sqlite/packed_rows.h"
 #include "runtime/error.h"
@@ -110,8 +111,9 @@ std::vector<std::vector<Variant>> Session::query(const std::string& sql,
 }
 
 std::vector<std::vector<Variant>> Session::query(const ParameterizedStatement& statement) {
+    const Access inTransaction = reading_ ? Access::describing : Access::writing;
     const auto found =
-        rowsOf(statement, atMost(transactions_ > 0 ? Access::writing : Access::reading));
+        rowsOf(statement, atMost(transactions_ > 0 ? inTransaction : Access::reading));
     std::vector<std::vector<Variant>> rows;
     while (found->reader && found->reader->next()) {
         auto& row = rows.emplace_back();
@@ -174,12 +176,37 @@ void Session::begin() {
     ++transactions_;
 }
 
+StatementPlan Session::prepare(const std::string& sql) {
+    const std::string text = singleStatement(sql, syntax_);
+    StatementPlan plan = planOf(text, syntax_);
+    if (effectOf(text, syntax_) == StatementEffect::other) return plan;
+    const Statement statement(database_, text, atMost(Access::writing));
+    plan.writes = plan.writes || sqlite3_stmt_readonly(statement.get()) == 0;
+    return plan;
+}
+
+void Session::beginReading() {
+    if (transactions_ > 0)
+        throw RuntimeError(error_number::invalidProcedureCall, "A transaction was begun before");
+    control("PRAGMA query_only = 1");
+    reading_ = true;
+    control("BEGIN");
+    ++transactions_;
+}
+
+void Session::endReading() {
+    if (!reading_) return;
+    reading_ = false;
+    control("PRAGMA query_only = 0");
+}
+
 void Session::commit() {
     end("COMMIT");
 }
 
 void Session::rollback() {
     end("ROLLBACK");
+    endReading();
 }
 
 void Session::end(const std::string& how) {

@@ -7,11 +7,12 @@
 #include "adapters/sql/sql_session.h"
 #include "adapters/sqlite/connection.h"
 #include "adapters/sqlite/database.h"
+#include "platform/rdo_plan.h"
 
 namespace catalogador::sqlite {
 
 /// An open database file as the resultsets opened on it share it.
-class Session : public SqlSession {
+class Session : public SqlSession, public rdoPlanner {
   public:
     /// Raises RuntimeError (statementFailed), also for a file that is no database.
     Session(const std::string& file, Opening opening, const Timeouts& timeouts);
@@ -38,6 +39,9 @@ class Session : public SqlSession {
     void rollback() override;
     [[nodiscard]] bool inTransaction() const override { return transactions_ > 0; }
 
+    StatementPlan prepare(const std::string& sql) override;
+    void beginReading() override;
+
     /// Called while a statement runs long, if not empty; false stops the statement.
     std::function<bool()> waiting;
 
@@ -51,12 +55,14 @@ class Session : public SqlSession {
     /// A statement of the session itself.
     void control(const std::string& sql);
     void end(const std::string& how);
+    void endReading();
 
     bool guarded_;
     Database database_;
     SqlSyntax syntax_;
     FairTurns turns_;
     int transactions_ = 0;
+    bool reading_ = false;
 };
 
 }  // namespace catalogador::sqlite
