@@ -10,5 +10,6 @@ int openCommand(const Options& options);
 int addCommand(const Options& options);
 int demoCommand(const Options& options);
 int schemaCommand(const Options& options);
+int checkCommand(const Options& options);
 
 }  // namespace catalogador

@@ -20,6 +20,8 @@ int perform(const catalogador::Options& options) {
             return demoCommand(options);
         case Command::schema:
             return schemaCommand(options);
+        case Command::check:
+            return checkCommand(options);
     }
     return catalogador::exitUnusable;
 }

@@ -7,11 +7,13 @@
 #include "apps/component.h"
 #include "apps/connections.h"
 #include "apps/real_screen.h"
+#include "apps/view_notice.h"
 
 namespace catalogador {
 
 int openCommand(const Options& options) {
     const auto connection = openDatabase(options);
+    tellWhenViewIsMissing(std::cerr, *connection, options);
     std::unique_ptr<RealScreen> screen;
     const Services services =
         servicesOf(options, [&screen](Window& window, int command, std::int32_t data) {

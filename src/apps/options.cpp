@@ -4,6 +4,8 @@
 #include <charconv>
 #include <limits>
 
+#include "adapters/checks/finding.h"
+
 namespace catalogador {
 
 namespace {
@@ -85,6 +87,42 @@ void addPlaying(CLI::App& app, Options& options) {
                  "Goes on after a line that cannot be carried out");
 }
 
+IgnoredFinding ignoredOf(const std::string& text) {
+    const std::size_t colon = text.find(':');
+    const auto number = checks::numberOf(text.substr(0, colon));
+    if (colon == std::string::npos || !number)
+        throw CLI::ValidationError(
+            "--ignore", "what is ignored is written ID:VIEW, such as CAT017:41, not " + text);
+    return {*number, numberOf<std::int16_t>("--ignore", text.substr(colon + 1))};
+}
+
+void addChecking(CLI::App& app, CheckCall& call) {
+    const auto repeated = [&app](const char* name, const auto& read, const char* description,
+                                 const char* type) {
+        app.add_option_function<std::vector<std::string>>(
+               name,
+               [read](const std::vector<std::string>& given) {
+                   for (const std::string& text : given) read(text);
+               },
+               description)
+            ->type_name(type)
+            ->allow_extra_args(false);
+    };
+    repeated(
+        "--view",
+        [&call](const std::string& text) {
+            call.views.push_back(numberOf<std::int16_t>("--view", text));
+        },
+        "View to check, default all; may be repeated", "N");
+    repeated(
+        "--ignore", [&call](const std::string& text) { call.ignored.push_back(ignoredOf(text)); },
+        "Finding that is not told for a view; may be repeated", "ID:VIEW");
+    app.add_option("--format", call.format, "How findings are printed, default text")
+        ->check(CLI::IsMember({"text", "json", "github"}));
+    app.add_flag("--strict", call.strict, "Warnings count as errors do");
+    app.add_flag("--fix-hints", call.fixHints, "Prints statements that mend what was found");
+}
+
 void addCommands(CLI::App& app, Options& options) {
     const auto command = [&](const char* name, const char* description, Command which) {
         CLI::App* added = app.add_subcommand(name, description);
@@ -111,6 +149,10 @@ void addCommands(CLI::App& app, Options& options) {
                      "ODBC connection string of an empty database, whose tables are made")
         ->type_name("STRING");
     place->require_option(1);
+    CLI::App* check = command("check", "Says what is wrong with the metadata", Command::check);
+    addConnection(*check, options);
+    addChecking(*check, options.check);
+    addNumber<std::int16_t>(*check, "--company", options.company, "Company id, default 1");
     command("schema", "Prints the statements that create every table", Command::schema)
         ->add_option("--dialect", options.dialect, "Whose statements")
         ->required()

@@ -3,12 +3,31 @@
 #include <map>
 #include <optional>
 #include <string>
+#include <vector>
 
 #include "adapters/script/player.h"
 
 namespace catalogador {
 
-enum class Command { run, open, add, demo, schema };
+enum class Command { run, open, add, demo, schema, check };
+
+/// A finding that is not to be told for a view; view 0 stands for findings of no view.
+struct IgnoredFinding {
+    int number = 0;
+    std::int16_t view = 0;
+};
+
+/// What `check` was called with.
+struct CheckCall {
+    /// Empty for all views.
+    std::vector<std::int16_t> views;
+    std::string format = "text";
+    /// Warnings count as errors do.
+    bool strict = false;
+    /// Statements that mend findings are printed.
+    bool fixHints = false;
+    std::vector<IgnoredFinding> ignored;
+};
 
 /// What the program was called with.
 struct Options {
@@ -41,9 +60,13 @@ struct Options {
     /// The folder of `demo`.
     std::string directory;
     std::string dialect;
+
+    CheckCall check;
 };
 
 constexpr int exitPlayed = 0;
+/// `check` found an error.
+constexpr int exitFindings = 1;
 /// Wrong usage, no connection, or no component.
 constexpr int exitUnusable = 2;
 

@@ -11,6 +11,7 @@
 #include "apps/component.h"
 #include "apps/connections.h"
 #include "apps/real_screen.h"
+#include "apps/view_notice.h"
 #include "runtime/error.h"
 #include "runtime/paths.h"
 
@@ -92,6 +93,7 @@ int runCommand(const Options& options) {
     const auto file = openScript(options.script);
     Script script(file ? static_cast<std::istream&>(*file) : std::cin);
     const auto connection = openDatabase(options);
+    tellWhenViewIsMissing(std::cerr, *connection, options);
     const Services services = servicesOf(options);
     const auto screen = screenOf(options, services);
     PlayedHost host(options, services, screen->surface(), *connection);

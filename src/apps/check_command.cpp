@@ -1,0 +1,44 @@
+#include <iostream>
+
+#include "adapters/help/help_pages.h"
+#include "adapters/script/windowless_surface.h"
+#include "apps/check_report.h"
+#include "apps/commands.h"
+#include "apps/connections.h"
+#include "apps/folders.h"
+#include "runtime/error.h"
+
+namespace catalogador {
+
+namespace {
+
+/// nullopt where the program has no help beside it.
+std::optional<std::set<std::int64_t>> helpPages() {
+    try {
+        const HelpPages pages(helpFolder());
+        std::set<std::int64_t> ids;
+        for (const auto& [id, page] : pages.ids()) ids.insert(id);
+        return ids;
+    } catch (const RuntimeError&) {
+        return std::nullopt;
+    }
+}
+
+}  // namespace
+
+int checkCommand(const Options& options) {
+    const CheckCall& call = options.check;
+    const auto connection = openDatabase(options);
+    const WindowlessSurface measure;
+    checks::CheckOptions wanted;
+    wanted.views.assign(call.views.begin(), call.views.end());
+    wanted.company = options.company;
+    wanted.helpPages = helpPages();
+    wanted.textWidth = [&measure](std::string_view text) { return measure.textWidth(text); };
+    const FindingCounts counts =
+        reportFindings(std::cout, checks::checkMetadata(*connection, wanted), call);
+    const bool failed = counts.errors > 0 || (call.strict && counts.warnings > 0);
+    return failed ? exitFindings : exitPlayed;
+}
+
+}  // namespace catalogador
