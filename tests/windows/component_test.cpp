@@ -1,7 +1,6 @@
 #include <iostream>
 
 #include "adapters/com/com_api.h"
-#include "adapters/com/late_bound_object.h"
 #include "adapters/desk/wide_text.h"
 #include "host_process.h"
 #include "hosted.h"
@@ -325,85 +324,6 @@ TEST(Creation, GivesTheBoxesTheLanguageOfTheTextsBeforeTheFirstScreen) {
         EXPECT_EQ(firstBox().find("Aceptar"), std::string::npos);
     }
     EXPECT_NE(firstBox().find("Aceptar"), std::string::npos);
-}
-
-/// A language library of another maker: it has no text, and keeps what it is told.
-class WordlessLibrary : public LateBoundObject {
-  public:
-    static inline VARTYPE secondaryType = VT_EMPTY;
-    static inline int secondary = -1;
-
-    HRESULT STDMETHODCALLTYPE Invoke(DISPID member, REFIID iid, LCID locale, WORD kind,
-                                     DISPPARAMS* parameters, VARIANT* result, EXCEPINFO* info,
-                                     UINT* wrong) override {
-        if (member == 2) {
-            secondaryType = parameters->rgvarg[0].vt;
-            secondary = parameters->rgvarg[0].bVal;
-        }
-        return LateBoundObject::Invoke(member, iid, locale, kind, parameters, result, info, wrong);
-    }
-
-  protected:
-    [[nodiscard]] const std::vector<LateBoundMember>& members() const override {
-        static const std::vector<LateBoundMember> all{{L"IDAppName", 1}, {L"IDSLng", 2}};
-        return all;
-    }
-    [[nodiscard]] std::string sourceName() const override { return "Wordless"; }
-    AutomationValue invoke(DISPID, const Arguments&) override { return {}; }
-};
-
-class WordlessFactory : public IClassFactory {
-  public:
-    HRESULT STDMETHODCALLTYPE QueryInterface(REFIID iid, void** object) override {
-        *object = nullptr;
-        if (iid != IID_IUnknown && iid != IID_IClassFactory) return E_NOINTERFACE;
-        *object = this;
-        return S_OK;
-    }
-    ULONG STDMETHODCALLTYPE AddRef() override { return 2; }
-    ULONG STDMETHODCALLTYPE Release() override { return 1; }
-    HRESULT STDMETHODCALLTYPE CreateInstance(IUnknown*, REFIID iid, void** object) override {
-        const auto library = ComPtr<IDispatch>::owning(new WordlessLibrary);
-        return library->QueryInterface(iid, object);
-    }
-    HRESULT STDMETHODCALLTYPE LockServer(BOOL) override { return S_OK; }
-};
-
-TEST(Creation, TakesALanguageLibraryWithoutTexts) {
-    const Apartment apartment;
-    const CLSID wordless = {
-        0x2f4c9d1e, 0x5b7a, 0x4c3d, {0x9e, 0x11, 0x30, 0x42, 0x71, 0x5a, 0x6b, 0x7c}};
-    const wchar_t* key = L"Software\\Classes\\LNG_QTX_009.clsResources";
-    const std::wstring classId = L"{2F4C9D1E-5B7A-4C3D-9E11-3042715A6B7C}";
-    ASSERT_EQ(
-        RegSetKeyValueW(HKEY_CURRENT_USER, (std::wstring(key) + L"\\CLSID").c_str(), L"", REG_SZ,
-                        classId.c_str(), static_cast<DWORD>(2 * (classId.size() + 1))),
-        0);
-    WordlessFactory factory;
-    DWORD registration = 0;
-    ASSERT_EQ(CoRegisterClassObject(wordless, &factory, CLSCTX_INPROC_SERVER, REGCLS_MULTIPLEUSE,
-                                    &registration),
-              S_OK);
-    {
-        const SettingsFile settings("[VEM04]\nIdioma=9\nIdioma2=200\n");
-        const auto component = createdComponent();
-        EXPECT_EQ(WordlessLibrary::secondaryType, VT_UI1);
-        EXPECT_EQ(WordlessLibrary::secondary, 200);
-        DemoConnection connection;
-        component->putref_Coneccion(connection.object().get());
-        connection.object().call(L"Close");
-        BoxCloser boxes;
-        SHORT view = 5;
-        LONG code = 0;
-        BSTR none = nullptr;
-        VARIANT_BOOL shown = VARIANT_TRUE;
-        EXPECT_EQ(component->ActivarABM(&view, &code, &none, &shown), S_OK);
-        const auto texts = boxes.texts();
-        ASSERT_EQ(texts.size(), 1U);
-        EXPECT_NE(texts[0].find("RNF 500"), std::string::npos) << texts[0];
-    }
-    CoRevokeClassObject(registration);
-    RegDeleteTreeW(HKEY_CURRENT_USER, key);
 }
 
 TEST(Creation, AThousandObjectsLeaveNothingBehind) {
