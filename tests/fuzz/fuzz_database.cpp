@@ -153,10 +153,10 @@ std::unique_ptr<rdoResultset> FuzzConnection::OpenResultset(const SqlText& sql, 
     // A loop that waits for the rows to end must not be kept waiting by bytes that have ended.
     if (data_.remaining_bytes() == 0 || data_.ConsumeIntegralInRange(0, errorEvery) == 1)
         throw RuntimeError(error_number::statementFailed, "42000: No such table");
-    return std::make_unique<FuzzResultset>(data_, sql, fixed_);
+    return std::make_unique<FuzzResultset>(data_, sql.text(), fixed_);
 }
 
-std::int64_t FuzzConnection::Execute(const std::string& /*sql*/) {
+std::int64_t FuzzConnection::Execute(const SqlText& /*sql*/) {
     if (data_.ConsumeBool()) throw RuntimeError(error_number::statementFailed, "42000: No");
     return 1;
 }
