@@ -16,8 +16,6 @@ class OdbcHandle {
     /// Allocates a handle of that kind (SQL_HANDLE_…) on its parent, which for an environment is an
     /// empty handle. Raises RuntimeError (statementFailed).
     OdbcHandle(SQLSMALLINT kind, const OdbcHandle& parent);
-    /// The same on a parent that outlives the handle.
-    OdbcHandle(SQLSMALLINT kind, SQLHANDLE parent) : OdbcHandle(kind, borrowed(kind, parent)) {}
     /// A handle that somebody else has made and will free.
     static OdbcHandle borrowed(SQLSMALLINT kind, SQLHANDLE handle);
     ~OdbcHandle() = default;
