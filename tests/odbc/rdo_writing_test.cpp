@@ -330,7 +330,9 @@ TEST_P(RdoWriting, OpensToWriteWhatHasNoRowsOfItsOwn) {
         const auto rows = connection->OpenToWrite(sql);
         EXPECT_EQ(rows->columnCount(), 1) << sql;
         EXPECT_EQ(rows->value("n"), Variant(1)) << sql;
+        EXPECT_EQ(errorNumberOf([&] { rows->Delete(); }), error_number::statementFailed) << sql;
     }
+    EXPECT_EQ(all().size(), 1U);
     EXPECT_EQ(errorNumberOf([&] { connection->OpenToWrite("Select * From no_such"); }),
               error_number::statementFailed);
 }

@@ -114,16 +114,32 @@ TEST(WritableTable, FindsTheOneTableAsSpelled) {
     EXPECT_EQ(table("Select * /* From u */ From t -- , v\n Limit 1"), "t");
     EXPECT_EQ(table("Select * From t For Update", Dialect::postgresql), "t");
     EXPECT_EQ(table("Select 'From u' As a From `t`", Dialect::mariadb), "`t`");
+    EXPECT_EQ(table("Select a, (Select Count(*) From u), Max(a, b), min, Count(*) Over (), "
+                    "'Sum(a)' From t Where Exists (Select Sum(b) From u)"),
+              "t");
 }
 
 TEST(WritableTable, IsNoneWhenRowsAreNotThoseOfOneTable) {
-    for (const char* sql :
-         {"Select * From a, b", "Select * From a Join b On 1 = 1", "Select * From a x Left Join b",
-          "Select * From a Natural Join b", "Select Distinct a From t",
-          "Select a From t Group By a", "Select a From t Where 1 = 1 Union Select a From u",
-          "Select a From t Intersect Select a From u", "Select * From (Select * From t)",
-          "Select * From f(1)", "With t As (Select 1) Select * From t", "Select 1",
-          "Update t Set a", "Select * From", "Delete From t", "Values (1)"})
+    for (const char* sql : {"Select * From a, b",
+                            "Select * From a Join b On 1 = 1",
+                            "Select * From a x Left Join b",
+                            "Select * From a Natural Join b",
+                            "Select Distinct a From t",
+                            "Select a From t Group By a",
+                            "Select a From t Where 1 = 1 Union Select a From u",
+                            "Select a From t Intersect Select a From u",
+                            "Select * From (Select * From t)",
+                            "Select * From f(1)",
+                            "With t As (Select 1) Select * From t",
+                            "Select 1",
+                            "Update t Set a",
+                            "Select * From",
+                            "Delete From t",
+                            "Values (1)",
+                            "Select Count(*) From t",
+                            "Select 1 + coalesce( /* all */ sum (a), 0) x From t",
+                            "Select a, Min(b) From t",
+                            "Select Max(f(a, b)) From t"})
         EXPECT_FALSE(table(sql).has_value()) << sql;
 }
 

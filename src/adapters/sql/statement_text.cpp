@@ -37,6 +37,30 @@ constexpr std::array<std::string_view, 13> noNames{
     "JOIN",    "INNER",       "LEFT",    "RIGHT", "FULL", "CROSS",        "NATURAL",
     "LATERAL", "TABLESAMPLE", "INDEXED", "NOT",   "ONLY", "STRAIGHT_JOIN"};
 
+/// Functions that make one row of many where the database gives a row's own columns beside them.
+constexpr std::array<std::string_view, 22> aggregates{"COUNT",
+                                                      "SUM",
+                                                      "MIN",
+                                                      "MAX",
+                                                      "AVG",
+                                                      "TOTAL",
+                                                      "GROUP_CONCAT",
+                                                      "STRING_AGG",
+                                                      "JSON_GROUP_ARRAY",
+                                                      "JSON_GROUP_OBJECT",
+                                                      "JSON_ARRAYAGG",
+                                                      "JSON_OBJECTAGG",
+                                                      "BIT_AND",
+                                                      "BIT_OR",
+                                                      "BIT_XOR",
+                                                      "STD",
+                                                      "STDDEV",
+                                                      "STDDEV_POP",
+                                                      "STDDEV_SAMP",
+                                                      "VARIANCE",
+                                                      "VAR_POP",
+                                                      "VAR_SAMP"};
+
 bool isName(const SqlToken& token) {
     if (token.kind == TokenKind::quotedName) return true;
     return token.kind == TokenKind::word && !isDigit(token.text.front()) &&
@@ -59,6 +83,46 @@ std::vector<SqlToken> outerTokens(const std::vector<SqlToken>& all) {
         if (isSymbol(token, '(')) ++depth;
     }
     return outer;
+}
+
+using TokenPlace = std::vector<SqlToken>::const_iterator;
+
+/// Where the parenthesis ends that is open here: its ")", or the end.
+TokenPlace closingOf(TokenPlace open, TokenPlace end) {
+    int depth = 0;
+    return std::find_if(open, end, [&](const SqlToken& token) {
+        if (isSymbol(token, '(')) ++depth;
+        if (isSymbol(token, ')')) --depth;
+        return depth == 0;
+    });
+}
+
+/// Whether the function at `name` makes one row of many: over a window it does not, nor do Min and
+/// Max of several values.
+bool isAggregate(TokenPlace name, TokenPlace end) {
+    if (!isOneOf(*name, aggregates) || name + 1 == end || !isSymbol(name[1], '(')) return false;
+    const auto closing = closingOf(name + 1, end);
+    if (closing != end && closing + 1 != end && isKeyword(closing[1], "OVER")) return false;
+    if (!isKeyword(*name, "MIN") && !isKeyword(*name, "MAX")) return true;
+    const auto inner = outerTokens({name + 2, closing});
+    return std::none_of(inner.begin(), inner.end(),
+                        [](const SqlToken& token) { return isSymbol(token, ','); });
+}
+
+/// Whether a SELECT without GROUP BY gives one row for all that it reads.
+bool isAggregated(std::vector<SqlToken> tokens) {
+    tokens.erase(std::remove_if(tokens.begin(), tokens.end(),
+                                [](const SqlToken& t) { return t.kind == TokenKind::comment; }),
+                 tokens.end());
+    const auto end = tokens.cend();
+    for (auto token = tokens.cbegin(); token != end; ++token) {
+        const bool selects =
+            isSymbol(*token, '(') && token + 1 != end && isKeyword(token[1], "SELECT");
+        if (selects) token = closingOf(token, end);
+        if (token == end || isKeyword(*token, "FROM")) return false;
+        if (isAggregate(token, end)) return true;
+    }
+    return false;
 }
 
 SelectItem selectItem(const std::vector<SqlToken>& tokens) {
@@ -112,8 +176,10 @@ std::string withoutComments(std::string_view sql, const SqlSyntax& syntax) {
 }
 
 std::optional<std::string> writableTable(std::string_view sql, const SqlSyntax& syntax) {
-    const auto tokens = outerTokens(tokensOf(sql, syntax));
-    if (tokens.size() < 2 || !isKeyword(tokens[0], "SELECT") || isKeyword(tokens[1], "DISTINCT"))
+    const auto all = tokensOf(sql, syntax);
+    const auto tokens = outerTokens(all);
+    if (tokens.size() < 2 || !isKeyword(tokens[0], "SELECT") || isKeyword(tokens[1], "DISTINCT") ||
+        isAggregated(all))
         return std::nullopt;
     const auto end = tokens.end();
     auto token =

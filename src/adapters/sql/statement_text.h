@@ -19,7 +19,8 @@ std::string singleStatement(std::string_view sql, const SqlSyntax& syntax);
 std::string withoutComments(std::string_view sql, const SqlSyntax& syntax);
 
 /// The table, spelled as in the text, that the rows of a SELECT come from and can be written to;
-/// nullopt when they come from several tables or are grouped, made distinct or combined.
+/// nullopt when they come from several tables or are grouped, counted or summed up, made distinct
+/// or combined.
 std::optional<std::string> writableTable(std::string_view sql, const SqlSyntax& syntax);
 
 /// One column, or several, that a SELECT asks for.
