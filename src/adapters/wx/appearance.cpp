@@ -38,7 +38,7 @@ double contrast(const wxColour& one, const wxColour& other) {
 // the only way to change that.
 constexpr const char* compactStyle =
     "entry { min-height: 0; padding: 0 3px; }"
-    "checkbutton { min-height: 0; padding: 0; }"
+    "checkbutton { min-height: 0; padding: 0; } checkbutton check { margin-left: 0; }"
     "toolbar { padding: 2px; } toolbar button { min-height: 22px; padding: 1px 5px; }";
 #endif
 

@@ -169,6 +169,24 @@ wxString ComboField::shownText() const {
     return textOf(combo_, combo_.listIndex());
 }
 
+int ComboField::wantedWidth() const {
+    const auto& items = combo_.items();
+    if (combo_.listCount() != entriesMeasured_) {
+        const auto longest = std::max_element(
+            items.begin(), items.end(), [](const ComboBox::Item& one, const ComboBox::Item& other) {
+                return one.text.size() < other.text.size();
+            });
+        widestEntry_ = longest == items.end() ? 0 : GetTextExtent(wxText(longest->text)).x;
+        entriesMeasured_ = combo_.listCount();
+    }
+    return widestEntry_ + FromDIP(2 * textMargin + 4 * arrowSize);
+}
+
+wxSize ComboField::DoGetBestClientSize() const {
+    constexpr int borders = 4;
+    return {wantedWidth(), GetCharHeight() + FromDIP(borders)};
+}
+
 void ComboField::syncWithModel() {
     Refresh();
     if (combo_.listOpen() && popup_ == nullptr) {

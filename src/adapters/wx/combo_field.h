@@ -23,6 +23,11 @@ class ComboField : public wxWindow {
     /// What the field says now.
     [[nodiscard]] wxString shownText() const;
     bool AcceptsFocus() const override { return IsEnabled(); }
+    /// Width in pixels that shows the longest of the entries.
+    [[nodiscard]] int wantedWidth() const;
+
+  protected:
+    [[nodiscard]] wxSize DoGetBestClientSize() const override;
 
   private:
     class Popup;
@@ -35,6 +40,10 @@ class ComboField : public wxWindow {
 
     ComboBox& combo_;
     Popup* popup_ = nullptr;
+    /// Of the entry that is the longest among so many; looking for it takes longer the more there
+    /// are, and they come once.
+    mutable int widestEntry_ = 0;
+    mutable int entriesMeasured_ = 0;
 };
 
 }  // namespace catalogador::wx

@@ -9,6 +9,7 @@
 #include <array>
 
 #include "adapters/wx/appearance.h"
+#include "adapters/wx/captions.h"
 #include "adapters/wx/combo_field.h"
 #include "adapters/wx/grid_view.h"
 #include "adapters/wx/text_input.h"
@@ -21,27 +22,45 @@ namespace catalogador {
 
 namespace {
 
-constexpr int rightMargin = 120;
+/// Pixels at 96 dpi that a box takes of a check box, and the borders of a field.
+constexpr int checkMargin = 10;
+constexpr int fieldPadding = 12;
+
+/// Lower fields cut their texts. The toolkit's own answer forgets the text of a box.
+int fieldHeight(const wxWindow& native) {
+    constexpr int borders = 4;
+    return native.GetCharHeight() + native.FromDIP(borders);
+}
 
 class LabelView : public FieldView {
   public:
     LabelView(Label& label, wxWindow& parent)
-        : FieldView(label), label_(label), native_(new wxStaticText(&parent, wxID_ANY, "")) {}
+        : FieldView(label),
+          label_(label),
+          native_(new wxStaticText(&parent, wxID_ANY, "", wxDefaultPosition, wxDefaultSize,
+                                   wxST_NO_AUTORESIZE)) {}
     [[nodiscard]] wxWindow& native() const override { return *native_; }
+    [[nodiscard]] int wantedWidth() const override { return wx::captionWidth(*native_, shown()); }
+    int heightIn(int width) override {
+        caption_.fit(*native_, shown(), width);
+        return native_->GetBestSize().GetHeight();
+    }
 
   protected:
-    void syncContent() override {
-        if (native_->GetLabel() != wxText(label_.caption()))
-            native_->SetLabel(wxText(label_.caption()));
-    }
+    void syncContent() override {}
     [[nodiscard]] std::string shownContent() const override {
-        return utf8Text(native_->GetLabel());
+        return utf8Text(caption_.unbroken(*native_));
     }
-    [[nodiscard]] std::string modelContent() const override { return label_.caption(); }
+    [[nodiscard]] std::string modelContent() const override { return utf8Text(shown()); }
 
   private:
+    [[nodiscard]] wxString shown() const {
+        return wx::withRequiredMark(label_.caption(), label_.required());
+    }
+
     Label& label_;
     wxStaticText* native_;
+    wx::BrokenCaption caption_;
 };
 
 class TextView : public FieldView {
@@ -51,6 +70,10 @@ class TextView : public FieldView {
         bindTextInput(*native_, box);
     }
     [[nodiscard]] wxWindow& native() const override { return *native_; }
+    [[nodiscard]] int wantedWidth() const override {
+        return box_.maxLength() * native_->GetTextExtent("n").x + native_->FromDIP(fieldPadding);
+    }
+    int heightIn(int /*width*/) override { return fieldHeight(*native_); }
 
   protected:
     void syncContent() override { syncText(*native_, box_); }
@@ -69,6 +92,8 @@ class ComboView : public FieldView {
     ComboView(ComboBox& combo, wxWindow& parent)
         : FieldView(combo), combo_(combo), native_(new wx::ComboField(combo, parent)) {}
     [[nodiscard]] wxWindow& native() const override { return *native_; }
+    [[nodiscard]] int wantedWidth() const override { return native_->wantedWidth(); }
+    int heightIn(int /*width*/) override { return fieldHeight(*native_); }
 
   protected:
     void syncContent() override { native_->syncWithModel(); }
@@ -91,6 +116,10 @@ class CheckView : public FieldView {
         create();
     }
     [[nodiscard]] wxWindow& native() const override { return *native_; }
+    int heightIn(int width) override {
+        caption_.fit(*native_, wxText(box_.caption()), width - boxWidth_);
+        return native_->GetBestSize().GetHeight();
+    }
 
   protected:
     void syncContent() override {
@@ -98,12 +127,10 @@ class CheckView : public FieldView {
             native_->Destroy();
             create();
         }
-        if (native_->GetLabel() != wxText(box_.caption()))
-            native_->SetLabel(wxText(box_.caption()));
         if (native_->GetValue() != (box_.value() == 1)) native_->SetValue(box_.value() == 1);
     }
     [[nodiscard]] std::string shownContent() const override {
-        return utf8Text(native_->GetLabel()) + (native_->GetValue() ? " [x]" : " [ ]");
+        return utf8Text(caption_.unbroken(*native_)) + (native_->GetValue() ? " [x]" : " [ ]");
     }
     [[nodiscard]] std::string modelContent() const override {
         return box_.caption() + (box_.value() == 1 ? " [x]" : " [ ]");
@@ -115,6 +142,8 @@ class CheckView : public FieldView {
         alignment_ = box_.alignment();
         native_ = new wxCheckBox(&parent_, wxID_ANY, "", wxDefaultPosition, wxDefaultSize,
                                  alignment_ == 1 ? wxALIGN_RIGHT : 0);
+        boxWidth_ = native_->GetBestSize().GetWidth() + native_->FromDIP(checkMargin);
+        caption_ = {};
         native_->Bind(wxEVT_CHECKBOX,
                       [this](wxCommandEvent&) { box_.setValue(native_->GetValue() ? 1 : 0); });
         native_->Bind(wxEVT_SET_FOCUS, [this](wxFocusEvent& event) {
@@ -126,6 +155,9 @@ class CheckView : public FieldView {
     CheckBox& box_;
     wxWindow& parent_;
     wxCheckBox* native_ = nullptr;
+    wx::BrokenCaption caption_;
+    /// What the caption does not get of its width.
+    int boxWidth_ = 0;
     int alignment_ = 0;
 };
 
@@ -157,29 +189,29 @@ std::unique_ptr<FieldView> viewOf(Control& control, wxWindow& parent) {
 
 }  // namespace
 
-wxRect FieldView::nativePlace() const {
+wxRect FieldView::modelPlace() const {
     wxWindow& shown = native();
     const Rect& place = control_.place();
-    wxRect pixels(pixelsOf(shown, place.left), pixelsOf(shown, place.top),
-                  pixelsOf(shown, place.width), pixelsOf(shown, place.height));
-    const bool isGrid = dynamic_cast<const RecordGrid*>(&control_) != nullptr;
-    const int limit =
-        shown.GetParent()->GetClientSize().GetWidth() - (isGrid ? 0 : pixelsOf(shown, rightMargin));
-    constexpr int narrowest = 40;
-    if (isGrid) pixels.height = std::max(0, pixels.height - statusHeight(shown));
-    if (pixels.GetRight() > limit) pixels.width = std::max(narrowest, limit - pixels.x);
-    return pixels;
+    return {pixelsOf(shown, place.left), pixelsOf(shown, place.top), pixelsOf(shown, place.width),
+            pixelsOf(shown, place.height)};
+}
+
+int FieldView::wantedWidth() const {
+    return modelPlace().width;
+}
+
+int FieldView::heightIn(int /*width*/) {
+    return modelPlace().height;
+}
+
+void FieldView::setPlace(const wxRect& place) {
+    place_ = place;
+    if (native().GetRect() != place) native().SetSize(place);
 }
 
 void FieldView::sync() {
     syncContent();
     wxWindow& shown = native();
-    if (dynamic_cast<const Label*>(&control_) == nullptr) {
-        if (const wxRect place = nativePlace(); shown.GetRect() != place) shown.SetSize(place);
-    } else {
-        const wxRect place = nativePlace();
-        shown.SetSize(place.x, place.y, shown.GetBestSize().GetWidth(), place.height);
-    }
     if (dynamic_cast<const TextBox*>(&control_) != nullptr ||
         dynamic_cast<const RecordGrid*>(&control_) != nullptr) {
         const wxColour colour = colourOf(control_.backColor());
@@ -212,7 +244,10 @@ void FieldView::describeDifferences(std::vector<std::string>& found) const {
     if (shown.IsThisEnabled() != control_.enabled()) note("is enabled otherwise");
     if (shownContent() != modelContent())
         note("shows \"" + shownContent() + "\" instead of \"" + modelContent() + "\"");
-    if (shown.GetPosition() != nativePlace().GetPosition()) note("stands elsewhere");
+    if (shown.GetPosition() != place_.GetPosition()) note("stands elsewhere");
+    if (shown.GetSize().GetHeight() < shown.GetCharHeight() &&
+        dynamic_cast<const RecordGrid*>(&control_) == nullptr)
+        note("is lower than its text");
 }
 
 std::unique_ptr<FieldView> makeFieldView(Control& control, wxWindow& parent) {

@@ -20,8 +20,16 @@ class FieldView {
 
     [[nodiscard]] Control& control() const { return control_; }
     [[nodiscard]] virtual wxWindow& native() const = 0;
-    /// Brings the native control to what the model says.
+    /// Brings the native control to what the model says, but for its place.
     void sync();
+    /// Where the model has it, in pixels.
+    [[nodiscard]] wxRect modelPlace() const;
+    /// Width in pixels that its content can make use of.
+    [[nodiscard]] virtual int wantedWidth() const;
+    /// Height in pixels that its content needs in a width; a caption breaks into lines for that.
+    virtual int heightIn(int width);
+    /// Where the layout has it, in pixels.
+    void setPlace(const wxRect& place);
     /// Appends what it shows otherwise than the model.
     void describeDifferences(std::vector<std::string>& found) const;
 
@@ -30,13 +38,12 @@ class FieldView {
     /// Contents of both sides as text, to compare them.
     [[nodiscard]] virtual std::string shownContent() const = 0;
     [[nodiscard]] virtual std::string modelContent() const = 0;
-    /// The place that the model gives, cut at the panel's right margin.
-    [[nodiscard]] wxRect nativePlace() const;
     /// What its text is written in, readable on the background that the model gives.
     [[nodiscard]] wxColour textColour() const;
 
   private:
     Control& control_;
+    wxRect place_;
 };
 
 /// The view for a control of the model; null for controls that are shown otherwise (the panel).

@@ -140,8 +140,21 @@ void ScreenFrame::nameToolbar() {
     nameForReaders(*toolbar_, wxText(window_.commandBars.groupCaption), names);
 }
 
+void ScreenFrame::findOverlaps(std::vector<std::string>& found) const {
+    std::vector<const FieldView*> shown;
+    for (const Control* control : window_.controls()) {
+        const FieldView* view = control->visible() ? viewOf(*control) : nullptr;
+        if (view == nullptr) continue;
+        for (const FieldView* other : shown)
+            if (view->native().GetRect().Intersects(other->native().GetRect()))
+                found.push_back(control->name() + " covers " + other->control().name());
+        shown.push_back(view);
+    }
+}
+
 std::vector<std::string> ScreenFrame::differences() const {
     std::vector<std::string> found;
+    findOverlaps(found);
     if (GetTitle() != wxText(window_.caption())) found.emplace_back("the title differs");
     for (const Control* control : window_.controls()) {
         if (const FieldView* view = viewOf(*control))

@@ -8,6 +8,7 @@
 
 #include "adapters/wx/accessible_names.h"
 #include "adapters/wx/appearance.h"
+#include "adapters/wx/field_layout.h"
 #include "adapters/wx/grid_view.h"
 #include "adapters/wx/host_windows.h"
 #include "adapters/wx/icons.h"
@@ -216,6 +217,16 @@ void ScreenFrame::syncFields() {
         if (view == nullptr && control->visible()) view = createField(*control);
         if (view != nullptr) view->sync();
     }
+    if (!changed.empty()) layOut();
+}
+
+void ScreenFrame::layOut() {
+    std::vector<FieldView*> visible;
+    for (const Control* control : window_.controls()) {
+        FieldView* view = control->visible() ? viewOf(*control) : nullptr;
+        if (view != nullptr) visible.push_back(view);
+    }
+    wx::layOutFields(visible, panel_->GetClientSize());
 }
 
 void ScreenFrame::syncFocus() {

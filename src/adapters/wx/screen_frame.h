@@ -68,6 +68,7 @@ class ScreenFrame : public wxFrame {
     /// The label that names a text box or a combo: the one before it in the model.
     [[nodiscard]] const Label* captionOf(const Control& control) const;
     void syncFields();
+    void layOut();
     void everythingChanged();
     void createMenus();
     void syncMenus();
@@ -87,6 +88,7 @@ class ScreenFrame : public wxFrame {
     void syncStatus();
     void onResize();
     void onClose(wxCloseEvent& event);
+    void findOverlaps(std::vector<std::string>& found) const;
     [[nodiscard]] FieldView* viewOf(const Control& control) const;
     [[nodiscard]] wxWindow* nativeOf(const Control& control) const;
     void appendEntry(wxMenu& menu, const ActionPlace& place, const Action& action) const;

@@ -2,6 +2,7 @@
 #include <wx/stattext.h>
 
 #include "adapters/wx/appearance.h"
+#include "adapters/wx/grid_view.h"
 #include "adapters/wx/native_focus.h"
 #include "adapters/wx/screen_frame.h"
 
@@ -24,6 +25,10 @@ void ScreenFrame::syncStatus() {
     const int indent = FromDIP(statusIndent);
     const wxRect place(indent, room.y - height, std::max(0, room.x - 2 * indent), height);
     if (status_->GetRect() != place) status_->SetSize(place);
+    // Fields that leave no room to the list may reach down to here.
+    const GridView* grid = gridView();
+    const bool fits = grid == nullptr || grid->GetSize().y > 0;
+    if (status_->IsShown() != fits) status_->Show(fits);
 }
 
 void ScreenFrame::markButton() {

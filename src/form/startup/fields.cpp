@@ -129,12 +129,18 @@ void frmCatalogador::showTextField(TextField& field, int column) {
     const bool used = kindOf(field.label.tag) != 0;
     field.label.setVisible(used);
     field.text.setVisible(used);
+    field.label.setRequired(required(field.index));
+    field.text.setRequired(required(field.index));
     field.text.setLeft(column);
 }
 
 void frmCatalogador::showValueField(ValueField& field, int column) {
     const int kind = kindOf(field.label.tag);
     field.label.setVisible(kind == kindText || kind == kindCombo);
+    for (Control* control :
+         {static_cast<Control*>(&field.label), static_cast<Control*>(&field.text),
+          static_cast<Control*>(&field.combo)})
+        control->setRequired(required(field.index));
     field.text.setVisible(kind == kindText);
     if (kind == kindText) field.text.setLeft(column);
     field.combo.setVisible(kind == kindCombo);

@@ -18,6 +18,12 @@ void Control::setEnabled(bool enabled) {
     changed();
 }
 
+void Control::setRequired(bool required) {
+    if (required_ == required) return;
+    required_ = required;
+    changed();
+}
+
 void Control::move(const Rect& place) {
     if (place_ == place) return;
     place_ = place;

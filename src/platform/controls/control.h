@@ -30,6 +30,10 @@ class Control {
     [[nodiscard]] bool tabStop() const { return tabStop_; }
     void setTabStop(bool tabStop) { tabStop_ = tabStop; }
 
+    /// Whether the field, or the field that a caption names, must not be left empty.
+    [[nodiscard]] bool required() const { return required_; }
+    void setRequired(bool required);
+
     [[nodiscard]] int left() const { return place_.left; }
     [[nodiscard]] int top() const { return place_.top; }
     [[nodiscard]] int width() const { return place_.width; }
@@ -81,6 +85,7 @@ class Control {
     bool visible_ = true;
     bool enabled_ = true;
     bool tabStop_ = true;
+    bool required_ = false;
     Rect place_;
     Color backColor_ = systemWindowColor;
 };
