@@ -18,14 +18,10 @@ class UnclosableRows : public rdoResultset {
         return rows_->column(index);
     }
     [[nodiscard]] Variant value(int index) const override { return rows_->value(index); }
-    [[nodiscard]] Variant value(std::string_view name) const override {
-        return rows_->value(name);
-    }
+    [[nodiscard]] Variant value(std::string_view name) const override { return rows_->value(name); }
     void AddNew() override { rows_->AddNew(); }
     void Edit() override { rows_->Edit(); }
-    void setValue(std::string_view name, Variant value) override {
-        rows_->setValue(name, value);
-    }
+    void setValue(std::string_view name, Variant value) override { rows_->setValue(name, value); }
     void Update() override { rows_->Update(); }
     void Delete() override { rows_->Delete(); }
     void Close() override {
@@ -83,8 +79,7 @@ TEST_F(AddNewWithUnclosableRows, KeepsTheResultAndTheCodeOfARecordThatIsStored) 
     EXPECT_EQ(add("Chile"), 1);
     EXPECT_EQ(component_.IDModificado(), 41);
     ASSERT_EQ(told_.messages.errors.size(), 1U);
-    EXPECT_NE(told_.messages.errors[0].detail.find("The rows cannot be closed"),
-              std::string::npos);
+    EXPECT_NE(told_.messages.errors[0].detail.find("The rows cannot be closed"), std::string::npos);
     const auto stored = told_.connection->session()->query(
         "Select CTeTextoCorto From genCodigoTexto Where CTeCodigo = 41");
     ASSERT_EQ(stored.size(), 1U);
