@@ -87,17 +87,20 @@ def sql(program, options, statement):
 
 
 class OwnDatabase:
-    """The demonstration in a database that is gone in the end: an SQLite file, or a database on the
-    server that the environment names."""
+    """The demonstration in a database that is gone in the end: an SQLite file (with its driver when
+    the kind is sqlite-odbc), or a database on the server that the environment names."""
 
     def __init__(self, program, kind):
         self.program = program
         self.folder = tempfile.mkdtemp(prefix="faults-")
         self.name = None
-        if kind == "sqlite":
+        if kind.startswith("sqlite"):
             subprocess.run([program, "demo", self.folder], check=True, stdout=subprocess.DEVNULL)
             self.file = os.path.join(self.folder, "demo.db")
             self.options = ["--database", self.file]
+            if kind == "sqlite-odbc":
+                driver = "Driver={SQLite3};Database=%s;FKSupport=1" % self.file
+                self.options = ["--connect", driver]
             return
         variable = "CATALOGADOR_TEST_" + kind.upper()
         if variable not in os.environ:
