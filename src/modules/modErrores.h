@@ -1,6 +1,7 @@
 #pragma once
 #include <new>
 #include <string>
+#include <string_view>
 
 #include "platform/host.h"
 #include "runtime/error.h"
@@ -10,8 +11,12 @@ namespace catalogador {
 /// Message number of the error that any procedure of the form or of the modules can end with.
 constexpr std::int32_t procedureErrorMessage = 500;
 
+/// Number of the message that tells the user what could not be done when that procedure failed; 0
+/// for a procedure without one.
+std::int32_t taskMessage(std::string_view procedure);
+
 /// Shows an error to the user: the text of `message` with every "[p]" replaced by the procedure's
-/// name, and "number - description" as the detail.
+/// name, "number - description" as the detail, and what could not be done in the user's words.
 void reportError(Host& host, std::int32_t message, const std::string& procedure,
                  const std::string& applicationName, const RuntimeError& error);
 

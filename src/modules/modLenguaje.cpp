@@ -73,14 +73,18 @@ std::uint8_t CargarLenguaje(Host& host, const std::string& claveConfiguracion,
     return 1;
 }
 
-std::string ObtenerMensaje(std::int32_t numero) {
+std::optional<std::string> messageIfKnown(std::int32_t number) {
     try {
-        if (gobjLenguaje != nullptr && numero <= INT32_MAX - resourceOffset)
-            return gobjLenguaje->resLoad(numero + resourceOffset);
+        if (gobjLenguaje != nullptr && number <= INT32_MAX - resourceOffset)
+            return gobjLenguaje->resLoad(number + resourceOffset);
     } catch (const RuntimeError&) {
-        // The stand-in text below tells the user which message is missing.
+        // Libraries of other makers need not have every text.
     }
-    return "RNF " + decimalText(numero);
+    return std::nullopt;
+}
+
+std::string ObtenerMensaje(std::int32_t numero) {
+    return messageIfKnown(numero).value_or("RNF " + decimalText(numero));
 }
 
 }  // namespace catalogador

@@ -1,6 +1,7 @@
 #pragma once
 #include <cstdint>
 #include <memory>
+#include <optional>
 #include <string>
 
 #include "platform/host.h"
@@ -22,6 +23,9 @@ const std::string& currentLanguageLibrary();
 /// user was told that it is missing.
 std::uint8_t CargarLenguaje(Host& host, const std::string& claveConfiguracion,
                             const std::string& claveProducto, const std::string& nombreAplicacion);
+
+/// The text of a message, for what can do without it; nullopt when it cannot be had. Never raises.
+std::optional<std::string> messageIfKnown(std::int32_t number);
 
 /// The text of a message, or "RNF " and its number when it cannot be had. Never raises.
 std::string ObtenerMensaje(std::int32_t numero);

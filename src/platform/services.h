@@ -48,9 +48,11 @@ class clsMensajes {
     virtual ~clsMensajes() = default;
     /// Shows a text with a style number; gives 1 (OK), 6 (Yes) or 7 (No).
     virtual int MostrarMensaje(const std::string& text, int style, const std::string& title) = 0;
-    /// Shows an error with its detail ("number - description") and, where given, its context.
+    /// Shows an error with its detail ("number - description") and, where given, its context and
+    /// what could not be done, in the user's words.
     virtual void MostrarError(const std::string& text, const std::string& title,
-                              const std::string& detail, const std::string& context = {}) = 0;
+                              const std::string& detail, const std::string& context = {},
+                              const std::string& task = {}) = 0;
     /// Language of the object's own dialogs.
     virtual void Idioma(std::uint8_t number) = 0;
 };

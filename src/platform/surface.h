@@ -21,6 +21,18 @@ struct SaveDialog {
     int flags = 0;
 };
 
+/// An error as the user is told of it.
+struct ErrorNotice {
+    std::string text;
+    std::string title;
+    /// "number - description".
+    std::string detail;
+    /// Where it happened; may be empty.
+    std::string context{};
+    /// What could not be done, in the user's words; empty where the text says it.
+    std::string task{};
+};
+
 struct SaveChoice {
     std::string path;
     /// Which entry of the filter list was chosen, counted from 1.
@@ -54,8 +66,7 @@ class Surface {
     virtual void speak(std::uint8_t /*language*/) {}
     /// Shows a message box; style numbers as in clsMensajes. Gives 1, 6 or 7.
     virtual int messageBox(const std::string& text, int style, const std::string& title) = 0;
-    virtual void errorBox(const std::string& text, const std::string& title,
-                          const std::string& detail, const std::string& context) = 0;
+    virtual void errorBox(const ErrorNotice& error) = 0;
     /// nullopt when the user cancels.
     virtual std::optional<SaveChoice> saveDialog(const SaveDialog& dialog) = 0;
     /// Pops a menu up. The choice comes back through CommandBars::execute.

@@ -21,6 +21,7 @@ class ToldMessages : public clsMensajes {
         std::string title;
         std::string detail;
         std::string context;
+        std::string task;
     };
     std::vector<std::string> notices;
     std::vector<Error> errors;
@@ -31,8 +32,8 @@ class ToldMessages : public clsMensajes {
         return 1;
     }
     void MostrarError(const std::string& text, const std::string& title, const std::string& detail,
-                      const std::string& context) override {
-        errors.push_back({text, title, detail, context});
+                      const std::string& context, const std::string& task) override {
+        errors.push_back({text, title, detail, context, task});
     }
     void Idioma(std::uint8_t number) override { language = number; }
 };

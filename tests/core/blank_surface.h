@@ -24,8 +24,7 @@ class BlankSurface : public Surface {
     void focusChanged(Window&) override { ++focusChanges; }
     void pointerChanged(int) override {}
     int messageBox(const std::string&, int, const std::string&) override { return 1; }
-    void errorBox(const std::string&, const std::string&, const std::string&,
-                  const std::string&) override {}
+    void errorBox(const ErrorNotice&) override {}
     std::optional<SaveChoice> saveDialog(const SaveDialog&) override { return std::nullopt; }
     void showMenu(Window&, const Menu&) override {}
     [[nodiscard]] int textWidth(std::string_view text) const override {

@@ -50,7 +50,7 @@ class PlainMessages : public clsMensajes {
   public:
     int MostrarMensaje(const std::string&, int, const std::string&) override { return 1; }
     void MostrarError(const std::string&, const std::string&, const std::string&,
-                      const std::string&) override {}
+                      const std::string&, const std::string&) override {}
     void Idioma(std::uint8_t) override {}
 };
 

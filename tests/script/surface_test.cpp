@@ -22,7 +22,7 @@ class ScriptedScreen : public testing::Test {
 TEST_F(ScriptedScreen, PrintsBoxesWithWhatWasAnswered) {
     answers_.addAnswer(answerNo);
     EXPECT_EQ(surface_.messageBox("¿Graba?", styleQuestion, "Países"), answerNo);
-    surface_.errorBox("Falló", "Países", "40002 - no", "");
+    surface_.errorBox({"Falló", "Países", "40002 - no", "", "No se pudo"});
     EXPECT_EQ(out_.str(),
               "{\"event\":\"message\",\"text\":\"¿Graba?\",\"style\":36,\"title\":\"Países\","
               "\"answer\":7}\n"

@@ -25,9 +25,9 @@ class BoxSurface : public Surface {
         shown.push_back(text + "|" + std::to_string(style) + "|" + title);
         return answer;
     }
-    void errorBox(const std::string& text, const std::string& title, const std::string& detail,
-                  const std::string& context) override {
-        shown.push_back(text + "|" + title + "|" + detail + "|" + context);
+    void errorBox(const ErrorNotice& error) override {
+        shown.push_back(error.text + "|" + error.title + "|" + error.detail + "|" + error.context +
+                        "|" + error.task);
     }
     std::optional<SaveChoice> saveDialog(const SaveDialog&) override { return std::nullopt; }
     void showMenu(Window&, const Menu&) override {}
@@ -57,11 +57,11 @@ TEST(SurfaceMessages, HasTheSurfaceSpeakItsLanguage) {
     EXPECT_EQ(surface.shown, (std::vector<std::string>{"3", "200"}));
 }
 
-TEST(SurfaceMessages, ShowsErrorsWithDetailAndContext) {
+TEST(SurfaceMessages, ShowsErrorsWithDetailContextAndTask) {
     BoxSurface surface;
     SurfaceMessages messages(surface);
-    messages.MostrarError("Failed", "Title", "5 - reason", "there");
-    EXPECT_EQ(surface.shown.front(), "Failed|Title|5 - reason|there");
+    messages.MostrarError("Failed", "Title", "5 - reason", "there", "Not saved");
+    EXPECT_EQ(surface.shown.front(), "Failed|Title|5 - reason|there|Not saved");
 }
 
 }  // namespace

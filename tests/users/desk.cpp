@@ -14,9 +14,8 @@ int YesSurface::messageBox(const std::string& text, int style, const std::string
     return WindowlessSurface::messageBox(text, style, title);
 }
 
-void YesSurface::errorBox(const std::string& text, const std::string& /*title*/,
-                          const std::string& detail, const std::string& /*context*/) {
-    told.push_back(text + ": " + detail);
+void YesSurface::errorBox(const ErrorNotice& error) {
+    told.push_back(error.text + ": " + error.detail);
 }
 
 Desk::Desk(std::unique_ptr<rdoConnection> connection) : connection_(std::move(connection)) {

@@ -17,8 +17,7 @@ namespace catalogador::test {
 class YesSurface : public WindowlessSurface {
   public:
     int messageBox(const std::string& text, int style, const std::string& title) override;
-    void errorBox(const std::string& text, const std::string& title, const std::string& detail,
-                  const std::string& context) override;
+    void errorBox(const ErrorNotice& error) override;
 
     /// Notices and errors, in the order in which they were shown.
     std::vector<std::string> told;

@@ -34,13 +34,12 @@ int ScriptedSurface::messageBox(const std::string& text, int style, const std::s
     return answer;
 }
 
-void ScriptedSurface::errorBox(const std::string& text, const std::string& title,
-                               const std::string& detail, const std::string& context) {
+void ScriptedSurface::errorBox(const ErrorNotice& error) {
     transcript().print({{"event", "error"},
-                        {"text", text},
-                        {"title", title},
-                        {"detail", detail},
-                        {"context", context}});
+                        {"text", error.text},
+                        {"title", error.title},
+                        {"detail", error.detail},
+                        {"context", error.context}});
 }
 
 std::optional<SaveChoice> ScriptedSurface::saveDialog(const SaveDialog& dialog) {

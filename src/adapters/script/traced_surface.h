@@ -28,10 +28,7 @@ class TracedSurface : public Surface {
     int messageBox(const std::string& text, int style, const std::string& title) override {
         return inner_.messageBox(text, style, title);
     }
-    void errorBox(const std::string& text, const std::string& title, const std::string& detail,
-                  const std::string& context) override {
-        inner_.errorBox(text, title, detail, context);
-    }
+    void errorBox(const ErrorNotice& error) override { inner_.errorBox(error); }
     std::optional<SaveChoice> saveDialog(const SaveDialog& dialog) override {
         return inner_.saveDialog(dialog);
     }

@@ -22,8 +22,7 @@ class WindowlessSurface : public Surface, public PlayedScreen {
     void pointerChanged(int) override {}
 
     int messageBox(const std::string& text, int style, const std::string& title) override;
-    void errorBox(const std::string&, const std::string&, const std::string&,
-                  const std::string&) override {}
+    void errorBox(const ErrorNotice&) override {}
     std::optional<SaveChoice> saveDialog(const SaveDialog&) override { return std::nullopt; }
     void showMenu(Window&, const Menu&) override {}
 

@@ -7,8 +7,9 @@ int SurfaceMessages::MostrarMensaje(const std::string& text, int style, const st
 }
 
 void SurfaceMessages::MostrarError(const std::string& text, const std::string& title,
-                                   const std::string& detail, const std::string& context) {
-    surface_.errorBox(text, title, detail, context);
+                                   const std::string& detail, const std::string& context,
+                                   const std::string& task) {
+    surface_.errorBox({text, title, detail, context, task});
 }
 
 }  // namespace catalogador

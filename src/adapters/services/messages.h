@@ -11,7 +11,7 @@ class SurfaceMessages : public clsMensajes {
 
     int MostrarMensaje(const std::string& text, int style, const std::string& title) override;
     void MostrarError(const std::string& text, const std::string& title, const std::string& detail,
-                      const std::string& context) override;
+                      const std::string& context, const std::string& task) override;
     /// The texts of the boxes are given; their buttons and labels are the surface's.
     void Idioma(std::uint8_t number) override { surface_.speak(number); }
 

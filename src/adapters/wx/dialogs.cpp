@@ -54,14 +54,15 @@ int showMessageBox(wxWindow* parent, const BoxLabels& labels, const std::string&
     return wx::showBox(parent, content, seen);
 }
 
-void showErrorBox(wxWindow* parent, const BoxLabels& labels, const std::string& text,
-                  const std::string& title, const std::string& detail, const std::string& context) {
-    wx::BoxContent content{wx::BoxKind::error,
-                           labels.errorKind,
-                           title,
-                           text,
-                           context.empty() ? detail : context + "\n" + detail,
-                           {{answerOk, labels.ok}}};
+void showErrorBox(wxWindow* parent, const BoxLabels& labels, const ErrorNotice& error) {
+    wx::BoxContent content;
+    content.kind = wx::BoxKind::error;
+    content.kindName = labels.errorKind;
+    content.title = error.title;
+    content.heading = error.task;
+    content.text = error.text;
+    content.details = error.context.empty() ? error.detail : error.context + "\n" + error.detail;
+    content.buttons = {{answerOk, labels.ok}};
     wx::showBox(parent, content, {});
 }
 

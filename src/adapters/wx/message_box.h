@@ -19,6 +19,8 @@ struct BoxContent {
     /// The kind in the user's language.
     std::string kindName;
     std::string title;
+    /// What the box is about in one line, above the text; may be empty.
+    std::string heading;
     std::string text;
     /// Smaller text below, for those who look into the cause; may be empty.
     std::string details;

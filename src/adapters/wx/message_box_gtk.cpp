@@ -68,7 +68,8 @@ MessageBox::MessageBox(wxWindow* parent, const BoxContent& content, const wxRect
                wxCAPTION | wxCLOSE_BOX | wxSYSTEM_MENU),
       buttons_(content.buttons) {
     SetName(wxText(content.kindName));
-    readAsAlert(*this, wxText(content.text));
+    readAsAlert(*this, wxText(content.heading.empty() ? content.text
+                                                      : content.heading + "\n" + content.text));
     auto* picture = new wxStaticBitmap(
         this, wxID_ANY, wxArtProvider::GetBitmapBundle(pictureOf(content.kind), wxART_MESSAGE_BOX));
     picture->SetToolTip(wxText(content.kindName));
@@ -90,16 +91,18 @@ MessageBox::MessageBox(wxWindow* parent, const BoxContent& content, const wxRect
 }
 
 void MessageBox::addTexts(wxSizer& column, const BoxContent& content) {
-    const auto add = [&](const std::string& text, bool small) {
+    const auto add = [&](const std::string& text, const wxFont& font) {
+        if (text.empty()) return;
         // What looks like a mark for a letter is text here.
         auto* label = new wxStaticText(this, wxID_ANY, "");
-        if (small) label->SetFont(label->GetFont().Smaller());
+        label->SetFont(font);
         label->SetLabelText(wxText(text));
         label->Wrap(FromDIP(widestText));
-        column.Add(label, wxSizerFlags().Border(wxTOP, small ? FromDIP(margin) : 0));
+        column.Add(label, wxSizerFlags().Border(wxTOP, column.IsEmpty() ? 0 : FromDIP(margin)));
     };
-    add(content.text, false);
-    if (!content.details.empty()) add(content.details, true);
+    add(content.heading, GetFont().Bold());
+    add(content.text, GetFont());
+    add(content.details, GetFont().Smaller());
 }
 
 wxSizer* MessageBox::createButtons(const BoxContent& content) {

@@ -130,8 +130,7 @@ class ScreenFrame : public wxFrame {
 /// `seen` is a part of the screen that the box leaves free where it can.
 int showMessageBox(wxWindow* parent, const BoxLabels& labels, const std::string& text, int style,
                    const std::string& title, const wxRect& seen);
-void showErrorBox(wxWindow* parent, const BoxLabels& labels, const std::string& text,
-                  const std::string& title, const std::string& detail, const std::string& context);
+void showErrorBox(wxWindow* parent, const BoxLabels& labels, const ErrorNotice& error);
 std::optional<SaveChoice> showSaveDialog(wxWindow* parent, const SaveDialog& dialog);
 
 }  // namespace catalogador

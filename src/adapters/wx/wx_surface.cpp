@@ -243,11 +243,10 @@ int WxSurface::messageBox(const std::string& text, int style, const std::string&
                           frame == nullptr ? wxRect() : frame->selectedRowOnScreen());
 }
 
-void WxSurface::errorBox(const std::string& text, const std::string& title,
-                         const std::string& detail, const std::string& context) {
+void WxSurface::errorBox(const ErrorNotice& error) {
     endProgress();
     syncAll();
-    showErrorBox(topFrame(), labels_, text, title, detail, context);
+    showErrorBox(topFrame(), labels_, error);
 }
 
 std::optional<SaveChoice> WxSurface::saveDialog(const SaveDialog& dialog) {

@@ -36,8 +36,7 @@ class WxSurface : public Surface {
     /// Number of the language that its own texts have.
     [[nodiscard]] std::int16_t language() const { return language_; }
     int messageBox(const std::string& text, int style, const std::string& title) override;
-    void errorBox(const std::string& text, const std::string& title, const std::string& detail,
-                  const std::string& context) override;
+    void errorBox(const ErrorNotice& error) override;
     std::optional<SaveChoice> saveDialog(const SaveDialog& dialog) override;
     void showMenu(Window& window, const Menu& menu) override;
     void copyText(const std::string& text) override;

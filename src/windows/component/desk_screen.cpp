@@ -99,13 +99,16 @@ int DeskScreen::messageBox(const std::string& text, int style, const std::string
     return systemBox(text, static_cast<UINT>(style), title);
 }
 
-void DeskScreen::errorBox(const std::string& text, const std::string& title,
-                          const std::string& detail, const std::string& context) {
-    if (isOnItsThread()) return screen().errorBox(text, title, detail, context);
-    std::string whole = text;
-    if (!detail.empty()) whole += "\r\n\r\n" + detail;
-    systemBox(whole, MB_ICONERROR | MB_OK,
-              context.empty() || title.empty() ? title + context : title + " - " + context);
+void DeskScreen::errorBox(const ErrorNotice& error) {
+    if (isOnItsThread()) return screen().errorBox(error);
+    std::string whole;
+    for (const std::string* part : {&error.task, &error.text, &error.detail}) {
+        if (part->empty()) continue;
+        if (!whole.empty()) whole += "\r\n\r\n";
+        whole += *part;
+    }
+    const bool both = !error.title.empty() && !error.context.empty();
+    systemBox(whole, MB_ICONERROR | MB_OK, error.title + (both ? " - " : "") + error.context);
 }
 
 }  // namespace catalogador

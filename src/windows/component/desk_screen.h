@@ -31,8 +31,7 @@ class DeskScreen : public Surface, public Printer {
     void focusChanged(Window& window) override { screen().focusChanged(window); }
     void pointerChanged(int pointer) override;
     int messageBox(const std::string& text, int style, const std::string& title) override;
-    void errorBox(const std::string& text, const std::string& title, const std::string& detail,
-                  const std::string& context) override;
+    void errorBox(const ErrorNotice& error) override;
     std::optional<SaveChoice> saveDialog(const SaveDialog& dialog) override {
         return screen().saveDialog(dialog);
     }
