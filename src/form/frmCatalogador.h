@@ -241,6 +241,8 @@ class frmCatalogador : public Window {
     /// Writes the rows shown to the file; the extra column is away meanwhile, and stays away until
     /// the next load when that fails.
     void saveGrid(const SaveChoice& choice);
+    /// Whether the filter tells "Perú" from "peru": the setting FiltroSinAcentos.
+    [[nodiscard]] Accents filterAccents() const;
     /// While a filter is applied its first match becomes the first row shown.
     void showFirstMatch();
     void sortAsLoaded();

@@ -135,6 +135,19 @@ TEST(RecordGrid, AFilterLooksAtEveryColumnAndIgnoresCase) {
     EXPECT_EQ(grid.visibleRows(), 3);
 }
 
+TEST(RecordGrid, AFilterTellsAccentsUnlessItIsToIgnoreThem) {
+    RecordGrid grid("g");
+    fill(grid, {{"Perú"}, {"peru"}, {"PERÚ"}, {"Lima"}, {"İperu"}});
+    grid.filter(LikePattern("*PERU*"));
+    EXPECT_EQ(codes(grid), "25");
+    grid.filter(LikePattern("*PERU*"), Accents::ignored);
+    EXPECT_EQ(codes(grid), "1235");
+    grid.filter(LikePattern("*P?RU*"), Accents::ignored);
+    EXPECT_EQ(codes(grid), "1235");
+    grid.filter(LikePattern("**"), Accents::ignored);
+    EXPECT_EQ(grid.visibleRows(), 5);
+}
+
 TEST(RecordGrid, VisibleRowsFollowSortAndFilter) {
     RecordGrid grid("g");
     fill(grid, {{"c"}, {"a"}, {"b"}});

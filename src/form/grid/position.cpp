@@ -1,5 +1,7 @@
 #include "form/frmCatalogador.h"
 #include "modules/modIds.h"
+#include "runtime/base_letters.h"
+#include "runtime/convert.h"
 #include "runtime/like.h"
 #include "runtime/text.h"
 
@@ -7,10 +9,18 @@ namespace catalogador {
 
 void frmCatalogador::FiltrarGrilla(std::string& texto) {
     trap("FiltrarGrilla", [&] {
+        const Accents accents = filterAccents();
+        if (accents == Accents::ignored) texto = withoutAccents(texto);
         texto = "*" + upperCase(texto) + "*";
         // Only a row that is tested shows that a pattern is none.
-        if (hasDataRows() && grdGrilla.columns() > 0) grdGrilla.filter(LikePattern(texto));
+        if (hasDataRows() && grdGrilla.columns() > 0) grdGrilla.filter(LikePattern(texto), accents);
     });
+}
+
+Accents frmCatalogador::filterAccents() const {
+    const Variant setting = host_.utilities.LeerConfiguracion("VEM04", "FiltroSinAcentos");
+    return leadingNumber(toTextOrEmpty(setting, host_.regional)) == 1 ? Accents::ignored
+                                                                      : Accents::count;
 }
 
 void frmCatalogador::SimularFiltrar() {

@@ -12,6 +12,7 @@
 #include "platform/controls/packed_texts.h"
 #include "platform/controls/row_marks.h"
 #include "platform/controls/type_ahead.h"
+#include "runtime/base_letters.h"
 #include "runtime/like.h"
 
 namespace catalogador {
@@ -117,8 +118,9 @@ class RecordGrid : public Control {
     [[nodiscard]] bool rowHidden(int row) const;
     void setRowHidden(int row, bool hidden);
     void showAllRows();
-    /// Hides every data row none of whose cells, in upper case, matches the pattern.
-    void filter(const LikePattern& pattern);
+    /// Hides every data row none of whose cells, in upper case, matches the pattern. Where accents
+    /// are ignored, the pattern must have none.
+    void filter(const LikePattern& pattern, Accents accents = Accents::count);
     /// Number of data rows that are not hidden.
     [[nodiscard]] int visibleRows() const;
     /// The row number of the n-th visible data row (from 0), in constant time.

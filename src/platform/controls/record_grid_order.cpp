@@ -28,9 +28,9 @@ void RecordGrid::showAllRows() {
     rowsChanged();
 }
 
-void RecordGrid::filter(const LikePattern& pattern) {
+void RecordGrid::filter(const LikePattern& pattern, Accents accents) {
     hidden_.setAll(true);
-    const TextFilter filter(pattern);
+    const TextFilter filter(pattern, accents);
     for (const Column& column : columns_) filter.showMatches(column.texts, hidden_);
     rowsChanged();
 }

@@ -19,6 +19,11 @@ constexpr std::size_t fewRows = 8;
 /// what is not among them is rare.
 constexpr std::string_view frequentBytes = "EAOSRNIDLCTUMP0\xC3 1B2GV3HF54678QY9J.,Z";
 
+bool isAscii(std::string_view text) {
+    return std::none_of(text.begin(), text.end(),
+                        [](char byte) { return static_cast<unsigned char>(byte) >= 0x80; });
+}
+
 std::size_t rarity(char byte) {
     return std::min(frequentBytes.find(byte), frequentBytes.size());
 }
@@ -69,10 +74,11 @@ std::size_t SubstringSearch::findIn(std::string_view text, std::size_t from, std
     return std::string_view::npos;
 }
 
-TextFilter::TextFilter(const LikePattern& pattern)
+TextFilter::TextFilter(const LikePattern& pattern, Accents accents)
     : pattern_(pattern),
       search_(pattern.requiredText()),
-      plain_(pattern.plainSubstring() != nullptr) {}
+      plain_(pattern.plainSubstring() != nullptr),
+      accents_(accents) {}
 
 void TextFilter::showMatches(const PackedTexts& column, RowMarks& hidden) const {
     // Cells that were never written are empty texts, which match as well or not at all.
@@ -81,7 +87,8 @@ void TextFilter::showMatches(const PackedTexts& column, RowMarks& hidden) const 
         return;
     }
     const bool few = hidden.count() < hidden.size() / fewRows;
-    if (few || search_.size() == 0 || column.runTogether())
+    // Without its accents a text has another length, so that places found in bulk say nothing.
+    if (few || search_.size() == 0 || column.runTogether() || accents_ == Accents::ignored)
         showEach(column, 0, column.rows(), hidden);
     else
         showInBulk(column, hidden);
@@ -95,7 +102,9 @@ void TextFilter::showEach(const PackedTexts& column, std::size_t from, std::size
         const std::string_view text = column.at(row);
         upper.resize(text.size());
         const bool simple = upperCaseOfSameLength(text, upper.data());
-        if (pattern_.matches(simple ? upper : upperCase(text))) hidden.set(row, false);
+        if (!simple) upper = upperCase(text);
+        const bool folds = accents_ == Accents::ignored && !isAscii(upper);
+        if (pattern_.matches(folds ? withoutAccents(upper) : upper)) hidden.set(row, false);
     }
 }
 

@@ -4,6 +4,7 @@
 
 #include "platform/controls/packed_texts.h"
 #include "platform/controls/row_marks.h"
+#include "runtime/base_letters.h"
 #include "runtime/like.h"
 
 namespace catalogador {
@@ -34,8 +35,8 @@ class SubstringSearch {
 /// Tells which rows have a cell that matches a pattern in upper case.
 class TextFilter {
   public:
-    /// `pattern` must outlive the filter.
-    explicit TextFilter(const LikePattern& pattern);
+    /// `pattern` must outlive the filter. Where accents are ignored, it must have none.
+    TextFilter(const LikePattern& pattern, Accents accents);
 
     /// Takes the mark from every row of the column whose cell matches.
     void showMatches(const PackedTexts& column, RowMarks& hidden) const;
@@ -50,6 +51,7 @@ class TextFilter {
     const LikePattern& pattern_;
     SubstringSearch search_;
     bool plain_;
+    Accents accents_;
 };
 
 }  // namespace catalogador
