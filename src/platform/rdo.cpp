@@ -36,21 +36,26 @@ void rdoTransaction::commit() {
     open_ = false;
 }
 
-void inTransaction(rdoSession& session, const std::function<void()>& work) {
+void retryConflicts(rdoSession& session, const std::function<void()>& work) {
     constexpr int maximumTries = 12;
     const bool repeatable = !session.inTransaction();
     for (int tries = 1;; ++tries) {
         try {
-            rdoTransaction transaction(session);
-            work();
-            transaction.commit();
-            return;
+            return work();
         } catch (const RuntimeError& error) {
             if (!repeatable || error.cause() != ErrorCause::conflict || tries == maximumTries)
                 throw;
         }
         std::this_thread::sleep_for(pauseAfter(tries));
     }
+}
+
+void inTransaction(rdoSession& session, const std::function<void()>& work) {
+    retryConflicts(session, [&] {
+        rdoTransaction transaction(session);
+        work();
+        transaction.commit();
+    });
 }
 
 }  // namespace catalogador

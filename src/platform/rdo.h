@@ -139,10 +139,12 @@ class rdoTransaction {
     bool open_ = true;
 };
 
-/// Does the work in a transaction of its own and commits it. What the engine undid in favour of
-/// others (ErrorCause::conflict) is done again a few times, after pauses that grow and are random,
-/// but only where no transaction is around it that would have to be done again too. Raises what the
-/// last attempt raised.
+/// Does the work, and again a few times, after pauses that grow and are random, when the engine
+/// undid it in favour of others (ErrorCause::conflict); but only where no transaction is around it
+/// that would have to be done again too. Raises what the last attempt raised.
+void retryConflicts(rdoSession& session, const std::function<void()>& work);
+
+/// The same with each attempt in a transaction of its own, which is committed.
 void inTransaction(rdoSession& session, const std::function<void()>& work);
 
 /// An open database connection of the host.

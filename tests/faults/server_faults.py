@@ -156,10 +156,29 @@ def count(database, text):
 
 
 def new_records(database, screen, proxy):
-    """The first commit is that of the code, the second that of the record."""
-    for number, delivered, stored_then in ((1, True, 1), (1, False, 1), (2, True, 1), (2, False, 0)):
+    """First the code is drawn and committed, then the record."""
+
+    def at_the_code(delivered):
+        if kind == "postgresql":
+            return proxy.lose_answer_to(b"COMMIT", 1, delivered)
+
+        def at_its_execution(data):
+            proxy.lose_answer_to(b"PAISES", 1, delivered)
+            return data
+
+        proxy.at(b"UPDATE GENNUMERADORES", at_its_execution)
+
+    def at_the_record(delivered):
+        proxy.lose_answer_to(b"COMMIT", 2 if kind == "postgresql" else 1, delivered)
+
+    for number, lose, delivered, stored_then in (
+        (1, at_the_code, True, 1),
+        (1, at_the_code, False, 1),
+        (2, at_the_record, True, 1),
+        (2, at_the_record, False, 0),
+    ):
         text = "Nueva %d %s" % (number, delivered)
-        proxy.lose_answer_to(b"COMMIT", number, delivered)
+        lose(delivered)
         screen.say("action 7", "action 3")
         screen.say('set txtTexto1 "%d%s"' % (number, str(delivered)[0]), 'set txtTexto2 "%s"' % text)
         said = told(screen.say("answer 6", "action 6"))

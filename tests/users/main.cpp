@@ -33,6 +33,10 @@ int run(const std::string& what, const std::string& kind, const std::vector<int>
              return catalogador::test::sameRecords(connections, number(0, 60), number(1, 8),
                                                    steady);
          }},
+        {"seen",
+         [&](const Connections& connections) {
+             return catalogador::test::seen(connections, number(0, 300));
+         }},
         {"kills", [&](const Connections& connections) {
              const int seed = number(1, static_cast<int>(std::random_device()() >> 1U));
              return catalogador::test::kills(connections.front(), number(0, 1000),
@@ -60,9 +64,9 @@ int main(int argc, char** argv) {
         const int status =
             arguments.size() < 2 ? wrongUsage : run(arguments[0], arguments[1], numbers);
         if (status == wrongUsage)
-            std::cerr << "many_users new|same|kills "
+            std::cerr << "many_users new|same|seen|kills "
                          "sqlite|sqlite-odbc|postgresql|mariadb|galera "
-                         "[RECORDS USERS | SECONDS USERS | KILLS SEED]\n";
+                         "[RECORDS USERS | SECONDS USERS | TIMES | KILLS SEED]\n";
         return status;
     } catch (const std::exception& error) {
         std::cerr << "many_users: " << error.what() << '\n';

@@ -18,6 +18,11 @@ namespace {
 /// What a user was told of a record.
 enum class Told : char { nothing, saved, refused, unknown };
 
+struct Outcomes {
+    Told* told;
+    SessionCount& sessions;
+};
+
 struct User {
     int number;
     /// Place of the user's first record among all, and how many they are.
@@ -29,7 +34,7 @@ std::string textOf(int record) {
     return "Record " + decimalText(record);
 }
 
-int saveNewOnes(const std::string& connection, const User& user, Told* outcomes) {
+int saveNewOnes(const std::string& connection, const User& user, const Outcomes& outcomes) {
     Desk desk(connectTo(connection));
     desk.open(viewOfNew, [&](frmCatalogador& form) {
         for (int record = user.first; record < user.first + user.count; ++record) {
@@ -38,14 +43,16 @@ int saveNewOnes(const std::string& connection, const User& user, Told* outcomes)
             form.txtValor1.setText(decimalText(user.number));
             form.commandBars.execute(action::save);
             const auto told = desk.takeTold();
-            outcomes[record] = form.modo() == "0"      ? Told::saved
-                               : Desk::isUnknown(told) ? Told::unknown
-                                                       : Told::refused;
+            outcomes.told[record] = form.modo() == "0"      ? Told::saved
+                                    : Desk::isUnknown(told) ? Told::unknown
+                                    : told.empty()          ? Told::nothing
+                                                            : Told::refused;
             for (const std::string& text : told)
                 std::cerr << "user " << user.number << " was told: " << text << std::endl;
             if (form.modo() != "0") form.commandBars.execute(action::cancel);
         }
     });
+    outcomes.sessions.look(desk.connection());
     return 0;
 }
 
@@ -53,7 +60,7 @@ struct Counts {
     int saved = 0;
     int refused = 0;
     int unknown = 0;
-    /// Told as saved and not there exactly once, or told as refused and there.
+    /// Told as saved and not there exactly once, told as refused and there, or told nothing.
     int wrong = 0;
 };
 
@@ -85,25 +92,29 @@ std::int64_t number(rdoConnection& connection, const std::string& sql) {
     return toLong(connection.session()->query(sql).at(0).at(0), Regional{});
 }
 
-int judge(const std::string& connection, const Told* outcomes, int records, bool steady) {
+int judge(const std::string& connection, const Outcomes& outcomes, int records, int users,
+          bool steady) {
     const auto database = connectTo(connection);
     const std::string where = " From genCodigoTexto Where CTeIDTipoVista = 90";
     const std::int64_t rows = number(*database, "Select Count(*)" + where);
     const std::int64_t codes = number(*database, "Select Count(Distinct CTeCodigo)" + where);
     const std::int64_t last =
         number(*database, "Select NumUltimo From genNumeradores Where NumNombre = 'Nuevos'");
-    const Counts counts = compared(*database, outcomes, records);
+    const Counts counts = compared(*database, outcomes.told, records);
     std::cout << counts.saved << " told as saved, " << counts.refused << " as refused, "
               << counts.unknown << " as not known, " << counts.wrong << " told wrongly; " << rows
-              << " rows, " << codes << " different codes, last code " << last << std::endl;
-    const bool good = counts.wrong == 0 && codes == rows && counts.saved > 0;
-    return good && (!steady || (counts.saved == records && last == records)) ? 0 : 1;
+              << " rows, " << codes << " different codes, last code " << last << ", at most "
+              << outcomes.sessions.most() << " sessions" << std::endl;
+    const bool good = counts.wrong == 0 && codes == rows && outcomes.sessions.isFlat(users);
+    if (!steady) return good && counts.saved >= records / 10 * 9 ? 0 : 1;
+    return good && counts.saved == records && last == records ? 0 : 1;
 }
 
 }  // namespace
 
 int newRecords(const std::vector<std::string>& connections, int records, int users, bool steady) {
-    auto* outcomes = static_cast<Told*>(sharedMemory(static_cast<std::size_t>(records)));
+    const Outcomes outcomes{static_cast<Told*>(sharedMemory(static_cast<std::size_t>(records))),
+                            shared<SessionCount>()};
     const auto start = std::chrono::steady_clock::now();
     std::vector<pid_t> processes;
     int first = 0;
@@ -121,7 +132,7 @@ int newRecords(const std::vector<std::string>& connections, int records, int use
     std::cout << users << " users, " << records << " new records in " << took.count() << " s, "
               << failed << " processes failed; " << std::flush;
     const int judged =
-        inProcess([&] { return judge(connections.front(), outcomes, records, steady); });
+        inProcess([&] { return judge(connections.front(), outcomes, records, users, steady); });
     return failed == 0 ? judged : 1;
 }
 

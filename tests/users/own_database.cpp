@@ -12,6 +12,7 @@
 #include "adapters/schema/schema.h"
 #include "adapters/sqlite/connection.h"
 #include "processes.h"
+#include "runtime/convert.h"
 #include "runtime/text.h"
 
 namespace catalogador::test {
@@ -83,6 +84,23 @@ std::unique_ptr<rdoConnection> connectTo(const std::string& connectionString, bo
     if (!connectionString.starts_with(filePrefix)) return OdbcConnection::open(connectionString);
     return sqlite::Connection::open(connectionString.substr(filePrefix.size()), {},
                                     free ? sqlite::Opening::created : sqlite::Opening::guarded);
+}
+
+int sessionsIn(rdoConnection& connection) {
+    std::string sql;
+    switch (connection.session()->dialect()) {
+        case Dialect::postgresql:
+            sql =
+                "Select Count(*) From pg_stat_activity Where datname = current_database() And "
+                "backend_type = 'client backend'";
+            break;
+        case Dialect::mariadb:
+            sql = "Select Count(*) From information_schema.processlist Where db = Database()";
+            break;
+        default:
+            return 0;
+    }
+    return toLong(connection.session()->query(sql).at(0).at(0), Regional{});
 }
 
 std::unique_ptr<OwnDatabase> OwnDatabase::create(const std::string& kind) {

@@ -12,6 +12,9 @@ namespace catalogador::test {
 /// somebody who may do anything with it.
 std::unique_ptr<rdoConnection> connectTo(const std::string& connectionString, bool free = false);
 
+/// How many sessions the server has in the connection's database; 0 for a file.
+int sessionsIn(rdoConnection& connection);
+
 /// An empty database of the given kind with the tables of the system and the views of these tests,
 /// gone with its owner. All of it is done by processes of their own, so that the owner may fork.
 class OwnDatabase {

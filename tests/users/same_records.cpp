@@ -27,6 +27,7 @@ struct Counts {
     std::atomic<long> wronglyTold;
     std::atomic<long> notOpened;
     std::atomic<long> unknown;
+    SessionCount sessions;
 };
 
 /// Adds 1 to the first value of the record, as a user who reads it on the screen.
@@ -79,6 +80,7 @@ int sameRecords(const std::vector<std::string>& connections, int seconds, int us
             desk.open(viewOfAll, [&](frmCatalogador& form) {
                 while (Clock::now() < end) addOne(desk, form, codes(random), counts);
             });
+            counts.sessions.look(desk.connection());
             return 0;
         }));
     int failed = 0;
@@ -93,11 +95,12 @@ int sameRecords(const std::vector<std::string>& connections, int seconds, int us
                   << " s: " << counts.saved << " saved, sum in the database " << sum << ", "
                   << counts.refused << " refused, " << counts.unknown << " not known, "
                   << counts.wronglyTold << " of them not told as they should, " << counts.notOpened
-                  << " not opened, " << failed << " processes failed" << std::endl;
+                  << " not opened, at most " << counts.sessions.most() << " sessions, " << failed
+                  << " processes failed" << std::endl;
         const bool good = failed == 0 && counts.saved > 0 && sum >= counts.saved &&
-                          sum <= counts.saved + counts.unknown;
-        const bool smooth = counts.wronglyTold == 0 && counts.notOpened == 0;
-        return good && (smooth || !steady) ? 0 : 1;
+                          sum <= counts.saved + counts.unknown && counts.wronglyTold == 0 &&
+                          counts.sessions.isFlat(users);
+        return good && (counts.notOpened == 0 || !steady) ? 0 : 1;
     });
 }
 

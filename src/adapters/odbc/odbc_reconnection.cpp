@@ -13,6 +13,7 @@ void OdbcSession::connect() {
     for (std::size_t tries = 1;; ++tries) {
         try {
             connectTo(hosts_.at(host_));
+            if (dialect_ == Dialect::mariadb) waitForOtherNodes();
             if (hosts_.size() > 1) requireReady();
             return;
         } catch (const RuntimeError&) {
@@ -62,7 +63,6 @@ void OdbcSession::awaitUnanswered() {
     const std::string id = std::exchange(unanswered_, {});
     const bool mariadb = dialect_ == Dialect::mariadb;
     if (id.empty()) return;
-    if (mariadb) waitForOtherNodes();
     if (host_ != unansweredHost_) return;
     const std::string sql =
         mariadb ? "SELECT 1 FROM information_schema.processlist WHERE command <> 'Sleep' AND id = "

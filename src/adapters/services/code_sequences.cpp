@@ -15,7 +15,7 @@ namespace {
 constexpr std::int32_t lastCode = std::numeric_limits<std::int32_t>::max();
 /// How often a draw is tried again when another client was faster.
 constexpr int maximumTries = 100;
-/// How often it is tried at all when the answer to its commit was lost.
+/// How often it is tried at all when the connection is lost on the way.
 constexpr int maximumTriesAfterLoss = 2;
 
 RuntimeError ambiguousName(const std::string& name) {
@@ -23,54 +23,73 @@ RuntimeError ambiguousName(const std::string& name) {
 }
 
 /// False when there is no row to update.
-bool updatesItsRow(rdoSession& session, const std::string& name, const std::string& sql) {
-    const std::int64_t touched = session.run(sql, {name});
+bool updatesItsRow(rdoSession& session, const std::string& name, const std::string& assignment) {
+    const std::int64_t touched =
+        session.run("UPDATE genNumeradores SET NumUltimo = " + assignment +
+                        " WHERE NumNombre = ? AND NumUltimo < " + decimalText(lastCode),
+                    {name});
     if (touched > 1) throw ambiguousName(name);
     return touched == 1;
 }
 
-/// Takes the next code in one statement that carries its value: a second one would not have to see
-/// the same row, as on a cluster whose nodes check each other's writes at the commit only.
 std::vector<std::vector<Variant>> takeNext(rdoSession& session, const std::string& name) {
-    const std::string condition = " WHERE NumNombre = ? AND NumUltimo < " + decimalText(lastCode);
-    switch (session.dialect()) {
-        case Dialect::postgresql:
-            return session.query("UPDATE genNumeradores SET NumUltimo = NumUltimo + 1" + condition +
-                                     " RETURNING NumUltimo",
-                                 {name});
-        case Dialect::mariadb:
-            if (!updatesItsRow(session, name,
-                               "UPDATE genNumeradores SET NumUltimo = LAST_INSERT_ID(NumUltimo + "
-                               "1)" +
-                                   condition))
-                return {};
-            return session.query("SELECT LAST_INSERT_ID()");
-        default:
-            // The update holds the row until the commit, in SQLite all rows, so what is read is
-            // what was written.
-            if (!updatesItsRow(session, name,
-                               "UPDATE genNumeradores SET NumUltimo = NumUltimo + 1" + condition))
-                return {};
-            return session.query("SELECT NumUltimo FROM genNumeradores WHERE NumNombre = ?",
-                                 {name});
-    }
+    if (session.dialect() == Dialect::postgresql)
+        return session.query(
+            "UPDATE genNumeradores SET NumUltimo = NumUltimo + 1 WHERE NumNombre = ? AND NumUltimo "
+            "< " +
+                decimalText(lastCode) + " RETURNING NumUltimo",
+            {name});
+    // The update holds the row until the commit, in SQLite all rows, so what is read is what was
+    // written.
+    if (!updatesItsRow(session, name, "NumUltimo + 1")) return {};
+    return session.query("SELECT NumUltimo FROM genNumeradores WHERE NumNombre = ?", {name});
 }
 
 std::optional<std::int32_t> drawInTransaction(rdoSession& session, const std::string& name) {
     std::optional<std::int32_t> code;
-    // A code that was drawn twice because the first answer was lost is left unused.
+    inTransaction(session, [&] {
+        const auto rows = takeNext(session, name);
+        code.reset();
+        if (rows.size() > 1) throw ambiguousName(name);
+        if (rows.size() == 1) code = toLong(rows.front().front(), Regional{});
+    });
+    return code;
+}
+
+/// To MariaDB another spelling is the same name, but not here.
+bool isNameOfSequence(rdoSession& session, const std::string& name) {
+    const auto rows =
+        session.query("SELECT NumNombre FROM genNumeradores WHERE NumNombre = ?", {name});
+    if (rows.size() > 1) throw ambiguousName(name);
+    return rows.size() == 1 && rows.front().front() == Variant(name);
+}
+
+/// In a statement that commits itself. When a cluster undoes a transaction while a query in it
+/// runs, its commit is answered all the same, and the other node hands out the same code.
+std::optional<std::int32_t> drawOfMariadb(rdoSession& session, const std::string& name) {
+    if (!isNameOfSequence(session, name)) return std::nullopt;
+    bool taken = false;
+    retryConflicts(session,
+                   [&] { taken = updatesItsRow(session, name, "LAST_INSERT_ID(NumUltimo + 1)"); });
+    if (!taken) return std::nullopt;
+    const auto rows = session.query("SELECT LAST_INSERT_ID()");
+    const std::int32_t code = toLong(rows.at(0).at(0), Regional{});
+    if (code > 0) return code;
+    throw RuntimeError(error_number::statementFailed,
+                       "The connection was lost before it told which code was drawn",
+                       ErrorCause::lost);
+}
+
+std::optional<std::int32_t> drawInSession(rdoSession& session, const std::string& name) {
+    const auto draw = session.dialect() == Dialect::mariadb ? drawOfMariadb : drawInTransaction;
+    // A code that was drawn on a connection that was lost since is left unused.
     for (int tries = 1;; ++tries) {
         try {
-            inTransaction(session, [&] {
-                const auto rows = takeNext(session, name);
-                code.reset();
-                if (rows.size() > 1) throw ambiguousName(name);
-                if (rows.size() == 1) code = toLong(rows.front().front(), Regional{});
-            });
-            return code;
+            return draw(session, name);
         } catch (const RuntimeError& error) {
-            if (error.cause() != ErrorCause::outcomeUnknown || tries == maximumTriesAfterLoss)
-                throw;
+            const bool lost = error.cause() == ErrorCause::outcomeUnknown ||
+                              (error.cause() == ErrorCause::lost && !session.inTransaction());
+            if (!lost || tries == maximumTriesAfterLoss) throw;
         }
     }
 }
@@ -86,10 +105,6 @@ std::optional<std::int32_t> drawByValue(rdoConnection& connection, const std::st
     rows->setValue("NumUltimo", last + 1);
     rows->Update();
     return last + 1;
-}
-
-bool isNameOfSequence(rdoConnection& connection, const std::string& name) {
-    return !rowsWhere(connection, {"genNumeradores", {"NumUltimo"}, {{"NumNombre", name}}}).empty();
 }
 
 /// What a draw that found no row to take a code from means.
@@ -119,12 +134,8 @@ std::optional<std::int32_t> drawByValues(rdoConnection& connection, const std::s
 
 std::int32_t drawCode(rdoConnection& connection, const std::string& name) {
     rdoSession* session = connection.session();
-    // To MariaDB another spelling is the same name, but not here.
-    if (session != nullptr && session->dialect() == Dialect::mariadb &&
-        !isNameOfSequence(connection, name))
-        throw nothingDrawn(connection, name);
     const auto code =
-        session != nullptr ? drawInTransaction(*session, name) : drawByValues(connection, name);
+        session != nullptr ? drawInSession(*session, name) : drawByValues(connection, name);
     if (!code) throw nothingDrawn(connection, name);
     return *code;
 }
