@@ -49,25 +49,19 @@ picture() {
         "png8:$pictures/$1.png"
 }
 
-# click_filter X: the funnel in the toolbar, this far from the left edge
-click_filter() {
-    xdotool mousemove --window "$window" "$1" 40 click 1
-    sleep 0.5
-}
-
 for icon in src/adapters/wx/icons/*.svg; do
     rsvg-convert --width 16 --height 16 "$icon" >"$pictures/icon-$(basename "$icon" .svg).png"
 done
 rm "$pictures/icon-18.png"
 
-for language in es:1:359 en:2:330; do
-    IFS=: read -r name number filter <<<"$language"
+for language in es:1 en:2 pt:3; do
+    IFS=: read -r name number <<<"$language"
     open_screen "$number"
     picture "screen-$name"
     press Down Down Down Return
     picture "edit-$name"
     press Escape
-    click_filter "$filter"
+    press ctrl+f
     xdotool type --delay 60 'peso*a'
     press Return
     xdotool mousemove 1270 890

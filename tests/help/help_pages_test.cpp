@@ -60,11 +60,12 @@ class TemporaryFolder {
 TEST(HelpPages, CommandThreeIsTheContentsInTheLanguageOfTheScreen) {
     EXPECT_EQ(pages().page(helpContents, 0, spanish).title, "Índice");
     EXPECT_EQ(pages().page(helpContents, 0, english).title, "Contents");
+    EXPECT_EQ(pages().page("keys.html", portuguese).title, "As teclas");
 }
 
-TEST(HelpPages, PortugueseReadersAndThoseOfAnUnknownLanguageGetSpanish) {
-    EXPECT_EQ(pages().page(helpContents, 0, portuguese).title, "Índice");
-    EXPECT_EQ(pages().page(helpContents, 0, 9).title, "Índice");
+TEST(HelpPages, ReadersOfAnUnknownLanguageGetSpanish) {
+    for (const int language : {0, 4, 9, -1})
+        EXPECT_EQ(pages().page("keys.html", language).title, "Las teclas") << language;
 }
 
 TEST(HelpPages, CommandFifteenIsThePageOfTheId) {

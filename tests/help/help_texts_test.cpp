@@ -69,9 +69,10 @@ std::set<std::string> marksOf(const std::string& html) {
 
 }  // namespace
 
-TEST(HelpFolders, EveryPageExistsInBothLanguages) {
+TEST(HelpFolders, EveryPageExistsInEveryLanguage) {
     const fs::path help(HELP_FOLDER);
     EXPECT_EQ(namesIn(help / "es"), namesIn(help / "en"));
+    EXPECT_EQ(namesIn(help / "es"), namesIn(help / "pt"));
     EXPECT_FALSE(namesIn(help / "es").empty());
 }
 
@@ -95,7 +96,7 @@ TEST(HelpFolders, EveryHelpIdOfTheDemonstrationHasAPage) {
 TEST(HelpFolders, PicturesAreAllUsedAndNoneIsHeavy) {
     const fs::path help(HELP_FOLDER);
     std::set<std::string> used;
-    for (const char* language : {"es", "en"})
+    for (const char* language : {"es", "en", "pt"})
         for (const std::string& name : namesIn(help / language))
             for (const std::string& image :
                  allBetween(textOf(help / language / name), "../images/", "\""))
@@ -165,6 +166,36 @@ TEST_P(HelpTexts, AcceleratorsAreThoseOfTheCatalogueBesideTheirAction) {
             EXPECT_TRUE(known.contains(letter)) << name << ": Ctrl+" << letter;
 }
 
+TEST_P(HelpTexts, TheKeyListHasTheToolbarsCommandsAndTheKeysThatNoCaptionTells) {
+    const auto texts = catalogue();
+    const std::string keys = textOf(folder() / "keys.html");
+    const bool spanish = GetParam().number == 1;
+    const std::pair<std::string, const char*> commands[] = {
+        {"Ctrl+F", "1232"},
+        {"Ctrl+P", "1241"},
+        {spanish ? "Ctrl+Mayús+S" : "Ctrl+Shift+S", "1237"}};
+    for (const auto& [key, caption] : commands) {
+        const std::string name = replaceText(texts.at(caption), "&", "", Compare::binary);
+        const std::size_t row = keys.find("<kbd>" + key + "</kbd>");
+        ASSERT_NE(row, std::string::npos) << key;
+        const std::string rest = keys.substr(row, keys.find("</tr>", row) - row);
+        EXPECT_NE(rest.find("<b>" + name + "</b>"), std::string::npos) << rest;
+    }
+    for (const std::string key :
+         {"F1", "F2", "F4", "F5", "F6", "F10", "Esc", "A", "Z", "Ctrl+C", "Ctrl+Z", "Alt+↓",
+          spanish ? "Ctrl+Mayús+C" : "Ctrl+Shift+C", spanish ? "Mayús+F10" : "Shift+F10"})
+        EXPECT_NE(keys.find("<kbd>" + key + "</kbd>"), std::string::npos) << key;
+}
+
+TEST_P(HelpTexts, EveryPageHasTheKeysPicturesAndLinksOfTheSpanishOne) {
+    const fs::path spanish = fs::path(HELP_FOLDER) / "es";
+    for (const std::string& name : namesIn(folder()))
+        for (const char* mark : {"<tr", "<li", "<h3", "<img", "<a href"})
+            EXPECT_EQ(allBetween(textOf(folder() / name), mark, ">").size(),
+                      allBetween(textOf(spanish / name), mark, ">").size())
+                << name << ": " << mark;
+}
+
 TEST_P(HelpTexts, PagesUseOnlyMarksThatTheViewerKnows) {
     const std::set<std::string> known{
         "!DOCTYPE", "html", "head", "meta",  "title", "body",  "p",     "h3",     "ul",
@@ -179,7 +210,8 @@ TEST_P(HelpTexts, PagesUseOnlyMarksThatTheViewerKnows) {
 
 INSTANTIATE_TEST_SUITE_P(Languages, HelpTexts,
                          ::testing::Values(Language{1, "es", "LNG_QTX_001"},
-                                           Language{2, "en", "LNG_QTX_002"}),
+                                           Language{2, "en", "LNG_QTX_002"},
+                                           Language{3, "pt", "LNG_QTX_003"}),
                          [](const auto& tested) { return std::string(tested.param.folder); });
 
 }  // namespace catalogador

@@ -1,5 +1,6 @@
 #include "adapters/help/help_pages.h"
 
+#include <array>
 #include <fstream>
 #include <iterator>
 #include <sstream>
@@ -14,7 +15,8 @@ namespace {
 
 constexpr const char* contentsPage = "index.html";
 constexpr const char* unknownIdPage = "unknown.html";
-constexpr int english = 2;
+/// Those of the languages by their numbers, from 1.
+constexpr std::array<const char*, 3> languageFolders{"es", "en", "pt"};
 
 std::string readText(const std::filesystem::path& file) {
     std::ifstream stream(file, std::ios::binary);
@@ -69,8 +71,8 @@ HelpPages::HelpPages(std::filesystem::path folder) : folder_(std::move(folder)) 
 }
 
 std::filesystem::path HelpPages::folderOf(int language) const {
-    // Those who work in Portuguese read Spanish better than English.
-    return folder_ / (language == english ? "en" : "es");
+    const auto index = static_cast<std::size_t>(language - 1);
+    return folder_ / (index < languageFolders.size() ? languageFolders[index] : "es");
 }
 
 HelpPage HelpPages::page(const std::string& link, int language) const {
