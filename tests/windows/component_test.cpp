@@ -1,6 +1,5 @@
-#include <iostream>
-
 #include "adapters/com/com_api.h"
+#include "adapters/com/late_bound_object.h"
 #include "adapters/desk/wide_text.h"
 #include "host_process.h"
 #include "hosted.h"
@@ -10,44 +9,6 @@ namespace catalogador::test {
 namespace {
 
 using namespace member_id;
-
-/// An exported function of the component's library.
-template <class Function>
-Function exported(const char* name) {
-    static const HMODULE library = LoadLibraryW(L"vemCatalogador.dll");
-    return reinterpret_cast<Function>(reinterpret_cast<void*>(GetProcAddress(library, name)));
-}
-
-HRESULT canUnload() {
-    return exported<HRESULT(WINAPI*)()>("DllCanUnloadNow")();
-}
-
-struct Usage {
-    std::size_t memory;
-    ULONG_PTR handle;
-};
-
-/// Bytes that are in use on the heaps of this process.
-std::size_t memoryInUse() {
-    std::vector<HANDLE> heaps(GetProcessHeaps(0, nullptr));
-    GetProcessHeaps(static_cast<DWORD>(heaps.size()), heaps.data());
-    std::size_t used = 0;
-    for (const HANDLE heap : heaps) {
-        HeapLock(heap);
-        PROCESS_HEAP_ENTRY entry{};
-        while (HeapWalk(heap, &entry) != 0)
-            if ((entry.wFlags & PROCESS_HEAP_ENTRY_BUSY) != 0) used += entry.cbData;
-        HeapUnlock(heap);
-    }
-    return used;
-}
-
-/// The number that the system gives out next: it takes the lowest that is free.
-ULONG_PTR nextHandle() {
-    const HANDLE event = CreateEventW(nullptr, FALSE, FALSE, nullptr);
-    CloseHandle(event);
-    return reinterpret_cast<ULONG_PTR>(event);
-}
 
 class Component : public testing::Test {
   protected:
@@ -300,123 +261,6 @@ TEST_F(Component, ErrorsOfAConnectionAreShownAndLeaveTheResult) {
     ASSERT_EQ(texts.size(), 2U);
     EXPECT_NE(texts[0].find("The connection is not open"), std::string::npos) << texts[0];
     EXPECT_NE(texts[0].find("Aceptar"), std::string::npos) << texts[0];
-}
-
-TEST(Creation, GivesTheBoxesTheLanguageOfTheTextsBeforeTheFirstScreen) {
-    const Apartment apartment;
-    const auto firstBox = [] {
-        const auto component = createdComponent();
-        DemoConnection connection;
-        component->putref_Coneccion(connection.object().get());
-        connection.object().call(L"Close");
-        BoxCloser boxes;
-        SHORT view = 5;
-        LONG code = 0;
-        BSTR none = nullptr;
-        VARIANT_BOOL shown = VARIANT_TRUE;
-        EXPECT_EQ(component->ActivarABM(&view, &code, &none, &shown), S_OK);
-        const auto texts = boxes.texts();
-        return texts.empty() ? std::string() : texts.front();
-    };
-    EXPECT_NE(firstBox().find("Aceptar"), std::string::npos);
-    {
-        const SettingsFile english("[VEM04]\nIdioma=2\n");
-        EXPECT_EQ(firstBox().find("Aceptar"), std::string::npos);
-    }
-    EXPECT_NE(firstBox().find("Aceptar"), std::string::npos);
-}
-
-TEST(Creation, AThousandObjectsLeaveNothingBehind) {
-    const Apartment apartment;
-    DemoConnection connection;
-    const auto usage = [] { return Usage{memoryInUse(), nextHandle()}; };
-    const auto rounds = [&](int count) {
-        for (int round = 0; round < count; ++round) {
-            const auto component = createdComponent();
-            component->putref_Coneccion(connection.object().get());
-            BSTR key = newText("VEM04");
-            component->put_AppKey(key);
-            SysFreeString(key);
-            SHORT view = 0;
-            LONG code = 0;
-            BSTR none = nullptr;
-            VARIANT_BOOL shown = VARIANT_TRUE;
-            ASSERT_EQ(component->ActivarABM(&view, &code, &none, &shown), S_OK);
-            SHORT target = 1;
-            BSTR sequence = newText("x");
-            BSTR known = newText("AD");
-            BYTE result = 9;
-            ASSERT_EQ(component->AddNew(&target, &sequence, &known, &result), S_OK);
-            ASSERT_EQ(result, 0);
-            SysFreeString(sequence);
-            SysFreeString(known);
-        }
-    };
-    rounds(200);
-    const auto before = usage();
-    rounds(1000);
-    const auto after = usage();
-    EXPECT_EQ(canUnload(), S_OK);
-    constexpr std::size_t slack = 64 * 1024;
-    constexpr ULONG_PTR handles = 10 * sizeof(ULONG);
-    EXPECT_GT(before.memory, 0U);
-    EXPECT_LE(after.memory, before.memory + slack);
-    EXPECT_LE(after.handle, before.handle + handles);
-    std::cout << "memory " << before.memory << " -> " << after.memory << ", handle "
-              << before.handle << " -> " << after.handle << "\n";
-}
-
-TEST(Creation, ASecondApartmentHasObjectsOfItsOwn) {
-    const Apartment apartment;
-    const auto here = createdComponent();
-    std::thread([] {
-        const Apartment other;
-        const auto there = createdComponent();
-        SHORT view = 0;
-        LONG code = 0;
-        BSTR none = nullptr;
-        VARIANT_BOOL shown = VARIANT_TRUE;
-        EXPECT_EQ(there->ActivarABM(&view, &code, &none, &shown), S_OK);
-    }).join();
-    LONG code = -1;
-    EXPECT_EQ(here->get_IDModificado(&code), S_OK);
-    EXPECT_EQ(code, 0);
-}
-
-TEST(Creation, IsRefusedWithTheStatedErrorWhenTheTextsAreMissing) {
-    const Apartment apartment;
-    ASSERT_EQ(RegRenameKey(HKEY_CLASSES_ROOT, L"LNG_QTX_001.clsResources", L"LNG_hidden"), 0);
-    BoxCloser boxes;
-    ComPtr<_clsCatalogador> component;
-    const HRESULT result = CoCreateInstance(CLSID_clsCatalogador, nullptr, CLSCTX_INPROC_SERVER,
-                                            IID__clsCatalogador, component.putVoid());
-    ComPtr<IErrorInfo> info;
-    const HRESULT told = GetErrorInfo(0, info.put());
-    RegRenameKey(HKEY_CLASSES_ROOT, L"LNG_hidden", L"LNG_QTX_001.clsResources");
-    EXPECT_EQ(result, resultOf(9000));
-    EXPECT_FALSE(component);
-    ASSERT_EQ(told, S_OK);
-    BSTR source = nullptr;
-    BSTR description = nullptr;
-    info->GetSource(&source);
-    info->GetDescription(&description);
-    EXPECT_EQ(textOf(source), "ObjetoLenguaje");
-    EXPECT_EQ(textOf(description), "Falta componente de lenguaje.");
-    SysFreeString(source);
-    SysFreeString(description);
-    const auto texts = boxes.texts();
-    ASSERT_EQ(texts.size(), 1U);
-    EXPECT_NE(texts[0].find("Falta el componente de idioma: LNG_QTX_001.dll"), std::string::npos)
-        << texts[0];
-    EXPECT_NE(texts[0].find("Se finalizará la ejecución de la aplicación."), std::string::npos);
-    EXPECT_EQ(canUnload(), S_OK);
-}
-
-TEST(Creation, LeavesTheHostsProcessAsItWas) {
-    const Apartment apartment;
-    const ProcessSettings before = processSettings();
-    createdComponent();
-    EXPECT_EQ(processSettings(), before);
 }
 
 TEST(ClassObject, IsGivenForTheOneClassAndMakesNoPartsOfOthers) {

@@ -167,6 +167,27 @@ void BoxCloser::run() {
     }
 }
 
+HRESULT canUnload() {
+    return exported<HRESULT(WINAPI*)()>("DllCanUnloadNow")();
+}
+
+std::string boxOfAClosedConnection() {
+    const auto component = createdComponent();
+    DemoConnection connection;
+    component->putref_Coneccion(connection.object().get());
+    connection.object().call(L"Close");
+    BoxCloser boxes;
+    SHORT view = 5;
+    LONG code = 0;
+    BSTR none = nullptr;
+    VARIANT_BOOL shown = VARIANT_TRUE;
+    EXPECT_EQ(component->ActivarABM(&view, &code, &none, &shown), S_OK);
+    EXPECT_EQ(shown, VARIANT_FALSE);
+    const auto texts = boxes.texts();
+    EXPECT_EQ(texts.size(), 1U);
+    return texts.empty() ? std::string() : texts.front();
+}
+
 SettingsFile::SettingsFile(const std::string& content)
     : file_(configurationFolder() / "catalogador" / "catalogador.ini") {
     std::filesystem::create_directories(file_.parent_path());

@@ -75,6 +75,19 @@ class BoxCloser {
     std::thread thread_;
 };
 
+/// An exported function of the component's library.
+template <class Function>
+Function exported(const char* name) {
+    static const HMODULE library = LoadLibraryW(L"vemCatalogador.dll");
+    return reinterpret_cast<Function>(reinterpret_cast<void*>(GetProcAddress(library, name)));
+}
+
+/// What the component's library says of going.
+HRESULT canUnload();
+
+/// The texts of the one box that a new object shows for a connection that was closed.
+std::string boxOfAClosedConnection();
+
 /// The settings of this user while it lives.
 class SettingsFile {
   public:

@@ -241,28 +241,14 @@ TEST_F(Screen, GoesOnWithItsConnectionWhenTheHostLetsGoOfItMeanwhile) {
 
 TEST_F(Screen, HasBoxesInTheLanguageOfTheLastCreation) {
     EXPECT_TRUE(activate([](HWND) {}));
-    const auto labelsOfBox = [&] {
-        const auto component = createdComponent();
-        DemoConnection connection;
-        component->putref_Coneccion(connection.object().get());
-        connection.object().call(L"Close");
-        BoxCloser boxes;
-        SHORT view = 5;
-        LONG code = 0;
-        BSTR none = nullptr;
-        VARIANT_BOOL shown = VARIANT_TRUE;
-        EXPECT_EQ(component->ActivarABM(&view, &code, &none, &shown), S_OK);
-        const auto texts = boxes.texts();
-        return texts.empty() ? std::string() : texts.front();
-    };
-    EXPECT_NE(labelsOfBox().find("Aceptar"), std::string::npos);
+    EXPECT_NE(boxOfAClosedConnection().find("Aceptar"), std::string::npos);
     {
         const SettingsFile english("[VEM04]\nIdioma=2\n");
-        const std::string labels = labelsOfBox();
+        const std::string labels = boxOfAClosedConnection();
         EXPECT_EQ(labels.find("Aceptar"), std::string::npos) << labels;
         EXPECT_NE(labels.find("OK"), std::string::npos) << labels;
     }
-    EXPECT_NE(labelsOfBox().find("Aceptar"), std::string::npos);
+    EXPECT_NE(boxOfAClosedConnection().find("Aceptar"), std::string::npos);
 }
 
 }  // namespace
