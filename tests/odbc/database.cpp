@@ -67,13 +67,7 @@ TypeNames RdoTest::types() const {
 std::unique_ptr<TestedConnection> RdoTest::connect(const Timeouts& timeouts,
                                                    const odbc::Defences& defences,
                                                    const std::string& options) const {
-    if (GetParam().guarded) {
-        auto native =
-            std::make_unique<TestedConnection>(sqlite::Connection::open(file_.path(), timeouts));
-        native->makeTablesBy(
-            sqlite::Connection::open(file_.path(), timeouts, sqlite::Opening::unguarded));
-        return native;
-    }
+    if (GetParam().guarded) return connectFile(timeouts, sqlite::Opening::guarded);
     const std::shared_ptr<OdbcConnection> odbc =
         OdbcConnection::open(connectionString_ + options, timeouts, defences);
 #ifdef _WIN32
@@ -84,6 +78,15 @@ std::unique_ptr<TestedConnection> RdoTest::connect(const Timeouts& timeouts,
     }
 #endif
     return std::make_unique<TestedConnection>(odbc);
+}
+
+std::unique_ptr<TestedConnection> RdoTest::connectFile(const Timeouts& timeouts,
+                                                       sqlite::Opening opening) const {
+    auto native = std::make_unique<TestedConnection>(
+        sqlite::Connection::open(file_.path(), timeouts, opening));
+    native->makeTablesBy(
+        sqlite::Connection::open(file_.path(), timeouts, sqlite::Opening::unguarded));
+    return native;
 }
 
 void RdoTest::create(const std::string& columns, const std::vector<std::string>& rows) {

@@ -87,6 +87,9 @@ class RdoTest : public testing::TestWithParam<DatabaseKind> {
     [[nodiscard]] std::unique_ptr<TestedConnection> connect(const Timeouts& timeouts = {},
                                                             const odbc::Defences& defences = {},
                                                             const std::string& options = {}) const;
+    /// Of a database that is a file without a driver.
+    [[nodiscard]] std::unique_ptr<TestedConnection> connectFile(const Timeouts& timeouts,
+                                                                sqlite::Opening opening) const;
     /// Creates a table with these columns and fills it with these value lists.
     void create(const std::string& columns, const std::vector<std::string>& rows = {});
     std::vector<std::vector<Variant>> all(const std::string& order = "1");

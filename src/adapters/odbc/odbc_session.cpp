@@ -183,10 +183,11 @@ OdbcHandle OdbcSession::executeOnce(const std::string& text,
     SQLSetStmtAttr(statement.get(), SQL_ATTR_NOSCAN, attributeValue(SQL_NOSCAN_ON), 0);
     BoundParameters bound(statement, parameters);
     if (protocol == Protocol::oneCommand) {
-        statement.check(prepareText(statement.get(), text));
+        // A server may work on a statement while it prepares it already.
+        statement.check(watched(statement, [&] { return prepareText(statement.get(), text); }));
         requireRows(statement, text);
     }
-    const SQLRETURN result = runWatched(statement, text, protocol);
+    const SQLRETURN result = watched(statement, [&] { return runText(statement, text, protocol); });
     statement.check(result);
     if (warnings != nullptr && result == SQL_SUCCESS_WITH_INFO) *warnings = statement.diagnostics();
     return statement;

@@ -126,8 +126,9 @@ class OdbcSession : public SqlSession, public rdoPlanner {
     void requireRows(const OdbcHandle& statement, const std::string& text) const;
     /// Several commands of the program's own at once.
     void command(const std::string& text);
-    [[nodiscard]] SQLRETURN runWatched(const OdbcHandle& statement, const std::string& text,
-                                       Protocol protocol);
+    /// What `run` gives, which is stopped when it outlives the limit.
+    [[nodiscard]] SQLRETURN watched(const OdbcHandle& statement,
+                                    const std::function<SQLRETURN()>& run);
     /// Stops a statement that another thread is executing.
     void cancel(const OdbcHandle& statement) const;
     void endSession() const;
@@ -170,6 +171,8 @@ class OdbcSession : public SqlSession, public rdoPlanner {
     FairTurns turns_{std::chrono::milliseconds(11)};
     /// What the session was last set to; nothing for how it was opened.
     std::optional<odbc::Access> access_;
+    /// What is checked is to be asked for by somebody with fewer rights than the user.
+    bool asReader_ = false;
     /// sql_mode and character set for which the syntax holds.
     std::string mariadbState_;
     /// The statement that is being executed holds data.

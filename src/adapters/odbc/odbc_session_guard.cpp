@@ -45,8 +45,9 @@ void OdbcSession::preparePostgresql() {
         return;
     }
     const std::string settings = odbc::postgresqlSettings(timeouts_);
-    process_ =
-        toTextOrEmpty(rowsOf(executeOnce(settings, {}, nullptr), "").at(0).at(0), Regional{});
+    const auto row = rowsOf(executeOnce(settings, {}, nullptr), "").at(0);
+    process_ = toTextOrEmpty(row.at(0), Regional{});
+    asReader_ = toTextOrEmpty(row.at(1), Regional{}) == "1";
 }
 
 void OdbcSession::prepareMariadb() {
@@ -96,6 +97,12 @@ void OdbcSession::setAccess(odbc::Access access) {
 OdbcHandle OdbcSession::executeWithData(const std::string& text) {
     if (!guarded()) return executeOnce(text, {}, nullptr);
     if (dialect_ == Dialect::postgresql && transactions_ == 0) return executeInReading(text);
+    if (dialect_ == Dialect::sqlite) {
+        const std::string_view function = odbc::reachingFunction(text);
+        if (!function.empty())
+            throw RuntimeError(error_number::statementFailed,
+                               "A check may not name the function " + std::string(function));
+    }
     if (dialect_ == Dialect::mariadb) {
         const std::string before = mariadbState_;
         readMariadbState();
@@ -107,7 +114,7 @@ OdbcHandle OdbcSession::executeWithData(const std::string& text) {
 }
 
 OdbcHandle OdbcSession::executeInReading(const std::string& text) {
-    command("BEGIN READ ONLY; SET LOCAL standard_conforming_strings = on");
+    command(odbc::postgresqlCheck(asReader_));
     try {
         // A driver that sees two commands sends them both; it looks for nothing but this.
         if (text.find(';') != std::string::npos)
@@ -141,14 +148,13 @@ void OdbcSession::command(const std::string& text) {
     }
 }
 
-SQLRETURN OdbcSession::runWatched(const OdbcHandle& statement, const std::string& text,
-                                  Protocol protocol) {
+SQLRETURN OdbcSession::watched(const OdbcHandle& statement, const std::function<SQLRETURN()>& run) {
     using Outcome = odbc::StatementWatch::Outcome;
     outlived_ = false;
-    if (borrowed_ || timeouts_.statement.count() <= 0) return runText(statement, text, protocol);
+    if (borrowed_ || timeouts_.statement.count() <= 0) return run();
     watch_.begin(timeouts_.statement + grace, patience,
                  {[&] { cancel(statement); }, [this] { endSession(); }});
-    const SQLRETURN result = runText(statement, text, protocol);
+    const SQLRETURN result = run();
     const Outcome outcome = watch_.end();
     if (outcome == Outcome::inTime) return result;
     outlived_ = true;

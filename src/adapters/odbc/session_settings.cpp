@@ -28,10 +28,22 @@ std::string accessStatement(Dialect dialect, Access access) {
 }
 
 std::string postgresqlSettings(const Timeouts& timeouts) {
-    return "SELECT pg_backend_pid(), set_config('standard_conforming_strings', 'on', false), "
+    return "SELECT pg_backend_pid(), CASE WHEN EXISTS (SELECT 1 FROM pg_roles WHERE rolname = "
+           "'pg_read_all_data') AND (SELECT rolsuper FROM pg_roles WHERE rolname = current_user) "
+           "THEN 1 ELSE 0 END, set_config('standard_conforming_strings', 'on', false), "
            "set_config('lock_timeout', '" +
            decimalText(timeouts.lock.count()) + "', false), set_config('statement_timeout', '" +
            decimalText(timeouts.statement.count()) + "', false)";
+}
+
+std::string postgresqlCheck(bool asReader) {
+    std::string begin = "BEGIN READ ONLY; SET LOCAL standard_conforming_strings = on";
+    // The tables stay those of the user, who may have a schema of the same name.
+    if (asReader)
+        begin +=
+            "; SELECT set_config('search_path', coalesce((SELECT string_agg(quote_ident(s), ', ') "
+            "FROM unnest(current_schemas(false)) s), ''), true); SET LOCAL ROLE pg_read_all_data";
+    return begin;
 }
 
 std::string mariadbSettings(const Timeouts& timeouts) {
@@ -81,6 +93,17 @@ SqlSyntax mariadbSyntax(const std::string& mode, const std::string& characterSet
     syntax.serverVersion = versionNumber(version);
     syntax.unknown = !readsByteByByte(characterSet);
     return syntax;
+}
+
+std::string_view reachingFunction(std::string_view sql) {
+    constexpr std::array<std::string_view, 7> functions{
+        "load_extension", "blob_export", "blob_import",    "readfile",
+        "writefile",      "import_sql",  "fts3_tokenizer",
+    };
+    // No name can be written in another way, so that the text alone tells, however it is read.
+    for (const std::string_view function : functions)
+        if (containsText(sql, function, Compare::text)) return function;
+    return {};
 }
 
 std::string endSessionStatement(Dialect dialect, const std::string& number) {

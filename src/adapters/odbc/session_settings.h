@@ -1,6 +1,7 @@
 #pragma once
 #include <chrono>
 #include <string>
+#include <string_view>
 
 #include "adapters/sql/sql_tokens.h"
 #include "adapters/sql/timeouts.h"
@@ -11,12 +12,20 @@ namespace catalogador::odbc {
 /// What the transactions that begin next in a session may do.
 enum class Access { reading, writing };
 
+/// A function of SQLite's driver, or of SQLite, that reaches for files or loads code, which the
+/// statement names; empty for none.
+std::string_view reachingFunction(std::string_view sql);
+
 /// The statement that sets it; empty for a database that is not known.
 std::string accessStatement(Dialect dialect, Access access);
 
 /// Sets how the server reads texts, and how long it waits and works. A query, whose first column
-/// is the number by which the server knows the session.
+/// is the number by which the server knows the session, and the second 1 when its user is an
+/// administrator who can become one that only reads tables.
 std::string postgresqlSettings(const Timeouts& timeouts);
+/// Begins the transaction of a statement with data in PostgreSQL; `asReader` has an administrator
+/// only read tables there.
+std::string postgresqlCheck(bool asReader);
 /// The same of MariaDB, in two: what is set, and the query.
 std::string mariadbSettings(const Timeouts& timeouts);
 /// Number of the session, sql_mode, character set of statements, version.
