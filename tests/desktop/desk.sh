@@ -7,6 +7,8 @@ program=$1
 demo=$2
 # Pictures of the window go there, for people to look at.
 pictures=$3
+# Prints a colour of the desktop.
+system_colour=$4
 
 . "$(dirname "${BASH_SOURCE[0]}")/../../packaging/virtual_display.sh"
 own_display=""

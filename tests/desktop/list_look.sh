@@ -31,6 +31,8 @@ case $line in
     *) fail "no line of one pixel is below the selected row: $line" ;;
 esac
 shadow=${line#1 }
+[ "$shadow" = "$("$system_colour")" ] ||
+    fail "lines are drawn in $shadow, the desktop's shadows in $("$system_colour")"
 below=$(runs $((grid_left + 3)) | grep -c "^1 $shadow")
 [ "$below" -gt 2 ] || fail "the line below the selected row has a colour of its own"
 

@@ -15,6 +15,8 @@ struct BoxLabels {
     std::string questionKind{};
     std::string noticeKind{};
     std::string errorKind{};
+    /// Asks whether the file "[p]" may be replaced.
+    std::string replaceFile{};
 };
 /// Those of the language of that number; of a number that no language has, the Spanish ones.
 BoxLabels boxLabels(std::int16_t language);

@@ -35,6 +35,14 @@ wxString withExtension(const wxString& path, const SaveDialog& dialog, int filte
     return path + wxText(mask.substr(dot));
 }
 
+bool mayReplace(wxWindow* parent, const BoxLabels& labels, const std::string& title,
+                const wxString& file) {
+    constexpr int question = questionIcon | yesNoButtons | secondButtonDefault;
+    const std::string text =
+        replaceText(labels.replaceFile, "[p]", utf8Text(file), Compare::binary);
+    return showMessageBox(parent, labels, text, question, title, {}) == answerYes;
+}
+
 }  // namespace
 
 int showMessageBox(wxWindow* parent, const BoxLabels& labels, const std::string& text, int style,
@@ -66,19 +74,19 @@ void showErrorBox(wxWindow* parent, const BoxLabels& labels, const ErrorNotice& 
     wx::showBox(parent, content, {});
 }
 
-std::optional<SaveChoice> showSaveDialog(wxWindow* parent, const SaveDialog& dialog) {
-    long flags = wxFD_SAVE;
+std::optional<SaveChoice> showSaveDialog(wxWindow* parent, const BoxLabels& labels,
+                                         const SaveDialog& dialog) {
     const bool asks = (dialog.flags & promptBeforeOverwriting) != 0;
-    if (asks) flags |= wxFD_OVERWRITE_PROMPT;
     const std::string file = replaceText(dialog.file, "/", "-", Compare::binary);
     wxFileDialog box(parent, wxText(dialog.title), wxText(dialog.folder), wxText(file),
-                     wxText(dialog.filter), flags);
+                     wxText(dialog.filter), wxFD_SAVE);
+    // The dialog itself would ask about the name that was typed, which may lack its extension.
     while (box.ShowModal() == wxID_OK) {
-        const wxString complete = withExtension(box.GetPath(), dialog, box.GetFilterIndex());
-        if (!asks || complete == box.GetPath() || !wxFileExists(complete))
-            return SaveChoice{utf8Text(complete), box.GetFilterIndex() + 1};
-        // The dialog has asked about the name without its extension; it has to ask about this one.
-        box.SetPath(complete);
+        const wxString path = withExtension(box.GetPath(), dialog, box.GetFilterIndex());
+        if (!asks || !wxFileExists(path) ||
+            mayReplace(parent, labels, dialog.title, wxFileName(path).GetFullName()))
+            return SaveChoice{utf8Text(path), box.GetFilterIndex() + 1};
+        box.SetPath(path);
     }
     return std::nullopt;
 }

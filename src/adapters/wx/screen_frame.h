@@ -131,6 +131,8 @@ class ScreenFrame : public wxFrame {
 int showMessageBox(wxWindow* parent, const BoxLabels& labels, const std::string& text, int style,
                    const std::string& title, const wxRect& seen);
 void showErrorBox(wxWindow* parent, const BoxLabels& labels, const ErrorNotice& error);
-std::optional<SaveChoice> showSaveDialog(wxWindow* parent, const SaveDialog& dialog);
+/// Asks before a file is replaced where the dialog's flags say so; No shows the dialog again.
+std::optional<SaveChoice> showSaveDialog(wxWindow* parent, const BoxLabels& labels,
+                                         const SaveDialog& dialog);
 
 }  // namespace catalogador

@@ -251,7 +251,7 @@ void WxSurface::errorBox(const ErrorNotice& error) {
 
 std::optional<SaveChoice> WxSurface::saveDialog(const SaveDialog& dialog) {
     syncAll();
-    return showSaveDialog(topFrame(), dialog);
+    return showSaveDialog(topFrame(), labels_, dialog);
 }
 
 void WxSurface::showMenu(Window& window, const Menu& menu) {
