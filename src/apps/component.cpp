@@ -37,14 +37,17 @@ std::int16_t configuredLanguage(const Services& services) {
 
 }  // namespace
 
+std::string userOf(const Options& options) {
+    return options.user.empty() ? systemUser() : options.user;
+}
+
 Services servicesOf(const Options& options, HelpViewer help) {
     Services services;
     services.regional = regionalOf(options.locale);
     services.utilities =
         std::make_unique<Utilities>(Settings(Settings::defaultFile(), settingsOf(options)),
                                     services.regional, programFolder(), std::move(help));
-    services.access =
-        std::make_unique<TableAccessLibrary>(options.user.empty() ? systemUser() : options.user);
+    services.access = std::make_unique<TableAccessLibrary>(userOf(options));
     services.languages = std::make_unique<CatalogueLanguages>(
         options.messages.empty() ? languagesFolder() : options.messages);
     services.language = options.language.value_or(configuredLanguage(services));

@@ -23,6 +23,8 @@ struct Services {
 /// Shows help over a window; the arguments of clsUtilidades::MostrarAyuda.
 using HelpViewer = std::function<void(Window& window, int command, std::int32_t data)>;
 
+/// Who works with the screen: the one that the options name, else who runs the program.
+std::string userOf(const Options& options);
 /// Without `help` a call for help is an error. Raises RuntimeError for a locale that is not known.
 Services servicesOf(const Options& options, HelpViewer help = nullptr);
 

@@ -3,6 +3,7 @@
 #include "adapters/export/grid_file_writer.h"
 #include "adapters/script/scripted_services.h"
 #include "adapters/script/traced_surface.h"
+#include "adapters/services/window_sizes.h"
 #include "apps/commands.h"
 #include "apps/component.h"
 #include "apps/connections.h"
@@ -20,6 +21,7 @@ int openCommand(const Options& options) {
             screen->showHelp(window, command, data);
         });
     screen = realScreen(services.language);
+    if (!options.fresh) screen->rememberSizes(windowMemoryOf(userOf(options)));
     Transcript transcript(std::cout, options.trace);
     TranscriptStatements statements(transcript);
     if (options.trace) connection->setListener(&statements);

@@ -132,6 +132,10 @@ void addCommands(CLI::App& app, Options& options) {
     CLI::App* run = command("run", "Plays a screen script and prints what happens", Command::run);
     CLI::App* open = command("open", "Opens the maintenance screen", Command::open);
     CLI::App* add = command("add", "Adds a text to a view without a screen", Command::add);
+    for (CLI::App* shown : {run, open})
+        shown->add_flag("--fresh", options.fresh,
+                        "Windows have the size of their design, not the one that their user gave "
+                        "them, as they always have under a script");
     for (CLI::App* hosted : {run, open, add}) {
         addConnection(*hosted, options);
         addHost(*hosted, options);

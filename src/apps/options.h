@@ -49,6 +49,8 @@ struct Options {
     /// Empty for the environment's.
     std::string locale;
     bool trace = false;
+    /// Windows have the size that they are designed with.
+    bool fresh = false;
 
     std::string surface = "script";
     /// "-" is the standard input.

@@ -4,6 +4,7 @@
 
 #include "adapters/script/screen.h"
 #include "platform/printing/printer.h"
+#include "platform/window_memory.h"
 
 namespace catalogador {
 
@@ -11,6 +12,8 @@ namespace catalogador {
 class RealScreen : public PlayedScreen {
   public:
     [[nodiscard]] virtual Printer& printer() = 0;
+    /// Windows that a user works with get the size that this remembers of them.
+    virtual void rememberSizes(WindowMemory memory) = 0;
     /// Shows help over a window: command 3 the contents, 15 the page of the id in `data`. Raises
     /// RuntimeError when there is none.
     virtual void showHelp(Window& window, int command, std::int32_t data) = 0;

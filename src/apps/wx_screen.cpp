@@ -38,6 +38,7 @@ class WxScreen : public RealScreen {
         return surface_.differences(window);
     }
 
+    void rememberSizes(WindowMemory memory) override { surface_.rememberSizes(std::move(memory)); }
     [[nodiscard]] Printer& printer() override { return printer_; }
 
     void showHelp(Window& window, int command, std::int32_t data) override {

@@ -128,6 +128,10 @@ void frmCatalogador::showModal() {
     requestClose();
 }
 
+std::string frmCatalogador::memoryName() const {
+    return decimalText(mlngIdVista);
+}
+
 int frmCatalogador::kindOf(const std::string& tag) {
     // No kind is that large; what the metadata says may be.
     constexpr double largest = 1.0e6;

@@ -83,6 +83,7 @@ class frmCatalogador : public Window {
     [[nodiscard]] const std::string& thousandsSeparator() const { return mstrSeparadorMiles; }
     [[nodiscard]] bool filterInputOpen() const { return mblnFiltroAbierto; }
     [[nodiscard]] std::string statusText() const override;
+    [[nodiscard]] std::string memoryName() const override;
     [[nodiscard]] std::string emptyListText() const override;
 
     /// Loads the form, shows it and returns when the user has closed it.

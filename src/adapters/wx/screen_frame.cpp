@@ -295,6 +295,8 @@ void ScreenFrame::onResize() {
         window_.userPlaced({twipsOf(*this, now.x), twipsOf(*this, now.y), twipsOf(*this, now.width),
                             twipsOf(*this, now.height)},
                            state);
+        if (state == WindowState::normal)
+            normalSize_ = {window_.place().width, window_.place().height};
     } else if (GetClientSize() == laidOutSize_) {
         return;
     } else if (window_.commandBars.onResize) {

@@ -15,6 +15,7 @@
 #include "adapters/wx/native_focus.h"
 #include "platform/controls/window.h"
 #include "platform/surface.h"
+#include "platform/window_memory.h"
 
 class wxGUIEventLoop;
 class wxStaticText;
@@ -41,6 +42,11 @@ class ScreenFrame : public wxFrame {
     [[nodiscard]] Window& window() const { return window_; }
     /// Size and place as the model has them, at once.
     void applyWindow();
+    /// Gives the window the size that its user gave it last, otherwise one that makes use of the
+    /// screen; in both cases it stays within the part of the screen that the desktop leaves free.
+    void placeForUser(const WindowMemory& memory);
+    /// Remembers the size where the user has changed it.
+    void keepSize(const WindowMemory& memory) const;
     void controlChanged(Control& control);
     void barsChanged();
     void focusChanged();
@@ -118,6 +124,9 @@ class ScreenFrame : public wxFrame {
     bool windowChanged_ = true;
     bool syncing_ = false;
     wxSize appliedSize_;
+    /// The size that the window came up with, and the last one that was not the whole screen.
+    WindowSize firstSize_;
+    Size normalSize_;
     /// Whether the window is minimised or the desktop was asked for that, and whether it still has
     /// to answer.
     bool iconic_ = false;

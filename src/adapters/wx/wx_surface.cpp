@@ -148,6 +148,7 @@ void WxSurface::showModal(Window& window) {
     ++modalLoopsBegun;
     ScreenFrame* frame = frameOf(window);
     pointerChanged(0);
+    if (!runner_) frame->placeForUser(memory_);
     frame->sync();
     const wxWindowDisabler others(frame);
     const HostWindowsDisabled host(*frame);
@@ -159,6 +160,7 @@ void WxSurface::showModal(Window& window) {
         runner_(window);
     } else {
         frame->runLoop();
+        frame->keepSize(memory_);
     }
 }
 

@@ -9,6 +9,7 @@
 
 #include "adapters/wx/box_labels.h"
 #include "platform/surface.h"
+#include "platform/window_memory.h"
 
 class wxProgressDialog;
 class wxWindow;
@@ -55,6 +56,8 @@ class WxSurface : public Surface {
 
     /// What showModal runs, once the window is painted, in the place of waiting for a user.
     void setModalRunner(std::function<void(Window&)> runner) { runner_ = std::move(runner); }
+    /// Where the sizes of windows are kept; those that a script plays on have the model's.
+    void rememberSizes(WindowMemory memory) { memory_ = std::move(memory); }
     /// What the native window shows otherwise than the model says, one text for each difference.
     [[nodiscard]] std::vector<std::string> differences(Window& window);
 
@@ -68,6 +71,7 @@ class WxSurface : public Surface {
     BoxLabels labels_;
     std::vector<ScreenFrame*> frames_;
     std::function<void(Window&)> runner_;
+    WindowMemory memory_;
     int pointer_ = 0;
     wxLongLong progressBegan_ = 0;
     /// When the progress is shown again, in milliseconds from its begin.

@@ -56,6 +56,9 @@ class Window {
     /// What stands in the place of rows where there are none to show.
     [[nodiscard]] virtual std::string emptyListText() const { return {}; }
 
+    /// The name under which a surface may remember what size its user gave it; empty for none.
+    [[nodiscard]] virtual std::string memoryName() const { return {}; }
+
     /// Input from a surface.
     /// A key pressed and released in the control with the focus: key bindings, the control's
     /// key-down event, Tab, the key-press event of keys that have a character (Enter, Escape,

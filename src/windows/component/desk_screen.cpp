@@ -4,7 +4,9 @@
 
 #include "adapters/com/com_api.h"
 #include "adapters/com/library.h"
+#include "adapters/desk/desk.h"
 #include "adapters/desk/wide_text.h"
+#include "adapters/services/window_sizes.h"
 #include "adapters/wx/box_labels.h"
 #include "platform/services.h"
 #include "runtime/error.h"
@@ -84,6 +86,7 @@ void DeskScreen::open(Window& window) {
     if (!screen_) {
         library_use::stay();
         screen_ = realScreen(language_);
+        screen_->rememberSizes(windowMemoryOf(systemUser()));
         thread_ = GetCurrentThreadId();
     }
     screen().open(window);
