@@ -102,6 +102,7 @@ void clsCatalogador::updateAdded(rdoResultset& rows, std::int16_t view, std::int
     } catch (const RuntimeError& error) {
         if (error.cause() != ErrorCause::outcomeUnknown) throw;
         const auto stored = isStored(view, code);
+        rows.outcomeFound(stored);
         if (!stored) throw;
         if (!*stored) throw RuntimeError(error.number(), error.description(), ErrorCause::lost);
     }

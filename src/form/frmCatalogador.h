@@ -278,6 +278,9 @@ class frmCatalogador : public Window {
     std::int32_t startChange();
     std::int32_t updateRecord(const Date& stamp);
     std::int32_t conflictOfRecord();
+    /// Has `look` look, with rows of its own, whether the write is stored whose answer was lost,
+    /// and tells data access what it gives.
+    std::optional<bool> outcomeOfWrite(const std::function<std::optional<bool>()>& look);
     /// Gives the stamp.
     Date writeColumns();
     /// Whether the record is in the database as it was written with that stamp; nullopt when that

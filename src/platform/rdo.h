@@ -2,6 +2,7 @@
 #include <cstdint>
 #include <functional>
 #include <memory>
+#include <optional>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -40,11 +41,11 @@ class StatementListener {
     virtual void opened(const std::string& sql, int type, int lock) = 0;
     /// A text was handed over to be executed.
     virtual void executed(const std::string& sql) = 0;
-    /// A row was written through a resultset, or was to be when `done` is false; `kind` is
-    /// "insert", "update" or "delete".
+    /// A row was written through a resultset, or was to be when `done` is false; without a value
+    /// nobody knows. `kind` is "insert", "update" or "delete".
     virtual void written(std::string_view kind, const std::string& table,
                          const std::vector<std::pair<std::string, Variant>>& columns,
-                         bool done) = 0;
+                         std::optional<bool> done) = 0;
 };
 
 /// The rows a statement returned, read forward, and the means to write to their table.
@@ -95,6 +96,10 @@ class rdoResultset {
     virtual void Update() = 0;
     /// Deletes the current row; MoveNext then goes to the one after it.
     virtual void Delete() = 0;
+    /// What has come of the last Update or Delete whose answer was lost (outcomeUnknown): whether
+    /// it is stored, or nothing where that cannot be found out. Until then, or until the resultset
+    /// is closed, no listener is told of it.
+    virtual void outcomeFound(std::optional<bool> /*stored*/) {}
     /// May be called more than once.
     virtual void Close() = 0;
 };

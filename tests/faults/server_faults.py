@@ -108,17 +108,29 @@ def connection_cut(database):
     require(screen.close() == 0, "the program did not end well")
 
 
+def outcomes(events):
+    """What the trace says of each write."""
+    return [
+        "failed" if "failed" in e else "unknown" if "unknown" in e else "done"
+        for e in events
+        if e["event"] == "write"
+    ]
+
+
 def commit_unanswered(database):
     """Only the answer to the commit is lost, or the commit itself: what is told is what is so."""
     proxy = Proxy(int(value(database.connection, "Port")))
-    screen = Screen(program, "--connect", through(proxy, database), *VIEW)
+    screen = Screen(program, "--connect", through(proxy, database), *VIEW, "--trace")
     screen.say()
 
     def save(text):
         screen.say("action 7", "grid select 1", "action 4")
         screen.say('set txtTexto2 "%s"' % text)
-        return told(screen.say("answer 6", "action 6"))
+        events = screen.say("answer 6", "action 6")
+        traced.append(outcomes(events))
+        return told(events)
 
+    traced = []
     proxy.lose_answer_to(b"COMMIT")
     said = save("Guardada sin respuesta")
     require(proxy.cuts == 1, "nothing was cut")
@@ -141,6 +153,7 @@ def commit_unanswered(database):
     require("intentar" not in said[0]["text"], "told %s" % said)
     require(screen.mode() == "2", "the record is no longer being edited")
     proxy.closed.clear()
+    require(traced == [["done"], ["failed"], ["unknown"]], "traced %s" % traced)
 
     new_records(database, screen, proxy)
     deletes(database, screen, proxy)
@@ -181,8 +194,11 @@ def new_records(database, screen, proxy):
         lose(delivered)
         screen.say("action 7", "action 3")
         screen.say('set txtTexto1 "%d%s"' % (number, str(delivered)[0]), 'set txtTexto2 "%s"' % text)
-        said = told(screen.say("answer 6", "action 6"))
+        events = screen.say("answer 6", "action 6")
+        said = told(events)
         require(proxy.watched is None, "%s: nothing was cut, told %s" % (text, said))
+        outcome = "done" if stored_then else "failed"
+        require(outcomes(events) == [outcome], "%s: traced %s" % (text, outcomes(events)))
         require(count(database, text) == stored_then, "%s is not there: told %s" % (text, said))
         require(len(said) == 1 - stored_then, "%s: told %s" % (text, said))
 
@@ -192,7 +208,10 @@ def deletes(database, screen, proxy):
         screen.say("action 7")
         before = screen.state["grid"]["rows"]
         proxy.lose_answer_to(b"COMMIT", delivered=delivered)
-        said = told(screen.say("grid select 2", "answer 6", "action 5"))
+        events = screen.say("grid select 2", "answer 6", "action 5")
+        said = told(events)
+        outcome = "done" if delivered else "unknown"
+        require(outcomes(events) == [outcome], "traced %s" % outcomes(events))
         require(proxy.watched is None, "nothing was cut, told %s" % said)
         gone = before - screen.state["grid"]["rows"]
         require(gone == int(delivered), "%d rows are gone" % gone)

@@ -247,10 +247,11 @@ class Recorder : public StatementListener {
     }
     void executed(const std::string& sql) override { events.push_back("execute " + sql); }
     void written(std::string_view kind, const std::string& table,
-                 const std::vector<std::pair<std::string, Variant>>& columns, bool done) override {
+                 const std::vector<std::pair<std::string, Variant>>& columns,
+                 std::optional<bool> done) override {
         std::string names;
         for (const auto& [name, value] : columns) names += " " + name;
-        events.push_back(std::string(kind) + " " + table + names + (done ? "" : " failed"));
+        events.push_back(std::string(kind) + " " + table + names + (done.value() ? "" : " failed"));
     }
     std::vector<std::string> events;
 };

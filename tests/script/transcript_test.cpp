@@ -53,13 +53,16 @@ TEST(TranscriptStatements, TracesWhatGoesThroughTheConnection) {
     statements.written("insert", "genCodigoTexto", {{"CTeCodigo", 7}, {"CTeTextoLargo", Null{}}},
                        true);
     statements.written("delete", "genCodigoTexto", {}, false);
+    statements.written("delete", "genCodigoTexto", {}, std::nullopt);
     EXPECT_EQ(out.str(),
               "{\"event\":\"statement\",\"sql\":\"Select 1\",\"type\":2,\"lock\":4}\n"
               "{\"event\":\"statement\",\"sql\":\"Delete From t\",\"execute\":true}\n"
               "{\"event\":\"write\",\"kind\":\"insert\",\"table\":\"genCodigoTexto\","
               "\"columns\":{\"CTeCodigo\":7,\"CTeTextoLargo\":null}}\n"
               "{\"event\":\"write\",\"kind\":\"delete\",\"table\":\"genCodigoTexto\","
-              "\"columns\":{},\"failed\":true}\n");
+              "\"columns\":{},\"failed\":true}\n"
+              "{\"event\":\"write\",\"kind\":\"delete\",\"table\":\"genCodigoTexto\","
+              "\"columns\":{},\"unknown\":true}\n");
 }
 
 TEST(TranscriptStatements, AreQuietWhileAServiceWorks) {

@@ -77,7 +77,8 @@ TEST_F(Access, DoesNotShowItsStatementsToTheListener) {
         void opened(const std::string&, int, int) override { ++calls; }
         void executed(const std::string&) override { ++calls; }
         void written(std::string_view, const std::string&,
-                     const std::vector<std::pair<std::string, Variant>>&, bool) override {
+                     const std::vector<std::pair<std::string, Variant>>&,
+                     std::optional<bool>) override {
             ++calls;
         }
         int calls = 0;

@@ -80,11 +80,14 @@ void TranscriptStatements::executed(const std::string& sql) {
 
 void TranscriptStatements::written(std::string_view kind, const std::string& table,
                                    const std::vector<std::pair<std::string, Variant>>& columns,
-                                   bool done) {
+                                   std::optional<bool> done) {
     Json values = Json::object();
     for (const auto& [name, value] : columns) values[name] = jsonOf(value);
     Json event = {{"event", "write"}, {"kind", kind}, {"table", table}, {"columns", values}};
-    if (!done) event["failed"] = true;
+    if (!done)
+        event["unknown"] = true;
+    else if (!*done)
+        event["failed"] = true;
     trace(event);
 }
 

@@ -49,7 +49,8 @@ class TranscriptStatements : public StatementListener {
     void opened(const std::string& sql, int type, int lock) override;
     void executed(const std::string& sql) override;
     void written(std::string_view kind, const std::string& table,
-                 const std::vector<std::pair<std::string, Variant>>& columns, bool done) override;
+                 const std::vector<std::pair<std::string, Variant>>& columns,
+                 std::optional<bool> done) override;
 
     /// During its life nothing is traced: what the services of the host do inside is theirs.
     class Quiet {

@@ -172,7 +172,12 @@ void SqlResultset::Delete() {
     row_ = Row::deleted;
 }
 
+void SqlResultset::outcomeFound(std::optional<bool> stored) {
+    if (untold_) std::exchange(untold_, nullptr)(stored);
+}
+
 void SqlResultset::Close() {
+    outcomeFound(std::nullopt);
     rows_.reset();
     row_ = Row::none;
     mode_ = Mode::reading;
@@ -253,17 +258,21 @@ void SqlResultset::updateRow() {
     for (const Assigned& set : assigned_) written_[set.column] = set.value;
 }
 
-void SqlResultset::told(std::string_view kind, const std::function<void()>& write) const {
-    const auto tell = [&](bool done) {
-        if (session_->listener == nullptr) return;
-        std::vector<std::pair<std::string, Variant>> columns;
-        for (const Assigned& set : assigned_) columns.emplace_back(set.name, set.value);
-        session_->listener->written(kind, *table_, columns, done);
+void SqlResultset::told(std::string_view kind, const std::function<void()>& write) {
+    std::vector<std::pair<std::string, Variant>> columns;
+    for (const Assigned& set : assigned_) columns.emplace_back(set.name, set.value);
+    const auto tell = [this, kind, columns = std::move(columns)](std::optional<bool> done) {
+        if (session_->listener != nullptr)
+            session_->listener->written(kind, *table_, columns, done);
     };
+    outcomeFound(std::nullopt);
     try {
         write();
-    } catch (const RuntimeError&) {
-        tell(false);
+    } catch (const RuntimeError& error) {
+        if (error.cause() == ErrorCause::outcomeUnknown)
+            untold_ = tell;
+        else
+            tell(false);
         throw;
     }
     tell(true);

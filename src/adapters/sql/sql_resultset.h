@@ -37,6 +37,7 @@ class SqlResultset : public rdoResultset {
     void setValue(std::string_view name, Variant value) override;
     void Update() override;
     void Delete() override;
+    void outcomeFound(std::optional<bool> stored) override;
     void Close() override;
 
   private:
@@ -67,7 +68,7 @@ class SqlResultset : public rdoResultset {
     void insertRow();
     void updateRow();
     /// Does a write and tells the listener what came of it.
-    void told(std::string_view kind, const std::function<void()>& write) const;
+    void told(std::string_view kind, const std::function<void()>& write);
     /// Whether a write can mean the row by its identity.
     [[nodiscard]] bool isIdentified() const {
         return !identity_.columns.empty() && written_.empty();
@@ -95,6 +96,8 @@ class SqlResultset : public rdoResultset {
     std::vector<Assigned> assigned_;
     /// What Update wrote to the current row, by column.
     std::map<std::size_t, Variant> written_;
+    /// Tells the listener of the write whose answer was lost.
+    std::function<void(std::optional<bool> done)> untold_;
 };
 
 }  // namespace catalogador

@@ -83,12 +83,16 @@ std::int32_t frmCatalogador::removeRecord() {
         if (error.cause() != ErrorCause::outcomeUnknown) throw;
     }
     // The answer was lost. What is gone was deleted; anything else is seen in the list.
-    try {
-        openRecords();
-        return mrdoRegistro->atEnd() ? 0 : outcomeUnknownMessage;
-    } catch (const RuntimeError&) {
-        return outcomeUnknownMessage;
-    }
+    const auto gone = outcomeOfWrite([&]() -> std::optional<bool> {
+        try {
+            openRecords();
+            if (mrdoRegistro->atEnd()) return true;
+        } catch (const RuntimeError&) {
+            // Nobody can look.
+        }
+        return std::nullopt;
+    });
+    return gone ? 0 : outcomeUnknownMessage;
 }
 
 }  // namespace catalogador

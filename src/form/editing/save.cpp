@@ -105,11 +105,20 @@ std::int32_t frmCatalogador::updateRecord(const Date& stamp) {
     } catch (const RuntimeError& error) {
         if (error.number() == error_number::rowChanged) return conflictOfRecord();
         if (error.cause() != ErrorCause::outcomeUnknown) throw;
-        const std::optional<bool> stored = isStored(stamp);
+        const auto stored = outcomeOfWrite([&] { return isStored(stamp); });
         if (!stored) return outcomeUnknownMessage;
         if (!*stored) throw;
         return 0;
     }
+}
+
+std::optional<bool> frmCatalogador::outcomeOfWrite(
+    const std::function<std::optional<bool>()>& look) {
+    auto writer = std::exchange(mrdoRegistro, nullptr);
+    const std::optional<bool> stored = look();
+    writer->outcomeFound(stored);
+    if (!mrdoRegistro) mrdoRegistro = std::move(writer);
+    return stored;
 }
 
 std::int32_t frmCatalogador::conflictOfRecord() {
