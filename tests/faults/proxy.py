@@ -19,6 +19,7 @@ class Proxy:
         self.cuts = 0
         self.silent = threading.Event()
         self.closed = threading.Event()
+        self.dead = threading.Event()
         self.watched = None
         threading.Thread(target=self.accept, daemon=True).start()
 
@@ -36,6 +37,11 @@ class Proxy:
         when it is delivered there, has answered."""
         self.at(text, lambda data: Lost(data if delivered else b""), number)
 
+    def die(self):
+        """As a server that has gone: nobody is answered any more."""
+        self.closed.set()
+        self.dead.set()
+
     def accept(self):
         while True:
             client, _ = self.listener.accept()
@@ -49,6 +55,8 @@ class Proxy:
         with client, server:
             while True:
                 ready, _, _ = select.select([client, server], [], [], 0.2)
+                if self.dead.is_set():
+                    return
                 if self.silent.is_set():
                     continue
                 for end in ready:

@@ -74,6 +74,33 @@ def row_locked(database):
     require(screen.close() == 0, "the program did not end well")
 
 
+def list_locked(database, *options):
+    """The records are locked when the screen opens: it says how to read the list again."""
+    lock = {
+        "postgresql": "Begin; Lock Table genCodigoTexto In Access Exclusive Mode",
+        "mariadb": "Lock Tables genCodigoTexto Write",
+    }[kind]
+    other = Client(database.connection)
+    other.run(lock)
+    time.sleep(1)
+    view = ["--view", "1", "--setting", "LockTimeout=1"]
+    screen = Screen(program, *database.options, *view, *options)
+    for line in ([], ["key F5"]):
+        events = told(screen.say(*line))
+        require(len(events) == 1, "told %s" % events)
+        require(events[0]["detail"].endswith("presione F5."), "told %s" % events)
+        require(screen.state["grid"]["rows"] == 0, "the list has rows")
+    other.run({"postgresql": "Rollback", "mariadb": "Unlock Tables"}[kind])
+    other.close()
+    require(told(screen.say("key F5")) == [], "the list cannot be read again")
+    require(screen.state["grid"]["rows"] > 0, "F5 did not read the list")
+    require(screen.close() == 0, "the program did not end well")
+
+
+def list_locked_in_the_window(database):
+    list_locked(database, "--surface", "wx")
+
+
 def through(proxy, database):
     return re.sub(r"Port=[^;]*", "Port=%d" % proxy.port, database.connection)
 
@@ -265,6 +292,51 @@ def server_silent(database):
     require(stored(database) == "Escrita en silencio", "the record was not saved")
 
 
+def through_hosts(proxies, database):
+    hosts = ",".join("127.0.0.1" for _ in proxies)
+    ports = ",".join(str(proxy.port) for proxy in proxies)
+    connection = re.sub(r"Server=[^;]*", "Server=" + hosts, database.connection)
+    return re.sub(r"Port=[^;]*", "Port=" + ports, connection)
+
+
+def hosts_die(database):
+    """Of several hosts the first is dead, and then the one in use dies."""
+    port = int(value(database.connection, "Port"))
+    dead, used, spare = proxies = [Proxy(port) for _ in range(3)]
+    dead.die()
+    screen = Screen(program, "--connect", through_hosts(proxies, database), *VIEW)
+
+    def save(text):
+        if screen.mode() == "0":
+            screen.say("grid select 724", "action 4")
+        screen.say('set txtTexto2 "%s"' % text)
+        return told(screen.say("answer 6", "action 6"))
+
+    screen.say()
+    require(screen.mode() == "2", "the screen did not open by the second host")
+    require(save("Por el segundo") == [], "a save by the second host was refused")
+    require(stored(database) == "Por el segundo", "the record was not saved")
+    used.die()
+    said = save("Por el tercero")
+    require(said == [], "the idle connection was lost, told %s" % said)
+    require(stored(database) == "Por el tercero", "the record was not saved by the third host")
+
+    def die_first(data):
+        spare.die()
+        return Lost(b"")
+
+    # The hosts are gone through again from there; one of them is back.
+    dead.closed.clear()
+    dead.dead.clear()
+    spare.at(b"UPDATE GENCODIGOTEXTO", die_first)
+    said = save("Por el primero")
+    require(len(said) == 1, "the connection was lost during a save, told %s" % said)
+    require(stored(database) == "Por el tercero", "a refused save was stored")
+    require(save("Por el primero") == [], "the save fails although a host is there")
+    require(stored(database) == "Por el primero", "the record was not saved by the first host")
+    require(screen.close() == 0, "the program did not end well")
+
+
 def password_hidden(database):
     """Neither in what is said of a connection that works nor of one that does not."""
     password = "Secreta-7781}"
@@ -294,10 +366,15 @@ cases = {
         commit_unanswered,
         write_conflict,
         server_silent,
+        hosts_die,
+        list_locked,
+        list_locked_in_the_window,
         password_hidden,
     )
 }
 if sys.argv[3] not in cases:
     fail("there is no case " + sys.argv[3])
+if sys.argv[3].endswith("in_the_window") and "DISPLAY" not in os.environ:
+    os.execvp("xvfb-run", ["xvfb-run", "-a", sys.executable, *sys.argv])
 with OwnDatabase(program, kind) as own:
     cases[sys.argv[3]](own)

@@ -11,6 +11,7 @@ import shutil
 import sqlite3
 import subprocess
 import sys
+import tempfile
 
 from screen import SKIPPED, OwnDatabase, Screen, fail, require, skip, told
 
@@ -53,6 +54,23 @@ def locked(database):
     refused_then_saved(
         screen, database, lambda: other.execute("Begin Exclusive"), lambda: other.execute("Rollback")
     )
+
+
+def list_locked(database):
+    """The list says how to read it again."""
+    screen = Screen(program, *database.options, "--view", "1", "--setting", "LockTimeout=1")
+    screen.say()
+    rows = screen.state["grid"]["rows"]
+    require(rows > 0, "the list is empty")
+    other = sqlite3.connect(database.file, isolation_level=None)
+    other.execute("Begin Exclusive")
+    events = told(screen.say("key F5"))
+    require(len(events) == 1, "told %s" % events)
+    require(events[0]["detail"].endswith("presione F5."), "told %s" % events)
+    other.execute("Rollback")
+    require(told(screen.say("key F5")) == [], "the list cannot be read again")
+    require(screen.state["grid"]["rows"] == rows, "F5 did not read the list")
+    require(screen.close() == 0, "the program did not end well")
 
 
 def half_locked(database):
@@ -122,8 +140,47 @@ def disk_full(database):
     )
 
 
-cases = {case.__name__: case for case in (locked, half_locked, read_only, disk_full)}
+def no_space_left(database):
+    """A file system of its own, which somebody else fills up."""
+    screen = Screen(program, *database.options, *VIEW)
+    filler = os.path.join(database.folder, "filler")
+
+    def fill():
+        with open(filler, "wb", buffering=0) as file:
+            try:
+                while file.write(bytes(4096)):
+                    pass
+            except OSError:
+                return
+        fail("the file system has no end")
+
+    refused_then_saved(screen, database, fill, lambda: os.remove(filler))
+
+
+def in_own_file_system():
+    """Starts this program again where the folder of temporary files is small."""
+    if os.geteuid() != 0 or subprocess.run(["unshare", "-m", "true"]).returncode != 0:
+        skip("no file system can be mounted here")
+    folder = tempfile.mkdtemp(prefix="faults-")
+    os.environ.update(TMPDIR=folder, OWN_FILE_SYSTEM=folder)
+    mounted = 'mount -t tmpfs -o size=8m none "$OWN_FILE_SYSTEM" || exit %d; exec "$@"' % SKIPPED
+    command = ["unshare", "-m", "sh", "-c", mounted, "sh", sys.executable, *sys.argv]
+    try:
+        status = subprocess.run(command).returncode
+    finally:
+        os.rmdir(folder)
+    if status == SKIPPED:
+        print("skipped: no file system can be mounted here")
+    sys.exit(status)
+
+
+cases = {
+    case.__name__: case
+    for case in (locked, list_locked, half_locked, read_only, disk_full, no_space_left)
+}
 if sys.argv[2] not in cases:
     fail("there is no case " + sys.argv[2])
+if sys.argv[2] == "no_space_left" and "OWN_FILE_SYSTEM" not in os.environ:
+    in_own_file_system()
 with OwnDatabase(program, "sqlite") as own:
     cases[sys.argv[2]](own)

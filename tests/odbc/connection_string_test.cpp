@@ -53,9 +53,12 @@ TEST(EachHost, IsAConnectionStringOfItsOwn) {
               (Strings{"DRIVER={MariaDB Unicode};PWD={x;y};SERVER=a;PORT=1",
                        "DRIVER={MariaDB Unicode};PWD={x;y};SERVER=b;PORT=2"}));
     EXPECT_EQ(eachHost("Driver=MariaDB;Server=a,b;Port=1"),
-              (Strings{"DRIVER={MariaDB};SERVER=a;PORT=1", "DRIVER={MariaDB};SERVER=b;PORT=1"}));
-    for (const char* alone : {"Driver=MariaDB;Server=a;Port=1",
-                              "Driver={PostgreSQL Unicode};Server=a,b;Port=1,2", "DSN=a,b", ""})
+              (Strings{"DRIVER=MariaDB;SERVER=a;PORT=1", "DRIVER=MariaDB;SERVER=b;PORT=1"}));
+    EXPECT_EQ(eachHost("Driver={PostgreSQL Unicode};Server=a,b;Port=15432,15433;pqopt={x=y}"),
+              (Strings{"DRIVER={PostgreSQL Unicode};PQOPT={x=y};SERVER=a;PORT=15432",
+                       "DRIVER={PostgreSQL Unicode};PQOPT={x=y};SERVER=b;PORT=15433"}));
+    for (const char* alone :
+         {"Driver=MariaDB;Server=a;Port=1", "Driver={Other};Server=a,b;Port=1,2", "DSN=a,b", ""})
         EXPECT_EQ(eachHost(alone), Strings{alone});
 }
 

@@ -75,6 +75,32 @@ TEST_P(LostConnections, AreClosedAlsoWhenTheyWereLostInATransaction) {
     EXPECT_LE(connections(), before + tolerance);
 }
 
+TEST_P(LostConnections, AreThoseToAServerThatTakesNoMoreWrites) {
+    create("Code INTEGER, State VARCHAR(10)");
+    std::vector<std::string> states{"1047", "1053", "1290", "1792", "1836"};
+    if (dialect() == Dialect::postgresql) {
+        states = {"57P01", "57P02", "57P03", "25006"};
+        other->run("CREATE OR REPLACE FUNCTION " + table +
+                   "_refuse() RETURNS TRIGGER AS $$ BEGIN RAISE EXCEPTION 'not here' USING ERRCODE "
+                   "= NEW.State; END $$ LANGUAGE plpgsql");
+        other->run("CREATE TRIGGER refuse BEFORE INSERT ON " + table +
+                   " FOR EACH ROW EXECUTE FUNCTION " + table + "_refuse()");
+    }
+    for (const std::string& state : states) {
+        if (dialect() == Dialect::mariadb)
+            other->run("CREATE OR REPLACE TRIGGER " + table + "_refuse BEFORE INSERT ON " + table +
+                       " FOR EACH ROW SIGNAL SQLSTATE 'HY000' SET MYSQL_ERRNO = " + state);
+        const std::int32_t before = idOf(*connection);
+        const auto rows = connection->OpenResultset(select());
+        rows->AddNew();
+        rows->setValue("State", state);
+        EXPECT_ANY_THROW(rows->Update()) << state;
+        EXPECT_NE(idOf(*connection), before) << state;
+    }
+    connection->run("DROP TABLE " + table);
+    if (dialect() == Dialect::postgresql) other->run("DROP FUNCTION " + table + "_refuse");
+}
+
 TEST_P(LostConnections, LiveAsLongAsRowsOfTheirsAreRead) {
     create("Code INTEGER", {"1", "2", "3"});
     const auto rows = connection->OpenResultset(select("Order By Code"));

@@ -21,6 +21,7 @@ struct Entry {
     std::string key;
     /// As it is written, but for the braces around it.
     std::string_view value;
+    bool braced = false;
 };
 
 bool isPassword(const Entry& entry) {
@@ -95,7 +96,7 @@ std::vector<Entry> entriesOf(std::string_view connection) {
         if (end == std::string_view::npos) end = connection.size();
         std::string_view value = connection.substr(0, end);
         if (braced) value.remove_prefix(1);
-        entries.push_back({upperCase(trim(key)), value});
+        entries.push_back({upperCase(trim(key)), value, braced});
         const std::size_t next = connection.find(';', end);
         connection.remove_prefix(next == std::string_view::npos ? connection.size() : next + 1);
     }
@@ -190,15 +191,17 @@ std::vector<std::string> eachHost(const std::string& connectionString) {
         return found == entries.end() ? std::string_view() : found->value;
     };
     const auto hosts = partsOf(valueOf("SERVER"));
-    if (hosts.size() < 2 || !containsText(valueOf("DRIVER"), "MariaDB", Compare::text))
-        return {connectionString};
+    const bool known = containsText(valueOf("DRIVER"), "MariaDB", Compare::text) ||
+                       containsText(valueOf("DRIVER"), "PostgreSQL", Compare::text);
+    if (hosts.size() < 2 || !known) return {connectionString};
     const auto ports = partsOf(valueOf("PORT"));
     std::vector<std::string> all;
     for (std::size_t i = 0; i < hosts.size(); ++i) {
         std::string one;
         for (const Entry& entry : entries)
             if (entry.key != "SERVER" && entry.key != "PORT")
-                one += entry.key + "={" + std::string(entry.value) + "};";
+                one += entry.key + (entry.braced ? "={" : "=") + std::string(entry.value) +
+                       (entry.braced ? "};" : ";");
         one += "SERVER=" + hosts[i];
         if (!ports.empty()) one += ";PORT=" + ports[std::min(i, ports.size() - 1)];
         all.push_back(one);

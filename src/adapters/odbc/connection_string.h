@@ -28,8 +28,9 @@ std::string withTimeouts(const std::string& connectionString, const Timeouts& ti
 /// statement is one command, whatever the string says of that.
 std::string withOneCommand(const std::string& connectionString);
 /// One connection string for each host that "Server" names with commas between, with the port at
-/// the same place of "Port" (or its last one). The text itself for the drivers that read such a
-/// list themselves, and where there is none.
+/// the same place of "Port" (or its last one). The text itself for unknown drivers, and where there
+/// is no such list. The driver of PostgreSQL would read the list, but only the first ten characters
+/// of the ports.
 std::vector<std::string> eachHost(const std::string& connectionString);
 
 /// The text with "***" in place of the passwords of the connection string.

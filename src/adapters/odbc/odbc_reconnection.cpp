@@ -14,7 +14,7 @@ void OdbcSession::connect() {
         try {
             connectTo(hosts_.at(host_));
             if (dialect_ == Dialect::mariadb) waitForOtherNodes();
-            if (hosts_.size() > 1) requireReady();
+            if (dialect_ == Dialect::mariadb && hosts_.size() > 1) requireReady();
             return;
         } catch (const RuntimeError&) {
             if (tries >= hosts_.size()) throw;
@@ -39,10 +39,13 @@ void OdbcSession::connectTo(const std::string& connectionString) {
 }
 
 void OdbcSession::requireReady() {
-    // A node that has lost its cluster takes connections, but no statement.
-    const std::string sql = "SHOW STATUS LIKE 'wsrep_ready'";
-    const auto rows = rowsOf(executeOnce(sql, {}, nullptr), sql);
-    if (!rows.empty() && rows.front().at(1) == Variant("OFF"))
+    const auto is = [&](const std::string& sql, const char* value) {
+        const auto rows = rowsOf(executeOnce(sql, {}, nullptr), sql);
+        return !rows.empty() && rows.front().at(1) == Variant(value);
+    };
+    // A node that has lost its cluster takes connections, but no statement. A server that belongs
+    // to none is never ready for one.
+    if (is("SHOW VARIABLES LIKE 'wsrep_on'", "ON") && is("SHOW STATUS LIKE 'wsrep_ready'", "OFF"))
         throw RuntimeError(error_number::statementFailed, "The node is not part of its cluster",
                            ErrorCause::lost);
 }
