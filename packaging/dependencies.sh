@@ -10,7 +10,7 @@ screen_packages=(xvfb xauth openbox xdotool x11-utils x11-xkb-utils xclip imagem
     poppler-utils dbus at-spi2-core python3-pyatspi gir1.2-atspi-2.0)
 check_packages=(clang-format gettext python3 util-linux locales)
 lint_packages=(clang-tidy)
-fuzz_packages=(clang)
+fuzz_packages=(clang libpg-query-dev)
 coverage_packages=(gcovr)
 
 is_installed() {

@@ -30,8 +30,48 @@ const std::vector<std::string>& pieces() {
     return all;
 }
 
+/// What may stand before a text in a statement, and has quotes and signs of comments of its own.
+const std::vector<std::string>& contexts(Dialect dialect) {
+    static const auto with = [](std::vector<std::string> own) {
+        const std::vector<std::string> common{
+            "'a' x, ",     "'it''s' x, ",      "/* ' */ ", "/* -- */ ",        "-- '\n", "-- /* \n",
+            "1 \"q'q\", ", "'/*' x, '*/' y, ", "'--' x, ", "(Select 'b') x, ", " /**/ "};
+        own.insert(own.end(), common.begin(), common.end());
+        return own;
+    };
+    static const auto sqlite = with({"1 [q'q], ", "1 `q'q`, ", "x'41' x, ", "/* /* ' */ "});
+    static const auto postgresql =
+        with({"E'\\'' x, ", "$$'$$ x, ", "$q$ ' $$ $q$ x, ", "/* /* ' */ ' */ ", "U&'\\0041' x, ",
+              "-- '\r", "E'a'\n'b\\'' x, ", "'a'\n'b' x, ", "1 U&\"q'q\", "});
+    static const auto mariadb =
+        with({"1 `q'q`, ", "\"a'b\" x, ", "# '\n", "/*!99999999 ' */ ", "/*!50000 1, */ ",
+              "--'1' x, ", "N'a' x, ", "x'41' x, ", "/* /* ' */ ", "'a' 'b' x, "});
+    if (dialect == Dialect::postgresql) return postgresql;
+    return dialect == Dialect::mariadb ? mariadb : sqlite;
+}
+
+/// The texts are the same in every run but for one generator, whose seed a failure tells.
+constexpr std::mt19937::result_type usualSeed = 20260301;
+
 class RdoHostileTexts : public test::RdoTest {
   protected:
+    std::string contextBefore() {
+        const auto& all = contexts(dialect());
+        std::string made;
+        for (auto left = length_(random_) / 2; left > 0; --left)
+            made += all[std::uniform_int_distribution<std::size_t>(0, all.size() - 1)(random_)];
+        return made;
+    }
+    /// Drivers look for parameters, escapes and further statements too, and read some quotes in a
+    /// way of their own. What they refuse never gets to the database.
+    static bool isOfTheDriversReading(const std::string& error) {
+        for (const char* words : {"parameter marker", "Parameters exist",
+                                  "only one SQL statement allowed", "ODBC escape convert error"})
+            if (error.find(words) != std::string::npos) return true;
+        return false;
+    }
+    void seed(std::mt19937::result_type seed) { random_.seed(seed); }
+
     std::string text(const std::vector<std::string>& from = pieces()) {
         std::string made;
         for (auto left = length_(random_); left > 0; --left)
@@ -93,7 +133,7 @@ class RdoHostileTexts : public test::RdoTest {
     }
 
   private:
-    std::mt19937 random_{static_cast<std::mt19937::result_type>(20260301)};
+    std::mt19937 random_{usualSeed};
     std::uniform_int_distribution<int> length_{1, 6};
 };
 INSTANTIATE_TEST_SUITE_P(, RdoHostileTexts, testing::ValuesIn(test::databaseKinds()),
@@ -107,6 +147,38 @@ TEST_P(RdoHostileTexts, WhatIsLetThroughIsOneValueToTheDatabase) {
         const auto passed = letThrough(open, close, texts);
         EXPECT_GT(passed.size(), static_cast<std::size_t>(texts / 10));
         expectRead(open, close, passed, true);
+    }
+}
+
+TEST_P(RdoHostileTexts, WhatIsLetThroughIsOneValueWhateverStandsBeforeIt) {
+    constexpr int statements = 2'000;
+    const SqlSyntax read = syntax();
+    const std::mt19937::result_type another = std::random_device{}();
+    for (const auto chosen : {usualSeed, another}) {
+        SCOPED_TRACE("seed " + std::to_string(chosen));
+        seed(chosen);
+        int ran = 0;
+        for (int i = 0; i < statements; ++i) {
+            std::string typed = text();
+            // Where a driver misreads a quote before it, it rewrites what it takes for an escape.
+            if (!GetParam().guarded)
+                std::erase_if(typed, [](char c) { return c == '{' || c == '}'; });
+            if (typed.empty()) continue;
+            const SqlText sql = "Select " + contextBefore() + "'" + SqlText::ofData(typed) +
+                                "' catalogador_value, 'END' catalogador_end";
+            if (!passes(sql, read)) continue;
+            std::unique_ptr<rdoResultset> rows;
+            const std::string error = errorOf([&] { rows = connection->OpenResultset(sql); });
+            if (isOfTheDriversReading(error)) continue;
+            ASSERT_EQ(error, "") << sql.text();
+            ASSERT_EQ(rows->value("catalogador_end"), Variant("END")) << sql.text();
+            const Variant value = rows->value("catalogador_value");
+            ASSERT_NE(value.as<std::string>(), nullptr) << sql.text();
+            ASSERT_EQ(*value.as<std::string>(), replaceText(typed, "''", "'", Compare::binary))
+                << sql.text();
+            ++ran;
+        }
+        EXPECT_GT(ran, statements / 10);
     }
 }
 

@@ -66,7 +66,9 @@ ends 2 "schema of an unknown dialect" schema --dialect other
 
 # The files that it made are there, but nobody was told.
 for command in "schema --dialect sqlite" "demo made/full" "--help" "--version" \
-    "run --database $database --view 1" "add --database $database --view 5 --name Escrituras --value x"; do
+    "run --database $database --view 1" "add --database $database --view 5 --name Escrituras --value x" \
+    "check --database $database" "check --database $database --format json" \
+    "check --database $database --format github"; do
     title="$command to a full disk"
     "$program" $command <script >/dev/full 2>err
     [ $? -eq 2 ] || fail "$title: the status is not 2"
@@ -145,6 +147,22 @@ rm -r catalogador
 mkdir catalogador && printf '[VEM04]\nIdioma=2\n' >catalogador/catalogador.ini
 ends 0 "language of the settings file" run --database "$database" --view 1
 says out '"language":"LNG_QTX_002"'
+
+# A listing that never ends keeps nobody waiting longer than the setting says.
+cp "$database" endless.db
+cat >script <<'SCRIPT'
+sql "Update Catalogador Set ABMConsulta = 'With Recursive n(i) As (Select 1 Union All Select i + 1 From n) Select Count(*) From n' Where ABMIDFormVista = 1"
+activate 1
+SCRIPT
+start=$(date +%s)
+ends 0 "a listing without end" run --database endless.db --view 0 --setting StatementTimeout=1
+says out "took longer than 1 s"
+[ $(($(date +%s) - start)) -lt 30 ] || fail "$title: it took too long"
+# Nor anybody else out of the database.
+echo 'sql "Update accUsuarios Set UsuNombre = UsuNombre"' >script
+ends 0 "the database after a listing without end" run --database endless.db --view 0
+says out '"affected":'
+rm endless.db
 
 printf 'state\naction 6\nstate\n' >script
 ends 1 "refused line" run --database "$database" --view 1
