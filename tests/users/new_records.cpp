@@ -2,6 +2,7 @@
 #include <chrono>
 #include <iostream>
 #include <map>
+#include <set>
 
 #include "desk.h"
 #include "modules/modIds.h"
@@ -20,6 +21,8 @@ enum class Told : char { nothing, saved, refused, unknown };
 
 struct Outcomes {
     Told* told;
+    /// The code that was handed out for each record, also for one that was not saved; 0 for none.
+    std::int32_t* codes;
     SessionCount& sessions;
 };
 
@@ -47,6 +50,7 @@ int saveNewOnes(const std::string& connection, const User& user, const Outcomes&
                                     : Desk::isUnknown(told) ? Told::unknown
                                     : told.empty()          ? Told::nothing
                                                             : Told::refused;
+            outcomes.codes[record] = form.modo() == "0" ? form.mlngIdUltimo : form.mlngIdDato;
             for (const std::string& text : told)
                 std::cerr << "user " << user.number << " was told: " << text << std::endl;
             if (form.modo() != "0") form.commandBars.execute(action::cancel);
@@ -88,6 +92,17 @@ Counts compared(rdoConnection& database, const Told* outcomes, int records) {
     return counts;
 }
 
+/// How often a code was handed out that somebody had already.
+int doubleCodes(const Outcomes& outcomes, int records) {
+    std::set<std::int32_t> seen;
+    int doubles = 0;
+    for (int record = 0; record < records; ++record) {
+        const std::int32_t code = outcomes.codes[record];
+        if (code != 0 && !seen.insert(code).second) ++doubles;
+    }
+    return doubles;
+}
+
 std::int64_t number(rdoConnection& connection, const std::string& sql) {
     return toLong(connection.session()->query(sql).at(0).at(0), Regional{});
 }
@@ -101,11 +116,14 @@ int judge(const std::string& connection, const Outcomes& outcomes, int records, 
     const std::int64_t last =
         number(*database, "Select NumUltimo From genNumeradores Where NumNombre = 'Nuevos'");
     const Counts counts = compared(*database, outcomes.told, records);
+    const int doubles = doubleCodes(outcomes, records);
     std::cout << counts.saved << " told as saved, " << counts.refused << " as refused, "
               << counts.unknown << " as not known, " << counts.wrong << " told wrongly; " << rows
-              << " rows, " << codes << " different codes, last code " << last << ", at most "
-              << outcomes.sessions.most() << " sessions" << std::endl;
-    const bool good = counts.wrong == 0 && codes == rows && outcomes.sessions.isFlat(users);
+              << " rows, " << codes << " different codes, " << doubles
+              << " handed out twice, last code " << last << ", at most " << outcomes.sessions.most()
+              << " sessions" << std::endl;
+    const bool good =
+        counts.wrong == 0 && codes == rows && doubles == 0 && outcomes.sessions.isFlat(users);
     if (!steady) return good && counts.saved >= records / 10 * 9 ? 0 : 1;
     return good && counts.saved == records && last == records ? 0 : 1;
 }
@@ -113,7 +131,9 @@ int judge(const std::string& connection, const Outcomes& outcomes, int records, 
 }  // namespace
 
 int newRecords(const std::vector<std::string>& connections, int records, int users, bool steady) {
-    const Outcomes outcomes{static_cast<Told*>(sharedMemory(static_cast<std::size_t>(records))),
+    const auto count = static_cast<std::size_t>(records);
+    const Outcomes outcomes{static_cast<Told*>(sharedMemory(count)),
+                            static_cast<std::int32_t*>(sharedMemory(count * sizeof(std::int32_t))),
                             shared<SessionCount>()};
     const auto start = std::chrono::steady_clock::now();
     std::vector<pid_t> processes;
