@@ -33,6 +33,12 @@ double contrast(const wxColour& one, const wxColour& other) {
     return std::max(a, b) / std::min(a, b);
 }
 
+bool isGrey(const wxColour& colour) {
+    constexpr int tint = 16;
+    const auto [least, most] = std::minmax({colour.Red(), colour.Green(), colour.Blue()});
+    return most - least <= tint;
+}
+
 #ifdef __WXGTK__
 // The toolkit of the desktop gives fields a height that is meant for fingers; its style sheet is
 // the only way to change that.
@@ -75,6 +81,10 @@ wxColour colourOf(Color color) {
 wxColour readableOn(const wxColour& background, wxColour wanted) {
     constexpr int steps = 20;
     const bool towardsBlack = contrast(background, *wxBLACK) >= contrast(background, *wxWHITE);
+    // A grey that is only just readable would be a poor text in the themes for those who see
+    // little.
+    if (contrast(background, wanted) < readableContrast && isGrey(wanted))
+        return towardsBlack ? *wxBLACK : *wxWHITE;
     for (int step = 0; step < steps && contrast(background, wanted) < readableContrast; ++step)
         wanted = wanted.ChangeLightness(towardsBlack ? 85 : 115);
     if (contrast(background, wanted) >= readableContrast) return wanted;

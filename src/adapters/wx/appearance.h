@@ -23,7 +23,8 @@ int twipsOf(const wxWindow& window, int pixels);
 
 /// The colour of the model, the desktop's own where it names one.
 wxColour colourOf(Color color);
-/// `wanted`, or a darker or lighter shade of it where it could not be read on that background.
+/// `wanted`, or a darker or lighter shade of it where it could not be read on that background;
+/// black or white for a grey.
 wxColour readableOn(const wxColour& background, wxColour wanted);
 
 /// The same for a text that is shown as one of something disabled: fainter, and still readable.

@@ -11,6 +11,8 @@ namespace {
 
 /// Twips; a list that is taller makes nobody faster.
 constexpr int tallestDesign = 10'000;
+/// Pixels at 96 dpi; the toolbar's own answer leaves out what stands between its two ends.
+constexpr int toolbarMargin = 48;
 
 /// The part of the monitor under a window that the desktop leaves free, in twips.
 Rect workArea(const wxWindow& window) {
@@ -33,7 +35,8 @@ void ScreenFrame::placeForUser(const WindowMemory& memory) {
     const Rect area = workArea(*stands);
     const Rect design = window_.place();
     sync();
-    WindowSize wanted{{std::max(design.width, twipsOf(*this, toolbar_->GetBestSize().x)),
+    const int toolbarWidth = toolbar_->GetBestSize().x + FromDIP(toolbarMargin);
+    WindowSize wanted{{std::max(design.width, twipsOf(*this, toolbarWidth)),
                        std::max(design.height, std::min(area.height * 3 / 4, tallestDesign))},
                       false};
     const std::string name = window_.memoryName();
