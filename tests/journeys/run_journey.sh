@@ -2,7 +2,9 @@
 # Plays a screen script on a fresh copy of the demonstration database and compares the transcript
 # with the accepted one beside the script.
 #
-#   run_journey.sh PROGRAM DATABASE JOURNEY.script SURFACE [postgresql|mariadb]
+#   run_journey.sh PROGRAM DATABASE JOURNEY.script SURFACE [postgresql|mariadb|sqlite-odbc]
+#
+# With sqlite-odbc the copy is opened over SQLite's driver.
 #
 # With a server, the journey is played on a database of its own there, made in the database that
 # CATALOGADOR_TEST_POSTGRESQL or CATALOGADOR_TEST_MARIADB names; without that it is skipped.
@@ -50,9 +52,13 @@ on() {
 work=$(mktemp -d)
 leave() {
     rm -rf "$work"
-    [ -z "$server" ] || on "$server_connection" "Drop Database $own_database" || true
+    [ -z "${own_database:-}" ] || on "$server_connection" "Drop Database $own_database" || true
 }
-if [ -n "$server" ]; then
+if [ "$server" = sqlite-odbc ]; then
+    cp "$database" "$work/journey.db"
+    connect=--connect
+    connection="Driver={SQLite3};Database=journey.db;FKSupport=1"
+elif [ -n "$server" ]; then
     variable=CATALOGADOR_TEST_$(echo "$server" | tr a-z A-Z)
     eval "server_connection=\${$variable:-}"
     if [ -z "$server_connection" ]; then
