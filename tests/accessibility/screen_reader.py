@@ -77,7 +77,7 @@ class Program:
         def look():
             return [node for node in self.all(role, showing) if node.name == name]
 
-        return until("%s %r is there" % (pyatspi.Accessible, name), look)[0]
+        return until("%s %r is there" % (role, name), look)[0]
 
     def menu_item(self, name):
         return self.one(pyatspi.ROLE_MENU_ITEM, name, showing=False)
@@ -86,6 +86,11 @@ class Program:
         item = self.menu_item(name)
         until(name + " can be chosen", lambda: item.getState().contains(pyatspi.STATE_SENSITIVE))
         item.queryAction().doAction(0)
+
+    def press_tool(self, name):
+        tool = self.one(pyatspi.ROLE_PUSH_BUTTON, name)
+        until(name + " can be pressed", lambda: tool.getState().contains(pyatspi.STATE_SENSITIVE))
+        tool.queryAction().doAction(0)
 
     def box(self, words):
         """The message box that holds the words."""

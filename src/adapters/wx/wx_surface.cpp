@@ -12,7 +12,6 @@
 #include <wx/modalhook.h>
 #include <wx/progdlg.h>
 #include <wx/stopwatch.h>
-#include <wx/translation.h>
 #include <wx/utils.h>
 #ifdef __WXMSW__
 #include <wx/msw/private.h>
@@ -22,8 +21,10 @@
 #include <cstdlib>
 
 #include "adapters/wx/appearance.h"
+#include "adapters/wx/desktop_texts.h"
 #include "adapters/wx/host_windows.h"
 #include "adapters/wx/screen_frame.h"
+#include "adapters/wx/toolkit_texts.h"
 #include "platform/controls/window.h"
 #include "runtime/error.h"
 
@@ -75,14 +76,6 @@ class HostSettings {
 #endif
 };
 
-/// Only the texts: numbers and dates are written as the program's own settings say.
-void useTextsOf(const std::string& language) {
-    auto* texts = new wxTranslations;
-    texts->SetLanguage(wxText(language));
-    texts->AddStdCatalog();
-    wxTranslations::Set(texts);
-}
-
 void startToolkit() {
 #ifdef __WXGTK__
     if (std::getenv("DISPLAY") == nullptr && std::getenv("WAYLAND_DISPLAY") == nullptr)
@@ -111,14 +104,14 @@ void startToolkit() {
 
 WxSurface::WxSurface(std::int16_t language) : language_(language), labels_(boxLabels(language)) {
     startToolkit();
-    useTextsOf(labels_.language);
+    wx::speakToolkitTexts(labels_.language);
 }
 
 void WxSurface::speak(std::uint8_t language) {
     if (language == language_) return;
     language_ = language;
     labels_ = boxLabels(language);
-    useTextsOf(labels_.language);
+    wx::speakToolkitTexts(labels_.language);
 }
 
 WxSurface::~WxSurface() {
@@ -159,6 +152,7 @@ void WxSurface::showModal(Window& window) {
         processEvents();
         runner_(window);
     } else {
+        const wx::DesktopTexts texts(labels_.language);
         frame->runLoop();
         frame->keepSize(memory_);
     }
