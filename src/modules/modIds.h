@@ -27,6 +27,9 @@ class PointerDuring {
     Surface* surface_;
 };
 
+/// Message about a required field that is empty.
+constexpr std::int32_t requiredMessage = 101;
+
 /// Messages about a record that could not be written.
 constexpr std::int32_t recordGoneMessage = 113;
 constexpr std::int32_t recordChangedMessage = 114;

@@ -35,9 +35,9 @@ def pump():
 
 
 def below(node, depth=12):
-    """The node and everything under it, but for the cells of tables."""
+    """The node and everything under it, but for the cells of tables and the entries of combos."""
     yield node
-    if depth == 0 or node.getRole() == pyatspi.ROLE_TABLE:
+    if depth == 0 or node.getRole() in (pyatspi.ROLE_TABLE, pyatspi.ROLE_COMBO_BOX):
         return
     for index in range(node.childCount):
         child = node.getChildAtIndex(index)

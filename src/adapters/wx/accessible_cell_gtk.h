@@ -1,8 +1,6 @@
 #pragma once
-#include <gtk/gtk-a11y.h>
-#include <gtk/gtk.h>
-
 #include "adapters/wx/grid_table.h"
+#include "adapters/wx/own_accessible_gtk.h"
 
 namespace catalogador {
 
@@ -24,10 +22,5 @@ constexpr int headerRow = -1;
 /// A cell of the table or, in headerRow, the header of a column. The caller owns it; it may outlive
 /// the table.
 AtkObject* newAccessibleCell(gpointer table, int row, int column);
-
-/// What a class of that type is derived from.
-inline gpointer classAbove(GType type) {
-    return g_type_class_peek(g_type_parent(type));
-}
 
 }  // namespace catalogador

@@ -143,7 +143,8 @@ class ComboField::Popup : public wxPopupWindow, public wxEventFilter {
 ComboField::ComboField(ComboBox& combo, wxWindow& parent)
     : wxWindow(&parent, wxID_ANY, wxDefaultPosition, wxDefaultSize,
                wxWANTS_CHARS | wxBORDER_NONE | wxFULL_REPAINT_ON_RESIZE),
-      combo_(combo) {
+      combo_(combo),
+      accessible_(ComboAccessible::of(*this, combo)) {
     SetBackgroundStyle(wxBG_STYLE_PAINT);
     Bind(wxEVT_PAINT, &ComboField::onPaint, this);
     Bind(wxEVT_LEFT_DOWN, &ComboField::onMouseDown, this);
@@ -152,6 +153,7 @@ ComboField::ComboField(ComboBox& combo, wxWindow& parent)
     Bind(wxEVT_CHAR, &ComboField::onChar, this);
     Bind(wxEVT_SET_FOCUS, [this](wxFocusEvent& event) {
         combo_.window()->userFocused(combo_);
+        accessible_->changed();
         Refresh();
         event.Skip();
     });
@@ -198,6 +200,7 @@ void ComboField::syncWithModel() {
     } else if (popup_ != nullptr) {
         popup_->showMarked();
     }
+    accessible_->changed();
 }
 
 void ComboField::onPaint(wxPaintEvent&) {

@@ -1,6 +1,9 @@
 #pragma once
 #include <wx/window.h>
 
+#include <memory>
+
+#include "adapters/wx/combo_accessible.h"
 #include "platform/controls/fields.h"
 
 class wxPopupWindow;
@@ -39,6 +42,7 @@ class ComboField : public wxWindow {
     void onChar(wxKeyEvent& event);
 
     ComboBox& combo_;
+    std::unique_ptr<ComboAccessible> accessible_;
     Popup* popup_ = nullptr;
     /// Of the entry that is the longest among so many; looking for it takes longer the more there
     /// are, and they come once.

@@ -8,6 +8,7 @@
 #include <algorithm>
 #include <array>
 
+#include "adapters/wx/accessible_names.h"
 #include "adapters/wx/appearance.h"
 #include "adapters/wx/captions.h"
 #include "adapters/wx/combo_field.h"
@@ -221,6 +222,8 @@ void FieldView::sync() {
     if (shown.GetForegroundColour() != text) shown.SetForegroundColour(text);
     if (shown.IsThisEnabled() != control_.enabled()) shown.Enable(control_.enabled());
     if (shown.IsShown() != control_.visible()) shown.Show(control_.visible());
+    if (dynamic_cast<const Label*>(&control_) == nullptr)
+        tellState(shown, control_.required(), wxText(control_.problem()));
 }
 
 wxColour FieldView::textColour() const {

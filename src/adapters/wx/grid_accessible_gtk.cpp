@@ -189,28 +189,14 @@ GType tableType() {
     return type;
 }
 
-constexpr const char* tableKey = "catalogador-table";
-AtkObject* (*toolkitsAccessible)(GtkWidget* widget) = nullptr;
-
-AtkObject* accessibleOf(GtkWidget* widget) {
-    if (gpointer own = g_object_get_data(G_OBJECT(widget), tableKey)) return ATK_OBJECT(own);
-    return toolkitsAccessible(widget);
-}
-
 class GtkGridAccessible : public GridAccessible {
   public:
     GtkGridAccessible(GtkWidget* widget, RecordGrid& grid) : table_(grid) {
-        // The toolkit's windows share one class; those without a table keep what they had.
-        GtkWidgetClass* klass = GTK_WIDGET_GET_CLASS(widget);
-        if (klass->get_accessible != accessibleOf) {
-            toolkitsAccessible = klass->get_accessible;
-            klass->get_accessible = accessibleOf;
-        }
         object_ = ATK_OBJECT(g_object_new(tableType(), "widget", widget, nullptr));
         atk_object_initialize(object_, widget);
         object_->role = ATK_ROLE_TABLE;
         reinterpret_cast<TableObject*>(object_)->table = &table_;
-        g_object_set_data_full(G_OBJECT(widget), tableKey, g_object_ref(object_), g_object_unref);
+        useAccessible(widget, object_);
     }
 
     ~GtkGridAccessible() override {

@@ -115,6 +115,8 @@ void ScreenFrame::addTool(const ActionPlace& place) {
         filterBox_ = new wxTextCtrl(toolbar_, wxID_ANY, "", wxDefaultPosition,
                                     FromDIP(wxSize(bars.filterBoxWidth, -1)));
         bindTextInput(*filterBox_, window_.commandBars.filterBox);
+        if (const Action* filter = bars.find(CommandBars::filterAction))
+            nameForReaders(*filterBox_, wxText(filter->tooltip));
         toolbar_->AddControl(filterBox_);
         return;
     }

@@ -1,6 +1,7 @@
 #include <wx/settings.h>
 #include <wx/stattext.h>
 
+#include "adapters/wx/accessible_names.h"
 #include "adapters/wx/appearance.h"
 #include "adapters/wx/grid_view.h"
 #include "adapters/wx/native_focus.h"
@@ -13,6 +14,7 @@ void ScreenFrame::syncStatus() {
         status_ = new wxStaticText(panel_, wxID_ANY, "", wxDefaultPosition, wxDefaultSize,
                                    wxST_NO_AUTORESIZE | wxST_ELLIPSIZE_END);
         status_->SetName("status");
+        readAsStatus(*status_);
     }
     const wxString text = wxText(window_.statusText());
     if (status_->GetLabelText() != text) status_->SetLabelText(text);

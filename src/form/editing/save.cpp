@@ -12,7 +12,6 @@ namespace catalogador {
 namespace {
 
 constexpr std::int32_t confirmMessage = 100;
-constexpr std::int32_t requiredMessage = 101;
 constexpr std::int32_t duplicateRuleMessage = 116;
 constexpr std::int32_t noCodeMessage = 508;
 
@@ -60,6 +59,7 @@ void frmCatalogador::AccionGrabar() {
 }
 
 bool frmCatalogador::savable() {
+    for (Control* control : controls()) control->setProblem({});
     if (!ValidoCamposObligatorios()) {
         showNotice(requiredMessage);
         return false;

@@ -30,7 +30,10 @@ std::string frmCatalogador::numberForDatabase(const std::string& typed) const {
 bool frmCatalogador::ValidoCamposObligatorios() {
     return trap("ValidoCamposObligatorios", false, [&] {
         Control* missing = missingRequiredField();
-        if (missing != nullptr) setFocus(*missing);
+        if (missing != nullptr) {
+            missing->setProblem(ObtenerMensaje(requiredMessage));
+            setFocus(*missing);
+        }
         return missing == nullptr;
     });
 }
@@ -55,9 +58,10 @@ bool frmCatalogador::ValidarDatosNumericos() {
             if (kindOf(field.label.tag) != 1 || text.empty() ||
                 isNumeric(Variant(text), host_.regional))
                 continue;
-            host_.messages.MostrarMensaje(replaceText(ObtenerMensaje(notNumericMessage), "[p1]",
-                                                      field.label.caption(), Compare::binary),
-                                          styleExclamation, mstrAppName);
+            const std::string problem = replaceText(ObtenerMensaje(notNumericMessage), "[p1]",
+                                                    field.label.caption(), Compare::binary);
+            host_.messages.MostrarMensaje(problem, styleExclamation, mstrAppName);
+            field.text.setProblem(problem);
             setFocus(field.text);
             return false;
         }
@@ -156,6 +160,7 @@ bool frmCatalogador::duplicateReported(const std::string& campo, const std::stri
         replaceText(ObtenerMensaje(duplicateMessage), "[p1]", valor, Compare::binary);
     text = replaceText(text, "[p2]", caption, Compare::binary);
     host_.messages.MostrarMensaje(text, styleExclamation, mstrAppName);
+    control.setProblem(text);
     setFocus(control);
     return true;
 }
@@ -181,10 +186,12 @@ bool frmCatalogador::ValidarClasificacion(std::int32_t codigo, const std::string
         openRecords();
         const bool taken = !mrdoRegistro->atEnd();
         mrdoRegistro->Close();
-        if (taken)
-            host_.messages.MostrarMensaje(
-                replaceText(ObtenerMensaje(nameTakenMessage), "[p]", nombre, Compare::binary),
-                styleExclamation, mstrAppName);
+        if (taken) {
+            const std::string problem =
+                replaceText(ObtenerMensaje(nameTakenMessage), "[p]", nombre, Compare::binary);
+            host_.messages.MostrarMensaje(problem, styleExclamation, mstrAppName);
+            txtTexto1.setProblem(problem);
+        }
         return taken;
     });
 }

@@ -24,6 +24,12 @@ void Control::setRequired(bool required) {
     changed();
 }
 
+void Control::setProblem(const std::string& problem) {
+    if (problem_ == problem) return;
+    problem_ = problem;
+    changed();
+}
+
 void Control::move(const Rect& place) {
     if (place_ == place) return;
     place_ = place;

@@ -33,6 +33,10 @@ class Control {
     /// Whether the field, or the field that a caption names, must not be left empty.
     [[nodiscard]] bool required() const { return required_; }
     void setRequired(bool required);
+    /// Why the last save refused what the field holds; empty when it did not, and once the user has
+    /// changed it.
+    [[nodiscard]] const std::string& problem() const { return problem_; }
+    void setProblem(const std::string& problem);
 
     [[nodiscard]] int left() const { return place_.left; }
     [[nodiscard]] int top() const { return place_.top; }
@@ -86,6 +90,7 @@ class Control {
     bool enabled_ = true;
     bool tabStop_ = true;
     bool required_ = false;
+    std::string problem_;
     Rect place_;
     Color backColor_ = systemWindowColor;
 };

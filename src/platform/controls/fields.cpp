@@ -46,6 +46,7 @@ int Panel::textWidth(std::string_view text) const {
 void TextBox::setText(std::string text) {
     text_ = std::move(text);
     selStart_ = selLength_ = 0;
+    setProblem({});
     entered();
     changed();
 }
@@ -90,6 +91,7 @@ void TextBox::select(std::size_t start, std::size_t length) {
 }
 
 void TextBox::userEdited(std::string text, std::size_t selStart, std::size_t selLength) {
+    if (text != text_) setProblem({});
     text_ = std::move(text);
     const std::size_t size = lengthInCharacters(text_);
     selStart_ = std::min(selStart, size);
@@ -100,6 +102,7 @@ void TextBox::replaceSelection(std::string_view with) {
     const std::size_t from = characterOffset(text_, selStart_);
     const std::size_t to = characterOffset(text_, selStart_ + selLength_);
     text_.replace(from, to - from, with);
+    setProblem({});
     selStart_ += lengthInCharacters(with);
     selLength_ = 0;
     changed();
@@ -179,6 +182,7 @@ void ComboBox::setListIndex(int index) {
         throw RuntimeError(error_number::invalidProcedureCall, "Invalid property value");
     if (listIndex_ == index) return;
     listIndex_ = index;
+    setProblem({});
     changed();
 }
 
