@@ -92,14 +92,21 @@ wxColour readableOn(const wxColour& background, wxColour wanted) {
 }
 
 wxColour disabledOn(const wxColour& background, const wxColour& wanted) {
-    // Two thirds of the way from the background keep a contrast of more than 3 to 1.
+    constexpr int parts = 12;
+    constexpr int usualParts = 8;
+    // The edges of letters are paler than their colour.
+    constexpr double legibleContrast = 3.5;
     const wxColour text = readableOn(background, wanted);
-    const auto between = [](unsigned char from, unsigned char to) {
-        constexpr int parts = 3;
-        return static_cast<unsigned char>(from + (to - from) * (parts - 1) / parts);
+    const auto between = [](unsigned char from, unsigned char to, int part) {
+        return static_cast<unsigned char>(from + (to - from) * part / parts);
     };
-    return {between(background.Red(), text.Red()), between(background.Green(), text.Green()),
-            between(background.Blue(), text.Blue())};
+    for (int part = usualParts; part < parts; ++part) {
+        const wxColour colour(between(background.Red(), text.Red(), part),
+                              between(background.Green(), text.Green(), part),
+                              between(background.Blue(), text.Blue(), part));
+        if (contrast(background, colour) >= legibleContrast) return colour;
+    }
+    return text;
 }
 
 int statusHeight(const wxWindow& window) {
