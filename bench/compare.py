@@ -127,6 +127,14 @@ def measure_open(measures, connection, rounds, table):
     table.ratio("open to the painted window, beside an empty one", measures, "open_window", "empty_window", 3)
 
 
+def measure_input(measures, connection, rounds, table):
+    measures.add(run("bench_window", "keys", connection, listings.VIEW, 50 * rounds))
+    table.limit("a key in the list", measures, "key", 0.016)
+    measures.add(run("bench_window", "combo", connection, listings.VIEW, 3 * rounds))
+    table.limit("open a combo of 50,000 entries", measures, "list_50000", 0.05)
+    table.ratio("edit a record with a combo of 50,000 entries, beside one of 10", measures, "edit_50000", "edit_10", 1.5)
+
+
 def measure_paint(measures, small, connection, rounds, table):
     measures.add(run("bench_window", "paint", connection, listings.VIEW, 5 * rounds))
     for name in ("paint", "paint_filtered_sorted"):
@@ -211,6 +219,7 @@ def measure_database(name, connect, options, table):
             measure_paint(measures, small, connection, rounds, table)
             if rows <= 10_000:
                 measure_open(measures, connection, rounds, table)
+                measure_input(measures, connection, rounds, table)
             if rows == 100_000:
                 count_instructions(measures, connection, table)
         yield measures

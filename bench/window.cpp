@@ -16,6 +16,8 @@
 #include "adapters/wx/grid_view.h"
 #include "adapters/wx/wx_surface.h"
 #include "bench_host.h"
+#include "modules/modIds.h"
+#include "platform/controls/keys.h"
 #include "runtime/error.h"
 
 namespace catalogador::bench {
@@ -136,6 +138,58 @@ void paintPages(WxSurface& surface, BenchHost& host, std::int16_t view, int roun
     host.activate(view);
 }
 
+/// Opens the list of a combo and a record while the combo has that many entries.
+void measureCombo(WxSurface& surface, frmCatalogador& form, ComboBox& combo, int entries) {
+    const std::string number = std::to_string(entries);
+    combo.clear();
+    for (int entry = 0; entry < entries; ++entry)
+        combo.addItem("Entry " + std::to_string(entry), entry);
+    surface.processEvents();
+    report("edit_" + number, processorSecondsOf([&] {
+               form.commandBars.execute(action::modify);
+               surface.processEvents();
+           }));
+    form.setFocus(combo);
+    surface.processEvents();
+    report("list_" + number, processorSecondsOf([&] {
+               combo.openList();
+               surface.processEvents();
+           }));
+    combo.closeList(false);
+    form.commandBars.execute(action::cancel);
+    surface.processEvents();
+}
+
+void measureCombos(WxSurface& surface, BenchHost& host, std::int16_t view, int rounds) {
+    surface.setModalRunner([&](Window& window) {
+        auto& combo = dynamic_cast<ComboBox&>(*window.find("cmbValor1"));
+        combo.setVisible(true);
+        window.find("lblValor1")->tag = "2";
+        constexpr int few = 10;
+        constexpr int many = 50'000;
+        for (int round = 0; round < rounds; ++round)
+            for (const int entries : {few, many})
+                measureCombo(surface, host.form(), combo, entries);
+        window.requestClose();
+    });
+    host.activate(view);
+}
+
+/// From a key in the list to the row that it selects being drawn.
+void measureKeys(WxSurface& surface, BenchHost& host, std::int16_t view, int rounds) {
+    surface.setModalRunner([&](Window& window) {
+        window.setFocus(host.form().grdGrilla);
+        surface.processEvents();
+        for (int round = 0; round < rounds; ++round)
+            report("key", processorSecondsOf([&] {
+                       window.pressKey(key::down);
+                       surface.processEvents();
+                   }));
+        window.requestClose();
+    });
+    host.activate(view);
+}
+
 int measure(const std::string& what, const std::string& connection, std::int16_t view, int rounds) {
     constexpr std::int16_t spanish = 1;
     WxSurface surface(spanish);
@@ -148,6 +202,10 @@ int measure(const std::string& what, const std::string& connection, std::int16_t
         openView(surface, host, view);
     else if (what == "paint")
         paintPages(surface, host, view, rounds);
+    else if (what == "combo")
+        measureCombos(surface, host, view, rounds);
+    else if (what == "keys")
+        measureKeys(surface, host, view, rounds);
     else
         return 2;
     return 0;
@@ -157,7 +215,7 @@ int measure(const std::string& what, const std::string& connection, std::int16_t
 
 int run(int argc, char** argv) {
     if (argc != 5) {
-        std::cerr << "usage: bench_window empty|open|paint CONNECTION VIEW ROUNDS\n";
+        std::cerr << "usage: bench_window empty|open|paint|combo|keys CONNECTION VIEW ROUNDS\n";
         return 2;
     }
     try {

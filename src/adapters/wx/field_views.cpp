@@ -117,6 +117,9 @@ class CheckView : public FieldView {
         create();
     }
     [[nodiscard]] wxWindow& native() const override { return *native_; }
+    [[nodiscard]] int wantedWidth() const override {
+        return boxWidth_ + wx::captionWidth(*native_, wxText(box_.caption()));
+    }
     int heightIn(int width) override {
         caption_.fit(*native_, wxText(box_.caption()), width - boxWidth_);
         return native_->GetBestSize().GetHeight();
