@@ -170,6 +170,17 @@ TEST(ComboBox, ALetterGoesToTheNextEntryThatBeginsWithIt) {
     EXPECT_EQ(combo.listIndex(), 2) << "no entry begins with what was typed within a second";
 }
 
+TEST(ComboBox, LettersAfterItWasEmptiedBeginAnew) {
+    ComboBox combo("c");
+    combo.addItem("Perú", 1);
+    combo.addItem("Uruguay", 2);
+    for (int record = 0; record < 2; ++record) {
+        for (const char32_t letter : std::u32string(U"peru")) combo.defaultCharacter(letter);
+        EXPECT_EQ(combo.listIndex(), 0);
+        combo.setListIndex(-1);
+    }
+}
+
 TEST(ComboBox, ClearingLosesEntriesAndSelection) {
     ComboBox combo("c");
     combo.addItem("Uno", 1);

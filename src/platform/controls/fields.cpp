@@ -180,6 +180,8 @@ void ComboBox::addItem(std::string text, std::int32_t data) {
 void ComboBox::setListIndex(int index) {
     if (index < -1 || index >= listCount())
         throw RuntimeError(error_number::invalidProcedureCall, "Invalid property value");
+    // What is typed into a field that was emptied is about another record.
+    if (index == -1) typeAhead_ = {};
     if (listIndex_ == index) return;
     listIndex_ = index;
     setProblem({});
