@@ -226,10 +226,12 @@ void GridView::scrollTo(int first) {
 }
 
 void GridView::updateScrollbars() {
-    SetScrollbar(wxVERTICAL, firstVisible(), rowsThatFit(), shownRows_);
+    // A range that is shorter than the page would count as scrolled beyond the end, and the desktop
+    // shades that end.
+    SetScrollbar(wxVERTICAL, firstVisible(), rowsThatFit(), std::max(shownRows_, rowsThatFit()));
     const int width = GetClientSize().GetWidth();
     scrolledX_ = std::clamp(scrolledX_, 0, std::max(0, contentWidth() - width));
-    SetScrollbar(wxHORIZONTAL, scrolledX_, width, contentWidth());
+    SetScrollbar(wxHORIZONTAL, scrolledX_, width, std::max(width, contentWidth()));
 }
 
 void GridView::scrollSideways(int to) {
