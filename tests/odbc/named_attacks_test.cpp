@@ -224,13 +224,11 @@ TEST_P(PostgresqlAttacks, StatementWithinAText) {
                         "''',true,true,'') Is Not Null --"});
 }
 
-TEST_P(PostgresqlAttacks, RoleThatComesBackIsHeldByReadingOnly) {
+TEST_P(PostgresqlAttacks, RoleThatComesBack) {
     const std::string read = "query_to_xml('Select pg_read_file(''PG_VERSION'')',true,true,'')";
-    const std::vector<std::string> typed{
-        "y' Or (set_config('role','none',true) = 'none' And length(" + read + "::text) > 0) --"};
-    EXPECT_FALSE(harms(typed, readingAlone));
-    EXPECT_FALSE(harms(typed, both));
-    EXPECT_TRUE(harms(typed, engineAlone)) << "docs/security.md says otherwise";
+    const std::string back = "set_config('role','none',true) = 'none'";
+    expectHeldBack({"y' Or (" + back + " And length(" + read + "::text) > 0) --"});
+    expectHarmless({"y' Or length(U&\"\\0070g_read_file\"('PG_VERSION')) > 0 --"});
 }
 
 class MariadbAttacks : public Attacks {};
@@ -262,11 +260,9 @@ TEST_P(MariadbAttacks, StatementThatOnlyWaits) {
     expectHarmless({"y' Or benchmark(100000000000, md5('a')) -- "});
 }
 
-TEST_P(MariadbAttacks, FileThatIsReadIsHeldByReadingOnly) {
-    const std::vector<std::string> typed{"y' Or load_file('/etc/passwd') Is Not Null -- "};
-    EXPECT_FALSE(harms(typed, readingAlone));
-    EXPECT_FALSE(harms(typed, both));
-    EXPECT_TRUE(harms(typed, engineAlone)) << "docs/security.md says otherwise";
+TEST_P(MariadbAttacks, FileThatIsRead) {
+    expectHeldBack({"y' Or load_file('/etc/passwd') Is Not Null -- "});
+    expectHarmless({"y' Or `Load_File`('/etc/passwd') Is Not Null -- "});
 }
 
 }  // namespace

@@ -96,13 +96,11 @@ void OdbcSession::setAccess(odbc::Access access) {
 
 OdbcHandle OdbcSession::executeWithData(const std::string& text) {
     if (!guarded()) return executeOnce(text, {}, nullptr);
+    const std::string_view function = odbc::reachingFunction(dialect_, text);
+    if (!function.empty())
+        throw RuntimeError(error_number::statementFailed,
+                           "A check may not name the function " + std::string(function));
     if (dialect_ == Dialect::postgresql && transactions_ == 0) return executeInReading(text);
-    if (dialect_ == Dialect::sqlite) {
-        const std::string_view function = odbc::reachingFunction(text);
-        if (!function.empty())
-            throw RuntimeError(error_number::statementFailed,
-                               "A check may not name the function " + std::string(function));
-    }
     if (dialect_ == Dialect::mariadb) {
         const std::string before = mariadbState_;
         readMariadbState();

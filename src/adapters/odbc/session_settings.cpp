@@ -2,6 +2,8 @@
 
 #include <array>
 #include <charconv>
+#include <map>
+#include <vector>
 
 #include "runtime/text.h"
 
@@ -95,13 +97,21 @@ SqlSyntax mariadbSyntax(const std::string& mode, const std::string& characterSet
     return syntax;
 }
 
-std::string_view reachingFunction(std::string_view sql) {
-    constexpr std::array<std::string_view, 7> functions{
-        "load_extension", "blob_export", "blob_import",    "readfile",
-        "writefile",      "import_sql",  "fts3_tokenizer",
+std::string_view reachingFunction(Dialect dialect, std::string_view sql) {
+    // These names can be written in no other way, so that the text alone tells, however it is read;
+    // but for PostgreSQL's names in U&"", which count as one of them.
+    static const std::map<Dialect, std::vector<std::string_view>> functions{
+        {Dialect::sqlite,
+         {"load_extension", "blob_export", "blob_import", "readfile", "writefile", "import_sql",
+          "fts3_tokenizer"}},
+        {Dialect::postgresql,
+         {"set_config", "_to_xml", "ts_stat", "ts_rewrite", "dblink", "pg_read_", "pg_ls_",
+          "pg_stat_file", "lo_export", "lo_import", "U&\""}},
+        {Dialect::mariadb, {"load_file"}},
     };
-    // No name can be written in another way, so that the text alone tells, however it is read.
-    for (const std::string_view function : functions)
+    const auto known = functions.find(dialect);
+    if (known == functions.end()) return {};
+    for (const std::string_view function : known->second)
         if (containsText(sql, function, Compare::text)) return function;
     return {};
 }

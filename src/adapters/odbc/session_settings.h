@@ -12,9 +12,9 @@ namespace catalogador::odbc {
 /// What the transactions that begin next in a session may do.
 enum class Access { reading, writing };
 
-/// A function of SQLite's driver, or of SQLite, that reaches for files or loads code, which the
-/// statement names; empty for none.
-std::string_view reachingFunction(std::string_view sql);
+/// What the statement names of that database's functions that reach for files, load code or run a
+/// text; empty for none. They are told by their names or the beginning that several have in common.
+std::string_view reachingFunction(Dialect dialect, std::string_view sql);
 
 /// The statement that sets it; empty for a database that is not known.
 std::string accessStatement(Dialect dialect, Access access);
