@@ -1,3 +1,4 @@
+#include <array>
 #include <iostream>
 
 #include "adapters/com/com_api.h"
@@ -44,6 +45,21 @@ TEST(Creation, GivesTheBoxesTheLanguageOfTheTextsBeforeTheFirstScreen) {
         EXPECT_EQ(boxOfAClosedConnection().find("Aceptar"), std::string::npos);
     }
     EXPECT_NE(boxOfAClosedConnection().find("Aceptar"), std::string::npos);
+}
+
+/// The text in a key of the registered classes; empty where there is none.
+std::wstring classIdAt(const wchar_t* key) {
+    std::array<wchar_t, 100> text{};
+    DWORD size = sizeof text;
+    const LSTATUS result =
+        RegGetValueW(HKEY_CLASSES_ROOT, key, nullptr, RRF_RT_REG_SZ, nullptr, text.data(), &size);
+    return result == ERROR_SUCCESS ? text.data() : std::wstring();
+}
+
+void setClassIdAt(const wchar_t* key, const std::wstring& classId) {
+    EXPECT_EQ(RegSetKeyValueW(HKEY_CLASSES_ROOT, key, L"", REG_SZ, classId.c_str(),
+                              static_cast<DWORD>(2 * (classId.size() + 1))),
+              ERROR_SUCCESS);
 }
 
 /// A language library of another maker: it has no text, and keeps what it is told.
@@ -94,10 +110,7 @@ TEST(Creation, TakesALanguageLibraryWithoutTexts) {
         0x2f4c9d1e, 0x5b7a, 0x4c3d, {0x9e, 0x11, 0x30, 0x42, 0x71, 0x5a, 0x6b, 0x7c}};
     const wchar_t* key = L"LNG_QTX_009.clsResources";
     const std::wstring classId = L"{2F4C9D1E-5B7A-4C3D-9E11-3042715A6B7C}";
-    ASSERT_EQ(
-        RegSetKeyValueW(HKEY_CLASSES_ROOT, (std::wstring(key) + L"\\CLSID").c_str(), L"", REG_SZ,
-                        classId.c_str(), static_cast<DWORD>(2 * (classId.size() + 1))),
-        0);
+    setClassIdAt((std::wstring(key) + L"\\CLSID").c_str(), classId);
     WordlessFactory factory;
     DWORD registration = 0;
     ASSERT_EQ(CoRegisterClassObject(wordless, &factory, CLSCTX_INPROC_SERVER, REGCLS_MULTIPLEUSE,
@@ -178,14 +191,17 @@ TEST(Creation, ASecondApartmentHasObjectsOfItsOwn) {
 
 TEST(Creation, IsRefusedWithTheStatedErrorWhenTheTextsAreMissing) {
     const Apartment apartment;
-    ASSERT_EQ(RegRenameKey(HKEY_CLASSES_ROOT, L"LNG_QTX_001.clsResources", L"LNG_hidden"), 0);
+    const wchar_t* key = L"LNG_QTX_001.clsResources\\CLSID";
+    const std::wstring library = classIdAt(key);
+    ASSERT_FALSE(library.empty());
+    setClassIdAt(key, L"{00000000-0000-0000-0000-000000000001}");
     BoxCloser boxes;
     ComPtr<_clsCatalogador> component;
     const HRESULT result = CoCreateInstance(CLSID_clsCatalogador, nullptr, CLSCTX_INPROC_SERVER,
                                             IID__clsCatalogador, component.putVoid());
     ComPtr<IErrorInfo> info;
     const HRESULT told = GetErrorInfo(0, info.put());
-    RegRenameKey(HKEY_CLASSES_ROOT, L"LNG_hidden", L"LNG_QTX_001.clsResources");
+    setClassIdAt(key, library);
     EXPECT_EQ(result, resultOf(9000));
     EXPECT_FALSE(component);
     ASSERT_EQ(told, S_OK);
