@@ -49,6 +49,8 @@ until_true() {
 
 window_named() { xdotool search --onlyvisible --name "^$1\$"; }
 no_window_named() { ! window_named "$1"; }
+# Sets window. A search fails, too, when another window goes meanwhile.
+find_window() { window=$(window_named "$1" | tail -n 1) && [ -n "$window" ]; }
 has_keys() { [ "$(xdotool getwindowfocus)" = "$window" ]; }
 # focus_is NAME: the control that the program gave the focus to last
 focus_is() {
@@ -64,8 +66,7 @@ open_view() {
     wait_focus grdGrilla
 }
 wait_window() {
-    until_true window_named "$1"
-    window=$(window_named "$1" | tail -n 1)
+    until_true find_window "$1"
     until_true has_keys
 }
 # A box in front of the view's window; the toolkit gives it the window's title or none.
