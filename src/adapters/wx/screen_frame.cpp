@@ -217,7 +217,8 @@ void ScreenFrame::syncFields() {
         if (view == nullptr && control->visible()) view = createField(*control);
         if (view != nullptr) view->sync();
     }
-    if (!changed.empty()) layOut();
+    // The panel gets its room a moment after the window has its own.
+    if (!changed.empty() || panel_->GetClientSize() != fieldRoom_) layOut();
 }
 
 void ScreenFrame::layOut() {
@@ -226,7 +227,8 @@ void ScreenFrame::layOut() {
         FieldView* view = control->visible() ? viewOf(*control) : nullptr;
         if (view != nullptr) visible.push_back(view);
     }
-    wx::layOutFields(visible, panel_->GetClientSize());
+    fieldRoom_ = panel_->GetClientSize();
+    wx::layOutFields(visible, fieldRoom_);
 }
 
 void ScreenFrame::syncFocus() {

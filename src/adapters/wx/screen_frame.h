@@ -133,6 +133,8 @@ class ScreenFrame : public wxFrame {
     bool awaitsIconic_ = false;
     /// The room that the controls were laid out in.
     wxSize laidOutSize_;
+    /// The room in the panel that the fields were laid out in.
+    wxSize fieldRoom_;
     wxGUIEventLoop* loop_ = nullptr;
 };
 
