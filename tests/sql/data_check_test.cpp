@@ -159,12 +159,16 @@ TEST(DataCheck, LetsAListOfCodesThroughOnlyWhereItIsOne) {
 }
 
 TEST(DataCheck, RefusesANumberThatTurnsTheSignBeforeItIntoSomethingElse) {
-    const SqlText minus = "Select 1 -" + SqlText::ofData("-5");
-    expectRefused(minus, "-5", Dialect::sqlite);
-    expectRefused(minus, "-5", Dialect::postgresql);
-    expectPasses(minus, Dialect::mariadb);
+    for (const Dialect dialect : known)
+        expectRefused("Select 1 -" + SqlText::ofData("-5"), "-5", dialect);
+    expectPasses("Select 1 - " + SqlText::ofData("-5"), Dialect::mariadb);
     expectRefused("Select 1 %" + SqlText::ofData("-5"), "-5", Dialect::postgresql);
     expectPasses("Select 1 =" + SqlText::ofData("-5"), Dialect::postgresql);
+}
+
+TEST(DataCheck, RefusesDataBehindDashesThatADriverTakesForAComment) {
+    expectRefused("Select 1 --'1', '" + SqlText::ofData("\n;Select 2") + "'", "\n;Select 2",
+                  Dialect::mariadb);
 }
 
 TEST(DataCheck, LetsDigitsBePartOfANameOrAComment) {

@@ -177,6 +177,8 @@ class OdbcSession : public SqlSession, public rdoPlanner {
     std::string mariadbState_;
     /// The statement that is being executed holds data.
     bool carriesData_ = false;
+    /// A function that its data names and that must not be called; empty for none.
+    std::string_view reaching_;
     /// The last statement was stopped because of its limit.
     bool outlived_ = false;
     bool borrowed_ = false;

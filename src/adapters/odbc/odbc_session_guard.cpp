@@ -36,6 +36,12 @@ bool callsProcedure(std::string_view text, const SqlSyntax& syntax) {
 OdbcSession::Announced::Announced(OdbcSession& session, const SqlText& sql) : session_(session) {
     if (session.defences_.reading) requireDataStaysData(sql, session.syntax_);
     session.carriesData_ = !sql.data().empty();
+    session.reaching_ = {};
+    for (const auto& piece : sql.data()) {
+        const auto text = std::string_view(sql.text()).substr(piece.start, piece.length);
+        if (session.reaching_.empty())
+            session.reaching_ = odbc::reachingFunction(session.dialect_, text);
+    }
 }
 
 void OdbcSession::preparePostgresql() {
@@ -96,10 +102,9 @@ void OdbcSession::setAccess(odbc::Access access) {
 
 OdbcHandle OdbcSession::executeWithData(const std::string& text) {
     if (!guarded()) return executeOnce(text, {}, nullptr);
-    const std::string_view function = odbc::reachingFunction(dialect_, text);
-    if (!function.empty())
+    if (!reaching_.empty())
         throw RuntimeError(error_number::statementFailed,
-                           "A check may not name the function " + std::string(function));
+                           "A check may not name the function " + std::string(reaching_));
     if (dialect_ == Dialect::postgresql && transactions_ == 0) return executeInReading(text);
     if (dialect_ == Dialect::mariadb) {
         const std::string before = mariadbState_;

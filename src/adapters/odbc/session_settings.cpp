@@ -97,7 +97,7 @@ SqlSyntax mariadbSyntax(const std::string& mode, const std::string& characterSet
     return syntax;
 }
 
-std::string_view reachingFunction(Dialect dialect, std::string_view sql) {
+std::string_view reachingFunction(Dialect dialect, std::string_view text) {
     // These names can be written in no other way, so that the text alone tells, however it is read;
     // but for PostgreSQL's names in U&"", which count as one of them.
     static const std::map<Dialect, std::vector<std::string_view>> functions{
@@ -112,7 +112,7 @@ std::string_view reachingFunction(Dialect dialect, std::string_view sql) {
     const auto known = functions.find(dialect);
     if (known == functions.end()) return {};
     for (const std::string_view function : known->second)
-        if (containsText(sql, function, Compare::text)) return function;
+        if (containsText(text, function, Compare::text)) return function;
     return {};
 }
 

@@ -12,9 +12,9 @@ namespace catalogador::odbc {
 /// What the transactions that begin next in a session may do.
 enum class Access { reading, writing };
 
-/// What the statement names of that database's functions that reach for files, load code or run a
-/// text; empty for none. They are told by their names or the beginning that several have in common.
-std::string_view reachingFunction(Dialect dialect, std::string_view sql);
+/// What a text names of that database's functions that reach for files, load code or run a text;
+/// empty for none. They are told by their names or the beginning that several have in common.
+std::string_view reachingFunction(Dialect dialect, std::string_view text);
 
 /// The statement that sets it; empty for a database that is not known.
 std::string accessStatement(Dialect dialect, Access access);

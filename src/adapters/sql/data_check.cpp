@@ -218,13 +218,22 @@ bool hasShapeOf(const SqlText& sql, const SqlText& plain, const SqlSyntax& synta
     return shape.kept() && expected.kept() && shape.parts() == expected.parts();
 }
 
-/// Which of these is executed depends on a version that is not known.
+/// Which comments for versions are executed depends on a version that is not known, and a driver
+/// may take two dashes for the beginning of a comment where the database wants a blank behind them.
 bool hasDoubtfulComment(const SqlText& sql, const SqlSyntax& syntax) {
-    if (!syntax.executableComments || syntax.serverVersion != 0) return false;
+    if (!syntax.dashCommentNeedsBlank && !syntax.executableComments) return false;
     const auto tokens = tokensOf(sql.text(), syntax);
-    return std::any_of(tokens.begin(), tokens.end(), [](const SqlToken& token) {
-        return token.text.starts_with("/*!") || token.text.starts_with("/*M!");
-    });
+    if (syntax.executableComments && syntax.serverVersion == 0 &&
+        std::any_of(tokens.begin(), tokens.end(), [](const SqlToken& token) {
+            return token.text.starts_with("/*!") || token.text.starts_with("/*M!");
+        }))
+        return true;
+    const auto dashes = [](const SqlToken& first, const SqlToken& second) {
+        return first.text == "-" && second.text == "-" &&
+               first.text.data() + 1 == second.text.data();
+    };
+    return syntax.dashCommentNeedsBlank &&
+           std::adjacent_find(tokens.begin(), tokens.end(), dashes) != tokens.end();
 }
 
 bool isUsable(std::string_view data, const SqlSyntax& syntax) {
