@@ -38,7 +38,8 @@ choose() {
     confirm
     wait_focus grdGrilla
 }
-stored() { query "Select Count(*) From genCodigoTexto Where CTeIDTipoVista = 2 And CTeTextoCorto Like 'ZZ-%'"; }
+# The box that follows on the one whose answer is pressed may leave the window no moment with the keys.
+another_question() { question_shown && [ "$(xdotool getwindowfocus)" != "$question" ]; }
 
 query "Delete From genCodigoTexto Where CTeIDTipoVista = 2" >/dev/null
 open_view 2 Subdivisiones
@@ -77,8 +78,10 @@ press Return
 wait_focus cmbValor2
 write prov
 press Return
-confirm
 until_true question_shown
+question=$(xdotool getwindowfocus)
+press Return
+until_true another_question
 press Return
 until_true has_keys
 wait_focus txtTexto1
