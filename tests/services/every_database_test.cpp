@@ -2,6 +2,7 @@
 #include <unistd.h>
 
 #include <chrono>
+#include <functional>
 #include <set>
 
 #include "adapters/services/access.h"
@@ -31,6 +32,26 @@ class ServicesOn : public test::RdoTest {
         RdoTest::TearDown();
     }
 
+    /// Does the work in so many processes at once, each with a connection of its own. Those of this
+    /// process are closed meanwhile: their threads would not live on in the others, but what they
+    /// hold locked would.
+    void inProcesses(int count, const std::function<void(test::TestedConnection&)>& work) {
+        connection.reset();
+        other.reset();
+        for (int process = 0; process < count; ++process) {
+            if (fork() != 0) continue;
+            work(*connect());
+            _exit(0);
+        }
+        for (int process = 0; process < count; ++process) {
+            int status = -1;
+            wait(&status);
+            EXPECT_EQ(status, 0);
+        }
+        connection = connect();
+        other = connect();
+    }
+
     Utilities utilities{Settings("", {}), Regional{}, "", nullptr};
 
   private:
@@ -46,20 +67,11 @@ TEST_P(ServicesOn, GivesEveryProcessItsOwnCodes) {
     constexpr int draws = 30;
     connection->run("INSERT INTO genNumeradores VALUES ('Países', 33)");
     create("Code INTEGER");
-    for (int process = 0; process < processes; ++process) {
-        if (fork() != 0) continue;
-        const auto own = connect();
+    inProcesses(processes, [&](test::TestedConnection& own) {
         for (int i = 0; i < draws; ++i)
-            own->run("INSERT INTO " + table + " VALUES (?)",
-                     {utilities.ProximoCodigo(*own, "Países")});
-        // The parent's connections must not be closed from here.
-        _exit(0);
-    }
-    for (int process = 0; process < processes; ++process) {
-        int status = -1;
-        wait(&status);
-        EXPECT_EQ(status, 0);
-    }
+            own.run("INSERT INTO " + table + " VALUES (?)",
+                    {utilities.ProximoCodigo(own, "Países")});
+    });
     std::set<std::int64_t> codes;
     for (const auto& row : all()) codes.insert(*row[0].as<std::int64_t>());
     EXPECT_EQ(codes.size(), static_cast<std::size_t>(processes * draws));
@@ -108,18 +120,14 @@ TEST_P(ServicesOn, DrawsWhereEveryTransactionIsSerializable) {
     constexpr int draws = 25;
     connection->run("INSERT INTO genNumeradores VALUES ('Países', 0)");
     create("Code INTEGER");
-    for (int user = 0; user < users; ++user) {
-        if (fork() != 0) continue;
-        const auto own = connect();
-        own->run(dialect() == Dialect::postgresql
-                     ? "SET SESSION CHARACTERISTICS AS TRANSACTION ISOLATION LEVEL SERIALIZABLE"
-                     : "SET SESSION TRANSACTION ISOLATION LEVEL SERIALIZABLE");
+    inProcesses(users, [&](test::TestedConnection& own) {
+        own.run(dialect() == Dialect::postgresql
+                    ? "SET SESSION CHARACTERISTICS AS TRANSACTION ISOLATION LEVEL SERIALIZABLE"
+                    : "SET SESSION TRANSACTION ISOLATION LEVEL SERIALIZABLE");
         for (int i = 0; i < draws; ++i)
-            own->run("INSERT INTO " + table + " VALUES (?)",
-                     {utilities.ProximoCodigo(*own, "Países")});
-        _exit(0);
-    }
-    for (int user = 0; user < users; ++user) wait(nullptr);
+            own.run("INSERT INTO " + table + " VALUES (?)",
+                    {utilities.ProximoCodigo(own, "Países")});
+    });
     std::set<std::int64_t> codes;
     for (const auto& row : all()) codes.insert(*row[0].as<std::int64_t>());
     EXPECT_EQ(codes.size(), static_cast<std::size_t>(users * draws));
