@@ -171,13 +171,13 @@ class OdbcSession : public SqlSession, public rdoPlanner {
     FairTurns turns_{std::chrono::milliseconds(11)};
     /// What the session was last set to; nothing for how it was opened.
     std::optional<odbc::Access> access_;
-    /// What is checked is to be asked for by somebody with fewer rights than the user.
+    /// The user is a superuser whose checks run with the rights of pg_read_all_data.
     bool asReader_ = false;
     /// sql_mode and character set for which the syntax holds.
     std::string mariadbState_;
     /// The statement that is being executed holds data.
     bool carriesData_ = false;
-    /// A function that its data names and that must not be called; empty for none.
+    /// The function that its data names and that a check must not call; empty when it names none.
     std::string_view reaching_;
     /// The last statement was stopped because of its limit.
     bool outlived_ = false;

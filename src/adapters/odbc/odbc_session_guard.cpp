@@ -103,8 +103,9 @@ void OdbcSession::setAccess(odbc::Access access) {
 OdbcHandle OdbcSession::executeWithData(const std::string& text) {
     if (!guarded()) return executeOnce(text, {}, nullptr);
     if (!reaching_.empty())
-        throw RuntimeError(error_number::statementFailed,
-                           "A check may not name the function " + std::string(reaching_));
+        throw RuntimeError(
+            error_number::statementFailed,
+            "A text that names " + std::string(reaching_) + " cannot be used in a check");
     if (dialect_ == Dialect::postgresql && transactions_ == 0) return executeInReading(text);
     if (dialect_ == Dialect::mariadb) {
         const std::string before = mariadbState_;

@@ -98,8 +98,8 @@ SqlSyntax mariadbSyntax(const std::string& mode, const std::string& characterSet
 }
 
 std::string_view reachingFunction(Dialect dialect, std::string_view text) {
-    // These names can be written in no other way, so that the text alone tells, however it is read;
-    // but for PostgreSQL's names in U&"", which count as one of them.
+    // A search of the text is enough because these names cannot be written in another way. Only
+    // PostgreSQL's U&"" can spell a name with escapes, so it is refused as a whole.
     static const std::map<Dialect, std::vector<std::string_view>> functions{
         {Dialect::sqlite,
          {"load_extension", "blob_export", "blob_import", "readfile", "writefile", "import_sql",

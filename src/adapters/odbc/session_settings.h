@@ -12,19 +12,19 @@ namespace catalogador::odbc {
 /// What the transactions that begin next in a session may do.
 enum class Access { reading, writing };
 
-/// What a text names of that database's functions that reach for files, load code or run a text;
-/// empty for none. They are told by their names or the beginning that several have in common.
+/// The first function that a text names and that reaches files, loads code or runs a text; empty
+/// when it names none. Names are found anywhere in the text, without regard to case.
 std::string_view reachingFunction(Dialect dialect, std::string_view text);
 
 /// The statement that sets it; empty for a database that is not known.
 std::string accessStatement(Dialect dialect, Access access);
 
 /// Sets how the server reads texts, and how long it waits and works. A query, whose first column
-/// is the number by which the server knows the session, and the second 1 when its user is an
-/// administrator who can become one that only reads tables.
+/// is the number by which the server knows the session, and the second is 1 when its user is
+/// a superuser and the role pg_read_all_data exists.
 std::string postgresqlSettings(const Timeouts& timeouts);
-/// Begins the transaction of a statement with data in PostgreSQL; `asReader` has an administrator
-/// only read tables there.
+/// Begins the transaction of a statement with data in PostgreSQL; `asReader` limits it to the
+/// rights of pg_read_all_data.
 std::string postgresqlCheck(bool asReader);
 /// The same of MariaDB, in two: what is set, and the query.
 std::string mariadbSettings(const Timeouts& timeouts);

@@ -84,7 +84,7 @@ void WindowSizes::write(const std::string& window, const WindowSize& size) const
         output.close();
         if (output) replaced.commit();
     } catch (const RuntimeError&) {
-        // A window of the usual size is no reason to stop a user.
+        // A size that cannot be kept must not stop the user.
     } catch (const std::filesystem::filesystem_error&) {
     }
 }

@@ -81,8 +81,7 @@ wxColour colourOf(Color color) {
 wxColour readableOn(const wxColour& background, wxColour wanted) {
     constexpr int steps = 20;
     const bool towardsBlack = contrast(background, *wxBLACK) >= contrast(background, *wxWHITE);
-    // A grey that is only just readable would be a poor text in the themes for those who see
-    // little.
+    // A barely readable grey does not serve the users of high-contrast themes.
     if (contrast(background, wanted) < readableContrast && isGrey(wanted))
         return towardsBlack ? *wxBLACK : *wxWHITE;
     for (int step = 0; step < steps && contrast(background, wanted) < readableContrast; ++step)

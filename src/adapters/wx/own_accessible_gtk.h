@@ -4,7 +4,7 @@
 
 namespace catalogador {
 
-/// Has readers told of a widget by an object of the program's own, which the widget then holds.
+/// Replaces the object by which screen readers know a widget. The widget keeps a reference to it.
 void useAccessible(GtkWidget* widget, AtkObject* object);
 
 /// What a class of that type is derived from.

@@ -9,7 +9,7 @@ namespace catalogador {
 
 namespace {
 
-/// Twips; a list that is taller makes nobody faster.
+/// In twips. A taller window would not help anybody to work faster.
 constexpr int tallestDesign = 10'000;
 /// Pixels at 96 dpi; the toolbar's own answer leaves out what stands between its two ends.
 constexpr int toolbarMargin = 48;

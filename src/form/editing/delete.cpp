@@ -88,7 +88,7 @@ std::int32_t frmCatalogador::removeRecord() {
             openRecords();
             if (mrdoRegistro->atEnd()) return true;
         } catch (const RuntimeError&) {
-            // Nobody can look.
+            // The database cannot be asked, so the outcome stays unknown.
         }
         return std::nullopt;
     });
