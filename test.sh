@@ -7,7 +7,8 @@
 #   test.sh windows   the Windows component, of 64 and of 32 bits
 #   test.sh all       as without an argument, and the Windows component
 #   test.sh lint      clang-tidy over src
-#   test.sh fuzz [N]  the fuzzers, N seconds each (60 when it is left out); part of test.sh too
+#   test.sh fuzz [N]  the fuzzers, N seconds each (60 when it is left out), each time with others of
+#                     their random inputs; as a part of test.sh they try the same inputs each time
 #   test.sh coverage  how much of src the tests run, by line and branch
 set -euo pipefail
 cd "$(dirname "${BASH_SOURCE[0]}")"
@@ -66,18 +67,20 @@ this_system() {
     stop_display
     build asan
     run_tests asan -LE 'window|check|servers' -j "$(nproc)"
-    fuzz 60
+    rm -rf build/fuzz/corpus
+    fuzz 60 1
 }
 
-# fuzz SECONDS: each harness for so long, on all processors; the corpora are grown and kept in
-# build/fuzz/corpus, their seeds in tests/fuzz/corpus.
+# fuzz SECONDS [SEED]: each harness for so long, on all processors; the corpora are grown and kept in
+# build/fuzz/corpus, their seeds in tests/fuzz/corpus. Without a corpus of its own a harness repeats
+# with the same SEED what it did with it before.
 fuzz() {
-    local seconds=$1 harness bad=0 total=0
+    local seconds=$1 seed=${2:-0} harness bad=0 total=0
     install_missing "${build_packages[@]}" "${fuzz_packages[@]}"
     build fuzz fuzzers
     echo "== fuzzing: $seconds s each"
     find build/fuzz -maxdepth 1 -name 'fuzz_*' -type f -perm -u+x -print0 | sort -z |
-        xargs -0 -P "$(nproc)" -n 1 tests/fuzz/run.sh "$seconds" build/fuzz/corpus || true
+        xargs -0 -P "$(nproc)" -n 1 tests/fuzz/run.sh "$seconds" "$seed" build/fuzz/corpus || true
     for harness in build/fuzz/fuzz_*; do
         [ -x "$harness" ] || continue
         total=$((total + 1))

@@ -106,6 +106,12 @@ struct Magnitude {
     std::int64_t point = 0;
     /// Zeros at either end are kept as they were typed unless there is an exponent.
     bool hasExponent = false;
+
+    /// Digits that it takes without an exponent.
+    std::int64_t length() const {
+        return std::max(point, static_cast<std::int64_t>(digits.size())) -
+               std::min<std::int64_t>(point, 0);
+    }
 };
 
 std::optional<Magnitude> takeMagnitude(std::string_view& text, const Regional& regional) {
@@ -149,13 +155,13 @@ std::string plainText(Magnitude number) {
     return number.digits.insert(static_cast<std::size_t>(number.point), ".");
 }
 
-std::optional<TypedNumber> numberOf(const Magnitude& number, bool negative) {
-    const auto count = static_cast<std::int64_t>(number.digits.size());
-    const std::int64_t length =
-        std::max(number.point, count) - std::min<std::int64_t>(number.point, 0);
-    const bool plain = length <= mostDigits;
-    if (number.digits.find_first_not_of('0') == std::string::npos)
-        return TypedNumber{0, plain && !number.hasExponent ? plainText(number) : "0"};
+std::optional<TypedNumber> numberOf(Magnitude number, bool negative) {
+    if (number.digits.find_first_not_of('0') == std::string::npos) {
+        const bool asTyped = number.length() <= mostDigits && !number.hasExponent;
+        return TypedNumber{0, asTyped ? plainText(number) : "0"};
+    }
+    if (number.length() > mostDigits) removeOuterZeros(number);
+    const bool plain = number.length() <= mostDigits;
     const std::string exact = scientificText(number);
     double value = 0;
     const auto result = std::from_chars(exact.data(), exact.data() + exact.size(), value);

@@ -53,6 +53,15 @@ TEST(TypedNumber, GroupsWithCommasByThreesOnly) {
                              {"1.5,000", nullptr}});
 }
 
+TEST(TypedNumber, CountsNoZerosAtTheEndsWhenItHasTooManyDigits) {
+    const std::string zeros(80, '0');
+    expectReadings(english, {{(zeros + "12297829382473034").c_str(), "12297829382473034"},
+                             {(zeros + "5.25").c_str(), "5.25"},
+                             {("5.25" + zeros).c_str(), "5.25"},
+                             {("5" + zeros).c_str(), "5e80"},
+                             {(zeros + "." + zeros + "5").c_str(), "5e-81"}});
+}
+
 TEST(TypedNumber, GroupsWithPointsByThreesOnly) {
     expectReadings(spanish, {{"1.234,5", "1234.5"},
                              {"10,5", "10.5"},
