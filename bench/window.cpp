@@ -65,8 +65,8 @@ void openEmpty() {
            }));
 }
 
-void openView(WxSurface& surface, BenchHost& host, std::int16_t view) {
-    PaintedWindow painted(typeid(GridView));
+void openView(wx::WxSurface& surface, BenchHost& host, std::int16_t view) {
+    PaintedWindow painted(typeid(wx::GridView));
     const auto start = Clock::now();
     surface.setModalRunner([&](Window& window) {
         painted.wait();
@@ -77,16 +77,16 @@ void openView(WxSurface& surface, BenchHost& host, std::int16_t view) {
     host.activate(view);
 }
 
-GridView* gridViewIn(wxWindow& window) {
+wx::GridView* gridViewIn(wxWindow& window) {
     for (wxWindow* child : window.GetChildren()) {
-        if (auto* view = dynamic_cast<GridView*>(child)) return view;
-        if (GridView* view = gridViewIn(*child)) return view;
+        if (auto* view = dynamic_cast<wx::GridView*>(child)) return view;
+        if (wx::GridView* view = gridViewIn(*child)) return view;
     }
     return nullptr;
 }
 
 /// Paints the page that begins at a visible row; gives the seconds that took.
-double paintPage(GridView& view, RecordGrid& grid, int first, wxBitmap& bitmap) {
+double paintPage(wx::GridView& view, RecordGrid& grid, int first, wxBitmap& bitmap) {
     wxMemoryDC dc(bitmap);
     dc.SetFont(view.GetFont());
     return processorSecondsOf([&] {
@@ -105,7 +105,7 @@ bool drawsLastRow(const wxBitmap& page) {
     return false;
 }
 
-void paintPages(WxSurface& surface, BenchHost& host, std::int16_t view, int rounds) {
+void paintPages(wx::WxSurface& surface, BenchHost& host, std::int16_t view, int rounds) {
     surface.setModalRunner([&](Window& window) {
         RecordGrid& grid = host.form().grdGrilla;
         auto* frame = dynamic_cast<wxFrame*>(surface.nativeWindow(window));
@@ -117,7 +117,7 @@ void paintPages(WxSurface& surface, BenchHost& host, std::int16_t view, int roun
             surface.processEvents();
             wxTheApp->ProcessPendingEvents();
         }
-        GridView* grids = gridViewIn(*frame);
+        wx::GridView* grids = gridViewIn(*frame);
         wxBitmap bitmap(grids->GetClientSize());
         const auto measurePages = [&](const std::string& name) {
             for (int round = 0; round < rounds; ++round) {
@@ -139,7 +139,7 @@ void paintPages(WxSurface& surface, BenchHost& host, std::int16_t view, int roun
 }
 
 /// Opens the list of a combo and a record while the combo has that many entries.
-void measureCombo(WxSurface& surface, frmCatalogador& form, ComboBox& combo, int entries) {
+void measureCombo(wx::WxSurface& surface, frmCatalogador& form, ComboBox& combo, int entries) {
     const std::string number = std::to_string(entries);
     combo.clear();
     for (int entry = 0; entry < entries; ++entry)
@@ -160,7 +160,7 @@ void measureCombo(WxSurface& surface, frmCatalogador& form, ComboBox& combo, int
     surface.processEvents();
 }
 
-void measureCombos(WxSurface& surface, BenchHost& host, std::int16_t view, int rounds) {
+void measureCombos(wx::WxSurface& surface, BenchHost& host, std::int16_t view, int rounds) {
     surface.setModalRunner([&](Window& window) {
         auto& combo = dynamic_cast<ComboBox&>(*window.find("cmbValor1"));
         combo.setVisible(true);
@@ -176,7 +176,7 @@ void measureCombos(WxSurface& surface, BenchHost& host, std::int16_t view, int r
 }
 
 /// From a key in the list to the row that it selects being drawn.
-void measureKeys(WxSurface& surface, BenchHost& host, std::int16_t view, int rounds) {
+void measureKeys(wx::WxSurface& surface, BenchHost& host, std::int16_t view, int rounds) {
     surface.setModalRunner([&](Window& window) {
         window.setFocus(host.form().grdGrilla);
         surface.processEvents();
@@ -192,7 +192,7 @@ void measureKeys(WxSurface& surface, BenchHost& host, std::int16_t view, int rou
 
 int measure(const std::string& what, const std::string& connection, std::int16_t view, int rounds) {
     constexpr std::int16_t spanish = 1;
-    WxSurface surface(spanish);
+    wx::WxSurface surface(spanish);
     if (what == "empty") {
         openEmpty();
         return 0;

@@ -12,7 +12,7 @@ namespace catalogador {
 
 namespace {
 
-HelpLabels helpLabelsOf(std::int16_t language) {
+wx::HelpLabels helpLabelsOf(std::int16_t language) {
     constexpr std::int32_t helpCaption = 224;
     const std::string help = replaceText(ObtenerMensaje(helpCaption), "&", "", Compare::binary);
     switch (language) {
@@ -47,13 +47,13 @@ class WxScreen : public RealScreen {
             throw RuntimeError(error_number::cannotCreateObject,
                                "There is no window that the help could be shown over");
         const std::int16_t language = surface_.language();
-        catalogador::showHelp(*native, HelpPages(helpFolder()), helpLabelsOf(language),
-                              {command, data, language});
+        wx::showHelp(*native, HelpPages(helpFolder()), helpLabelsOf(language),
+                     {command, data, language});
     }
 
   private:
-    WxSurface surface_;
-    WxPrinter printer_{surface_};
+    wx::WxSurface surface_;
+    wx::WxPrinter printer_{surface_};
 };
 
 }  // namespace

@@ -2,7 +2,7 @@
 
 #include <string>
 
-namespace catalogador {
+namespace catalogador::wx {
 
 namespace {
 
@@ -167,4 +167,4 @@ AtkObject* newAccessibleCell(gpointer table, int row, int column) {
     return object;
 }
 
-}  // namespace catalogador
+}  // namespace catalogador::wx

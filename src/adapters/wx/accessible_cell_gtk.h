@@ -2,7 +2,7 @@
 #include "adapters/wx/grid_table.h"
 #include "adapters/wx/own_accessible_gtk.h"
 
-namespace catalogador {
+namespace catalogador::wx {
 
 /// The table as the desktop's interface for screen readers knows it.
 struct TableObject {
@@ -23,4 +23,4 @@ constexpr int headerRow = -1;
 /// the table.
 AtkObject* newAccessibleCell(gpointer table, int row, int column);
 
-}  // namespace catalogador
+}  // namespace catalogador::wx

@@ -4,7 +4,7 @@
 #include <string>
 #include <vector>
 
-namespace catalogador {
+namespace catalogador::wx {
 
 /// What screen readers call a field whose caption stands in a label of its own.
 void nameForReaders(wxWindow& field, const wxString& name);
@@ -21,4 +21,4 @@ void readAsAlert(wxWindow& box, const wxString& text);
 /// What they call it.
 std::string readersName(const wxToolBar& toolbar);
 
-}  // namespace catalogador
+}  // namespace catalogador::wx

@@ -2,7 +2,7 @@
 
 #include "adapters/wx/accessible_names.h"
 
-namespace catalogador {
+namespace catalogador::wx {
 
 namespace {
 
@@ -50,4 +50,4 @@ std::string readersName(const wxToolBar& toolbar) {
     return name == nullptr ? "" : name;
 }
 
-}  // namespace catalogador
+}  // namespace catalogador::wx

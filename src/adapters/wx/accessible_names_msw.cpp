@@ -1,7 +1,7 @@
 #include "adapters/wx/accessible_names.h"
 #include "adapters/wx/appearance.h"
 
-namespace catalogador {
+namespace catalogador::wx {
 
 void nameForReaders(wxWindow& /*field*/, const wxString& /*name*/) {
     // Windows gives a field the name of the label before it.
@@ -21,4 +21,4 @@ std::string readersName(const wxToolBar& toolbar) {
     return utf8Text(toolbar.GetLabel());
 }
 
-}  // namespace catalogador
+}  // namespace catalogador::wx

@@ -4,7 +4,7 @@
 
 #include "adapters/wx/accessible_names.h"
 
-namespace catalogador {
+namespace catalogador::wx {
 
 namespace {
 
@@ -55,4 +55,4 @@ void readAsStatus(wxWindow& line) {
     atk_object_set_role(gtk_widget_get_accessible(line.GetHandle()), ATK_ROLE_STATUSBAR);
 }
 
-}  // namespace catalogador
+}  // namespace catalogador::wx

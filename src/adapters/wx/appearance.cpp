@@ -11,7 +11,7 @@
 #include <array>
 #include <cmath>
 
-namespace catalogador {
+namespace catalogador::wx {
 
 namespace {
 
@@ -136,4 +136,4 @@ void startReadingFonts() {
 #endif
 }
 
-}  // namespace catalogador
+}  // namespace catalogador::wx

@@ -8,7 +8,7 @@
 
 #include "platform/geometry.h"
 
-namespace catalogador {
+namespace catalogador::wx {
 
 inline wxString wxText(std::string_view text) {
     return wxString::FromUTF8(text.data(), text.size());
@@ -42,4 +42,4 @@ void useCompactFields();
 /// long as reading some thousand rows.
 void startReadingFonts();
 
-}  // namespace catalogador
+}  // namespace catalogador::wx

@@ -1,6 +1,6 @@
 #include "adapters/wx/box_labels.h"
 
-namespace catalogador {
+namespace catalogador::wx {
 
 BoxLabels boxLabels(std::int16_t language) {
     switch (language) {
@@ -20,4 +20,4 @@ BoxLabels boxLabels(std::int16_t language) {
     }
 }
 
-}  // namespace catalogador
+}  // namespace catalogador::wx

@@ -2,7 +2,7 @@
 #include <cstdint>
 #include <string>
 
-namespace catalogador {
+namespace catalogador::wx {
 
 /// Captions of the buttons of message boxes.
 struct BoxLabels {
@@ -21,4 +21,4 @@ struct BoxLabels {
 /// Those of the language of that number; of a number that no language has, the Spanish ones.
 BoxLabels boxLabels(std::int16_t language);
 
-}  // namespace catalogador
+}  // namespace catalogador::wx

@@ -4,7 +4,7 @@
 
 #include <string_view>
 
-namespace catalogador {
+namespace catalogador::wx {
 
 /// Draws texts on one line each, in the font and colour that the device context has at the time.
 /// The context must outlive it.
@@ -34,4 +34,4 @@ class CellTexts {
 /// Draws a check box as large as the size, at the context's origin.
 void drawCheckBox(wxDC& dc, wxWindow& window, const wxSize& size, bool checked);
 
-}  // namespace catalogador
+}  // namespace catalogador::wx

@@ -8,7 +8,7 @@
 #include "adapters/wx/cell_drawing.h"
 #include "adapters/wx/desktop_function.h"
 
-namespace catalogador {
+namespace catalogador::wx {
 
 namespace {
 
@@ -119,4 +119,4 @@ void drawCheckBox(wxDC& dc, wxWindow& /*window*/, const wxSize& size, bool check
     cairo_restore(context);
 }
 
-}  // namespace catalogador
+}  // namespace catalogador::wx

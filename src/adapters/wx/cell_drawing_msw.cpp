@@ -6,7 +6,7 @@
 #include "adapters/wx/appearance.h"
 #include "adapters/wx/cell_drawing.h"
 
-namespace catalogador {
+namespace catalogador::wx {
 
 CellTexts::CellTexts(wxDC& dc, wxWindow& /*window*/) : dc_(dc) {}
 
@@ -37,4 +37,4 @@ void drawCheckBox(wxDC& dc, wxWindow& window, const wxSize& size, bool checked) 
                                          checked ? static_cast<int>(wxCONTROL_CHECKED) : 0);
 }
 
-}  // namespace catalogador
+}  // namespace catalogador::wx

@@ -5,7 +5,7 @@
 
 class wxWindow;
 
-namespace catalogador {
+namespace catalogador::wx {
 
 /// What a screen reader is told of a combo that the program draws: its entries, the chosen one, and
 /// whether the list is open. Entries are made when they are asked for.
@@ -19,4 +19,4 @@ class ComboAccessible {
     virtual void changed() = 0;
 };
 
-}  // namespace catalogador
+}  // namespace catalogador::wx

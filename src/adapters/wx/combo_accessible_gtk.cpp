@@ -4,7 +4,7 @@
 #include "adapters/wx/combo_accessible.h"
 #include "adapters/wx/own_accessible_gtk.h"
 
-namespace catalogador {
+namespace catalogador::wx {
 
 namespace {
 
@@ -232,4 +232,4 @@ std::unique_ptr<ComboAccessible> ComboAccessible::of(wxWindow& window, ComboBox&
     return std::make_unique<GtkComboAccessible>(window.GetConnectWidget(), combo);
 }
 
-}  // namespace catalogador
+}  // namespace catalogador::wx

@@ -5,7 +5,7 @@
 #include "adapters/wx/combo_accessible.h"
 #include "runtime/text.h"
 
-namespace catalogador {
+namespace catalogador::wx {
 
 namespace {
 
@@ -102,4 +102,4 @@ std::unique_ptr<ComboAccessible> ComboAccessible::of(wxWindow& window, ComboBox&
     return std::make_unique<MswComboAccessible>(window, combo);
 }
 
-}  // namespace catalogador
+}  // namespace catalogador::wx

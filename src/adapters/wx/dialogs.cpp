@@ -11,7 +11,7 @@
 #include "platform/services.h"
 #include "runtime/text.h"
 
-namespace catalogador {
+namespace catalogador::wx {
 
 namespace {
 
@@ -48,30 +48,29 @@ bool mayReplace(wxWindow* parent, const BoxLabels& labels, const std::string& ti
 int showMessageBox(wxWindow* parent, const BoxLabels& labels, const std::string& text, int style,
                    const std::string& title, const wxRect& seen) {
     const bool question = (style & buttonsMask) == yesNoButtons;
-    wx::BoxContent content;
+    BoxContent content;
     content.title = title;
     content.text = text;
-    content.kind = (style & iconMask) == questionIcon ? wx::BoxKind::question : wx::BoxKind::notice;
-    content.kindName =
-        content.kind == wx::BoxKind::question ? labels.questionKind : labels.noticeKind;
+    content.kind = (style & iconMask) == questionIcon ? BoxKind::question : BoxKind::notice;
+    content.kindName = content.kind == BoxKind::question ? labels.questionKind : labels.noticeKind;
     if (question)
         content.buttons = {{answerYes, labels.yes}, {answerNo, labels.no}};
     else
         content.buttons = {{answerOk, labels.ok}};
     content.defaultButton = question && (style & secondButtonDefault) != 0 ? 1 : 0;
-    return wx::showBox(parent, content, seen);
+    return showBox(parent, content, seen);
 }
 
 void showErrorBox(wxWindow* parent, const BoxLabels& labels, const ErrorNotice& error) {
-    wx::BoxContent content;
-    content.kind = wx::BoxKind::error;
+    BoxContent content;
+    content.kind = BoxKind::error;
     content.kindName = labels.errorKind;
     content.title = error.title;
     content.heading = error.task;
     content.text = error.text;
     content.details = error.context.empty() ? error.detail : error.context + "\n" + error.detail;
     content.buttons = {{answerOk, labels.ok}};
-    wx::showBox(parent, content, {});
+    showBox(parent, content, {});
 }
 
 std::optional<SaveChoice> showSaveDialog(wxWindow* parent, const BoxLabels& labels,
@@ -91,4 +90,4 @@ std::optional<SaveChoice> showSaveDialog(wxWindow* parent, const BoxLabels& labe
     return std::nullopt;
 }
 
-}  // namespace catalogador
+}  // namespace catalogador::wx

@@ -3,11 +3,9 @@
 
 #include <vector>
 
-namespace catalogador {
-class FieldView;
-}
-
 namespace catalogador::wx {
+
+class FieldView;
 
 /// Places the visible controls of a panel of that size in pixels, given in the order of the model:
 /// where the model has them, but for what the font and long captions need. A row that needs more

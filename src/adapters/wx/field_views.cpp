@@ -19,7 +19,7 @@
 #include "platform/controls/window.h"
 #include "runtime/text.h"
 
-namespace catalogador {
+namespace catalogador::wx {
 
 namespace {
 
@@ -41,7 +41,7 @@ class LabelView : public FieldView {
           native_(new wxStaticText(&parent, wxID_ANY, "", wxDefaultPosition, wxDefaultSize,
                                    wxST_NO_AUTORESIZE)) {}
     [[nodiscard]] wxWindow& native() const override { return *native_; }
-    [[nodiscard]] int wantedWidth() const override { return wx::captionWidth(*native_, shown()); }
+    [[nodiscard]] int wantedWidth() const override { return captionWidth(*native_, shown()); }
     int heightIn(int width) override {
         caption_.fit(*native_, shown(), width);
         return native_->GetBestSize().GetHeight();
@@ -56,12 +56,12 @@ class LabelView : public FieldView {
 
   private:
     [[nodiscard]] wxString shown() const {
-        return wx::withRequiredMark(label_.caption(), label_.required());
+        return withRequiredMark(label_.caption(), label_.required());
     }
 
     Label& label_;
     wxStaticText* native_;
-    wx::BrokenCaption caption_;
+    BrokenCaption caption_;
 };
 
 class TextView : public FieldView {
@@ -91,7 +91,7 @@ class TextView : public FieldView {
 class ComboView : public FieldView {
   public:
     ComboView(ComboBox& combo, wxWindow& parent)
-        : FieldView(combo), combo_(combo), native_(new wx::ComboField(combo, parent)) {}
+        : FieldView(combo), combo_(combo), native_(new ComboField(combo, parent)) {}
     [[nodiscard]] wxWindow& native() const override { return *native_; }
     [[nodiscard]] int wantedWidth() const override { return native_->wantedWidth(); }
     int heightIn(int /*width*/) override { return fieldHeight(*native_); }
@@ -108,7 +108,7 @@ class ComboView : public FieldView {
 
   private:
     ComboBox& combo_;
-    wx::ComboField* native_;
+    ComboField* native_;
 };
 
 class CheckView : public FieldView {
@@ -118,7 +118,7 @@ class CheckView : public FieldView {
     }
     [[nodiscard]] wxWindow& native() const override { return *native_; }
     [[nodiscard]] int wantedWidth() const override {
-        return boxWidth_ + wx::captionWidth(*native_, wxText(box_.caption()));
+        return boxWidth_ + captionWidth(*native_, wxText(box_.caption()));
     }
     int heightIn(int width) override {
         caption_.fit(*native_, wxText(box_.caption()), width - boxWidth_);
@@ -159,7 +159,7 @@ class CheckView : public FieldView {
     CheckBox& box_;
     wxWindow& parent_;
     wxCheckBox* native_ = nullptr;
-    wx::BrokenCaption caption_;
+    BrokenCaption caption_;
     /// What the caption does not get of its width.
     int boxWidth_ = 0;
     int alignment_ = 0;
@@ -266,4 +266,4 @@ std::unique_ptr<FieldView> makeFieldView(Control& control, wxWindow& parent) {
     return nullptr;
 }
 
-}  // namespace catalogador
+}  // namespace catalogador::wx

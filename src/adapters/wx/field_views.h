@@ -8,7 +8,7 @@
 
 #include "platform/controls/control.h"
 
-namespace catalogador {
+namespace catalogador::wx {
 
 /// A native control that shows a control of the model and hands the user's input to it.
 class FieldView {
@@ -49,4 +49,4 @@ class FieldView {
 /// The view for a control of the model; null for controls that are shown otherwise (the panel).
 std::unique_ptr<FieldView> makeFieldView(Control& control, wxWindow& parent);
 
-}  // namespace catalogador
+}  // namespace catalogador::wx

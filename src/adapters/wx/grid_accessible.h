@@ -5,7 +5,7 @@
 
 class wxWindow;
 
-namespace catalogador {
+namespace catalogador::wx {
 
 /// What a screen reader is told of the record grid: a table of the rows that the filter leaves and
 /// the columns in use, their headers with the sort, and the selected row. Cells are made when they
@@ -20,4 +20,4 @@ class GridAccessible {
     virtual void changed() = 0;
 };
 
-}  // namespace catalogador
+}  // namespace catalogador::wx

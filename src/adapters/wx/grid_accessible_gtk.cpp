@@ -6,7 +6,7 @@
 #include "platform/controls/window.h"
 #include "runtime/text.h"
 
-namespace catalogador {
+namespace catalogador::wx {
 
 namespace {
 
@@ -252,4 +252,4 @@ std::unique_ptr<GridAccessible> GridAccessible::of(wxWindow& window, RecordGrid&
     return std::make_unique<GtkGridAccessible>(window.GetConnectWidget(), grid);
 }
 
-}  // namespace catalogador
+}  // namespace catalogador::wx

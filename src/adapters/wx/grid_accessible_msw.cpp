@@ -6,7 +6,7 @@
 #include "adapters/wx/grid_table.h"
 #include "platform/controls/window.h"
 
-namespace catalogador {
+namespace catalogador::wx {
 
 namespace {
 
@@ -106,4 +106,4 @@ std::unique_ptr<GridAccessible> GridAccessible::of(wxWindow& window, RecordGrid&
     return std::make_unique<MswGridAccessible>(window, grid);
 }
 
-}  // namespace catalogador
+}  // namespace catalogador::wx

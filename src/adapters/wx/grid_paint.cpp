@@ -13,7 +13,7 @@
 #include "platform/controls/window.h"
 #include "runtime/text.h"
 
-namespace catalogador {
+namespace catalogador::wx {
 
 namespace {
 
@@ -222,4 +222,4 @@ void GridView::paintText(CellTexts& texts, std::string_view text, const wxRect& 
     texts.draw(line, inside, side(alignment));
 }
 
-}  // namespace catalogador
+}  // namespace catalogador::wx

@@ -1,6 +1,6 @@
 #include "adapters/wx/grid_table.h"
 
-namespace catalogador {
+namespace catalogador::wx {
 
 std::vector<int> GridTable::shownColumns() const {
     std::vector<int> shown;
@@ -33,4 +33,4 @@ CheckState GridTable::check(int row, int column) const {
     return grid_->check(grid_->visibleRow(row), gridColumn(column));
 }
 
-}  // namespace catalogador
+}  // namespace catalogador::wx

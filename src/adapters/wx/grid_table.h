@@ -4,7 +4,7 @@
 
 #include "platform/controls/record_grid.h"
 
-namespace catalogador {
+namespace catalogador::wx {
 
 /// The record grid as the table that a user sees: visible rows and columns, counted from 0.
 class GridTable {
@@ -41,4 +41,4 @@ class GridTable {
     RecordGrid* grid_;
 };
 
-}  // namespace catalogador
+}  // namespace catalogador::wx

@@ -12,7 +12,7 @@
 #include "adapters/wx/screen_frame.h"
 #include "platform/controls/window.h"
 
-namespace catalogador {
+namespace catalogador::wx {
 
 namespace {
 constexpr int edgeReach = 4;
@@ -32,7 +32,7 @@ GridView::GridView(RecordGrid& grid, wxWindow& parent)
                wxVSCROLL | wxHSCROLL | wxWANTS_CHARS | wxBORDER_NONE),
       grid_(grid) {
     SetBackgroundStyle(wxBG_STYLE_PAINT);
-    wx::keepScrollBars(*this);
+    keepScrollBars(*this);
     accessible_ = GridAccessible::of(*this, grid_);
     Bind(wxEVT_PAINT, &GridView::onPaint, this);
     for (const auto& type :
@@ -285,4 +285,4 @@ wxRect GridView::selectedRowOnScreen() const {
     return {corner, wxSize(GetClientSize().GetWidth(), rowHeight())};
 }
 
-}  // namespace catalogador
+}  // namespace catalogador::wx

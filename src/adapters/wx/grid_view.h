@@ -11,7 +11,7 @@
 #include "adapters/wx/grid_accessible.h"
 #include "platform/controls/record_grid.h"
 
-namespace catalogador {
+namespace catalogador::wx {
 
 class CellTexts;
 
@@ -98,4 +98,4 @@ class GridView : public wxWindow {
     int wheelRest_ = 0;
 };
 
-}  // namespace catalogador
+}  // namespace catalogador::wx

@@ -24,7 +24,7 @@
 #include "runtime/error.h"
 #include "runtime/paths.h"
 
-namespace catalogador {
+namespace catalogador::wx {
 
 namespace {
 
@@ -246,4 +246,4 @@ void showHelp(wxWindow& parent, const HelpPages& pages, const HelpLabels& labels
     frame->Raise();
 }
 
-}  // namespace catalogador
+}  // namespace catalogador::wx

@@ -5,8 +5,10 @@
 class wxWindow;
 
 namespace catalogador {
-
 class HelpPages;
+}
+
+namespace catalogador::wx {
 
 /// A call for help: 3 is the contents, 15 the page of the id in `data`.
 struct HelpRequest {
@@ -31,4 +33,4 @@ struct HelpLabels {
 void showHelp(wxWindow& parent, const HelpPages& pages, const HelpLabels& labels,
               const HelpRequest& request);
 
-}  // namespace catalogador
+}  // namespace catalogador::wx

@@ -3,7 +3,7 @@
 
 #include <vector>
 
-namespace catalogador {
+namespace catalogador::wx {
 
 /// While it lives, the windows that the host program has open on this thread take no input: the
 /// toolkit knows only its own. Does nothing where no other program can be the host.
@@ -29,4 +29,4 @@ void askHostToQuit();
 /// nothing where windows have no owner.
 WXWidget changeOwner(wxWindow& window, WXWidget owner);
 
-}  // namespace catalogador
+}  // namespace catalogador::wx

@@ -1,6 +1,6 @@
 #include "adapters/wx/host_windows.h"
 
-namespace catalogador {
+namespace catalogador::wx {
 
 HostWindowsDisabled::HostWindowsDisabled(const wxWindow& /*shown*/) {}
 HostWindowsDisabled::~HostWindowsDisabled() = default;
@@ -11,4 +11,4 @@ WXWidget changeOwner(wxWindow& /*window*/, WXWidget /*owner*/) {
     return nullptr;
 }
 
-}  // namespace catalogador
+}  // namespace catalogador::wx

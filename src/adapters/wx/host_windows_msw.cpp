@@ -2,7 +2,7 @@
 
 #include "adapters/wx/host_windows.h"
 
-namespace catalogador {
+namespace catalogador::wx {
 
 namespace {
 
@@ -35,4 +35,4 @@ WXWidget changeOwner(wxWindow& window, WXWidget owner) {
     return reinterpret_cast<WXWidget>(previous);
 }
 
-}  // namespace catalogador
+}  // namespace catalogador::wx

@@ -1,6 +1,6 @@
 #include "adapters/wx/icons.h"
 
-namespace catalogador {
+namespace catalogador::wx {
 
 wxBitmapBundle iconBundle(int number) {
     for (const IconText& icon : iconTexts())
@@ -8,4 +8,4 @@ wxBitmapBundle iconBundle(int number) {
     return {};
 }
 
-}  // namespace catalogador
+}  // namespace catalogador::wx

@@ -3,7 +3,7 @@
 
 #include <vector>
 
-namespace catalogador {
+namespace catalogador::wx {
 
 /// A picture by its number, as SVG text.
 struct IconText {
@@ -15,4 +15,4 @@ const std::vector<IconText>& iconTexts();
 /// The picture at 16 x 16 and sharp at every scale; an empty bundle for an unknown number.
 wxBitmapBundle iconBundle(int number);
 
-}  // namespace catalogador
+}  // namespace catalogador::wx

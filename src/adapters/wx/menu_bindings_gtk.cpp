@@ -2,7 +2,7 @@
 #include "adapters/wx/menu_bindings.h"
 #include "platform/controls/keys.h"
 
-namespace catalogador {
+namespace catalogador::wx {
 
 namespace {
 
@@ -41,4 +41,4 @@ void showBinding(wxMenuItem& item, const KeyBinding& binding) {
         show(label, native, binding.modifiers == bindingControl ? control : 0);
 }
 
-}  // namespace catalogador
+}  // namespace catalogador::wx

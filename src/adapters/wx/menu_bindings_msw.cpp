@@ -1,7 +1,7 @@
 #include "adapters/wx/menu_bindings.h"
 #include "platform/controls/keys.h"
 
-namespace catalogador {
+namespace catalogador::wx {
 
 void showBinding(wxMenuItem& item, const KeyBinding& binding) {
     // The blanks keep the toolkit from reading the text as an accelerator.
@@ -13,4 +13,4 @@ void showBinding(wxMenuItem& item, const KeyBinding& binding) {
     if (!keys.empty()) item.SetItemLabel(item.GetItemLabel() + "\t" + keys);
 }
 
-}  // namespace catalogador
+}  // namespace catalogador::wx

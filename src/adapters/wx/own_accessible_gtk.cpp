@@ -1,6 +1,6 @@
 #include "adapters/wx/own_accessible_gtk.h"
 
-namespace catalogador {
+namespace catalogador::wx {
 
 namespace {
 
@@ -24,4 +24,4 @@ void useAccessible(GtkWidget* widget, AtkObject* object) {
     g_object_set_data_full(G_OBJECT(widget), objectKey, g_object_ref(object), g_object_unref);
 }
 
-}  // namespace catalogador
+}  // namespace catalogador::wx

@@ -2,7 +2,7 @@
 #include <gtk/gtk-a11y.h>
 #include <gtk/gtk.h>
 
-namespace catalogador {
+namespace catalogador::wx {
 
 /// Replaces the object by which screen readers know a widget. The widget keeps a reference to it.
 void useAccessible(GtkWidget* widget, AtkObject* object);
@@ -12,4 +12,4 @@ inline gpointer classAbove(GType type) {
     return g_type_class_peek(g_type_parent(type));
 }
 
-}  // namespace catalogador
+}  // namespace catalogador::wx

@@ -6,7 +6,7 @@
 #include "adapters/pdf/cairo_page.h"
 #include "adapters/wx/page_drawing.h"
 
-namespace catalogador {
+namespace catalogador::wx {
 
 bool drawPrintedPage(wxPrintout& printout, const PrintedDocument& document, std::size_t page) {
     constexpr double twipsPerPoint = 20;
@@ -32,4 +32,4 @@ bool drawPrintedPage(wxPrintout& printout, const PrintedDocument& document, std:
     return true;
 }
 
-}  // namespace catalogador
+}  // namespace catalogador::wx

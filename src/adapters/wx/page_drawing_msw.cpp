@@ -6,7 +6,7 @@
 #include "adapters/wx/appearance.h"
 #include "adapters/wx/page_drawing.h"
 
-namespace catalogador {
+namespace catalogador::wx {
 
 namespace {
 
@@ -39,4 +39,4 @@ bool drawPrintedPage(wxPrintout& printout, const PrintedDocument& document, std:
     return true;
 }
 
-}  // namespace catalogador
+}  // namespace catalogador::wx

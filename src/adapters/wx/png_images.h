@@ -1,8 +1,8 @@
 #pragma once
 
-namespace catalogador {
+namespace catalogador::wx {
 
 /// Lets the toolkit read PNG pictures; may be called more than once.
 void usePngImages();
 
-}  // namespace catalogador
+}  // namespace catalogador::wx

@@ -2,10 +2,10 @@
 
 #include "adapters/wx/png_images.h"
 
-namespace catalogador {
+namespace catalogador::wx {
 
 void usePngImages() {
     if (wxImage::FindHandler(wxBITMAP_TYPE_PNG) == nullptr) wxImage::AddHandler(new wxPNGHandler);
 }
 
-}  // namespace catalogador
+}  // namespace catalogador::wx

@@ -12,7 +12,7 @@
 
 #include "adapters/wx/png_images.h"
 
-namespace catalogador {
+namespace catalogador::wx {
 
 namespace {
 
@@ -116,4 +116,4 @@ void usePngImages() {
     if (wxImage::FindHandler(wxBITMAP_TYPE_PNG) == nullptr) wxImage::AddHandler(new PngHandler);
 }
 
-}  // namespace catalogador
+}  // namespace catalogador::wx

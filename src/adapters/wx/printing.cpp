@@ -14,7 +14,7 @@
 #include "adapters/wx/wx_surface.h"
 #include "runtime/error.h"
 
-namespace catalogador {
+namespace catalogador::wx {
 
 namespace {
 
@@ -142,4 +142,4 @@ void WxPrinter::show(Window& window, const PrintedDocument& document, const Prin
     loop.Run();
 }
 
-}  // namespace catalogador
+}  // namespace catalogador::wx

@@ -6,7 +6,7 @@
 #include "adapters/pdf/paper_fonts.h"
 #include "platform/printing/printer.h"
 
-namespace catalogador {
+namespace catalogador::wx {
 
 class WxSurface;
 
@@ -27,4 +27,4 @@ class WxPrinter : public Printer {
     wxPageSetupDialogData setup_;
 };
 
-}  // namespace catalogador
+}  // namespace catalogador::wx

@@ -11,7 +11,7 @@
 #include "platform/controls/keys.h"
 #include "runtime/text.h"
 
-namespace catalogador {
+namespace catalogador::wx {
 
 namespace {
 
@@ -186,4 +186,4 @@ std::vector<std::string> ScreenFrame::differences() const {
     return found;
 }
 
-}  // namespace catalogador
+}  // namespace catalogador::wx

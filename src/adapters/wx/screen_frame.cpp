@@ -16,7 +16,7 @@
 #include "platform/controls/record_grid.h"
 #include "runtime/text.h"
 
-namespace catalogador {
+namespace catalogador::wx {
 
 namespace {
 
@@ -228,7 +228,7 @@ void ScreenFrame::layOut() {
         if (view != nullptr) visible.push_back(view);
     }
     fieldRoom_ = panel_->GetClientSize();
-    wx::layOutFields(visible, fieldRoom_);
+    layOutFields(visible, fieldRoom_);
 }
 
 void ScreenFrame::syncFocus() {
@@ -340,4 +340,4 @@ void ScreenFrame::popupLater(const Menu& menu) {
     });
 }
 
-}  // namespace catalogador
+}  // namespace catalogador::wx

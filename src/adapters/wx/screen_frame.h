@@ -20,7 +20,7 @@
 class wxGUIEventLoop;
 class wxStaticText;
 
-namespace catalogador {
+namespace catalogador::wx {
 
 struct BoxLabels;
 class GridView;
@@ -112,7 +112,7 @@ class ScreenFrame : public wxFrame {
     wxTextCtrl* filterBox_ = nullptr;
     wxStaticText* status_ = nullptr;
     int markedButton_ = 0;
-    wx::KeyHandler toolbarKeys_;
+    KeyHandler toolbarKeys_;
     /// Whether a key has asked for a context menu, which then belongs beside the selected row.
     bool menuAtRow_ = false;
     /// Of the controls that were ever visible.
@@ -146,4 +146,4 @@ void showErrorBox(wxWindow* parent, const BoxLabels& labels, const ErrorNotice& 
 std::optional<SaveChoice> showSaveDialog(wxWindow* parent, const BoxLabels& labels,
                                          const SaveDialog& dialog);
 
-}  // namespace catalogador
+}  // namespace catalogador::wx

@@ -6,7 +6,7 @@
 #include "platform/controls/keys.h"
 #include "platform/controls/record_grid.h"
 
-namespace catalogador {
+namespace catalogador::wx {
 
 namespace {
 
@@ -89,7 +89,7 @@ void ScreenFrame::onKey(wxKeyEvent& event) {
     // this one.
     if (wxGetTopLevelParent(wxDynamicCast(event.GetEventObject(), wxWindow)) != this)
         return event.Skip();
-    if (released_ || wx::menuIsOpen()) return event.Skip();
+    if (released_ || menuIsOpen()) return event.Skip();
     // An input method that has begun a text has the keys first.
     wxWindow* const entry = window_.focus() == nullptr ? nullptr : nativeOf(*window_.focus());
     if (entry != nullptr && isComposing(*entry)) return event.Skip();
@@ -115,4 +115,4 @@ void ScreenFrame::onKey(wxKeyEvent& event) {
         event.Skip();
 }
 
-}  // namespace catalogador
+}  // namespace catalogador::wx

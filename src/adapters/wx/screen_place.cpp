@@ -5,7 +5,7 @@
 #include "adapters/wx/appearance.h"
 #include "adapters/wx/screen_frame.h"
 
-namespace catalogador {
+namespace catalogador::wx {
 
 namespace {
 
@@ -59,4 +59,4 @@ void ScreenFrame::keepSize(const WindowMemory& memory) const {
     if (now != firstSize_) memory.keep(name, now);
 }
 
-}  // namespace catalogador
+}  // namespace catalogador::wx

@@ -7,7 +7,7 @@
 #include "adapters/wx/native_focus.h"
 #include "adapters/wx/screen_frame.h"
 
-namespace catalogador {
+namespace catalogador::wx {
 
 void ScreenFrame::syncStatus() {
     if (status_ == nullptr) {
@@ -37,7 +37,7 @@ void ScreenFrame::markButton() {
     const int current = window_.commandBars.buttons.current();
     if (current == markedButton_) return;
     markedButton_ = current;
-    wx::focusButton(*toolbar_, current, toolbarKeys_);
+    focusButton(*toolbar_, current, toolbarKeys_);
 }
 
-}  // namespace catalogador
+}  // namespace catalogador::wx

@@ -3,7 +3,7 @@
 
 #include "platform/controls/fields.h"
 
-namespace catalogador {
+namespace catalogador::wx {
 
 /// Has every text that comes into a native text box as a whole, by drop or from an input method,
 /// become what the model's pasting makes of it, and keeps what is typed within the box's limit.
@@ -15,4 +15,4 @@ void showText(wxTextCtrl& native, const TextBox& box);
 /// Whether an input method or a dead key has begun a text that is not finished.
 bool isComposing(const wxWindow& native);
 
-}  // namespace catalogador
+}  // namespace catalogador::wx

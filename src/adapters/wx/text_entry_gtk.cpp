@@ -13,7 +13,7 @@
 #include "platform/controls/window.h"
 #include "runtime/text.h"
 
-namespace catalogador {
+namespace catalogador::wx {
 
 namespace {
 
@@ -113,4 +113,4 @@ bool isComposing(const wxWindow& native) {
     return watch != nullptr && watch->composing;
 }
 
-}  // namespace catalogador
+}  // namespace catalogador::wx

@@ -4,7 +4,7 @@
 #include "adapters/wx/text_entry.h"
 #include "runtime/text.h"
 
-namespace catalogador {
+namespace catalogador::wx {
 
 // Windows hands over characters one by one, drops nothing into text boxes and gives its input
 // method the keys before the program sees them.
@@ -21,4 +21,4 @@ bool isComposing(const wxWindow& /*native*/) {
     return false;
 }
 
-}  // namespace catalogador
+}  // namespace catalogador::wx

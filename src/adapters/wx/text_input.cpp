@@ -8,7 +8,7 @@
 #include "platform/controls/window.h"
 #include "runtime/text.h"
 
-namespace catalogador {
+namespace catalogador::wx {
 
 namespace {
 
@@ -98,4 +98,4 @@ void syncText(wxTextCtrl& native, const TextBox& box) {
     if (from != start || to != end) native.SetSelection(start, end);
 }
 
-}  // namespace catalogador
+}  // namespace catalogador::wx

@@ -5,7 +5,7 @@
 
 #include "platform/controls/fields.h"
 
-namespace catalogador {
+namespace catalogador::wx {
 
 /// Hands what the user types into a native text box to the model: each character through the key
 /// press event, the text as it then stands.
@@ -15,4 +15,4 @@ void pasteAt(wxTextCtrl& native, TextBox& box, long at, const std::string& text)
 /// Brings text and selection of the native box to those of the model.
 void syncText(wxTextCtrl& native, const TextBox& box);
 
-}  // namespace catalogador
+}  // namespace catalogador::wx

@@ -2,7 +2,7 @@
 
 #include "adapters/wx/window_answer.h"
 
-namespace catalogador {
+namespace catalogador::wx {
 
 bool hasItsSize(const wxTopLevelWindow& window) {
     int width = 0;
@@ -14,4 +14,4 @@ bool hasItsSize(const wxTopLevelWindow& window) {
            height == size.y - decoration.top - decoration.bottom;
 }
 
-}  // namespace catalogador
+}  // namespace catalogador::wx

@@ -1,10 +1,10 @@
 #include "adapters/wx/window_answer.h"
 
-namespace catalogador {
+namespace catalogador::wx {
 
 // Windows resizes a window while the program waits for it.
 bool hasItsSize(const wxTopLevelWindow& /*window*/) {
     return true;
 }
 
-}  // namespace catalogador
+}  // namespace catalogador::wx

@@ -28,7 +28,7 @@
 #include "platform/controls/window.h"
 #include "runtime/error.h"
 
-namespace catalogador {
+namespace catalogador::wx {
 
 namespace {
 
@@ -104,14 +104,14 @@ void startToolkit() {
 
 WxSurface::WxSurface(std::int16_t language) : language_(language), labels_(boxLabels(language)) {
     startToolkit();
-    wx::speakToolkitTexts(labels_.language);
+    speakToolkitTexts(labels_.language);
 }
 
 void WxSurface::speak(std::uint8_t language) {
     if (language == language_) return;
     language_ = language;
     labels_ = boxLabels(language);
-    wx::speakToolkitTexts(labels_.language);
+    speakToolkitTexts(labels_.language);
 }
 
 WxSurface::~WxSurface() {
@@ -152,7 +152,7 @@ void WxSurface::showModal(Window& window) {
         processEvents();
         runner_(window);
     } else {
-        const wx::DesktopTexts texts(labels_.language);
+        const DesktopTexts texts(labels_.language);
         frame->runLoop();
         frame->keepSize(memory_);
     }
@@ -327,4 +327,4 @@ std::vector<std::string> WxSurface::differences(Window& window) {
     return frame->differences();
 }
 
-}  // namespace catalogador
+}  // namespace catalogador::wx

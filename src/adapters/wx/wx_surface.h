@@ -14,7 +14,7 @@
 class wxProgressDialog;
 class wxWindow;
 
-namespace catalogador {
+namespace catalogador::wx {
 
 class ScreenFrame;
 
@@ -79,4 +79,4 @@ class WxSurface : public Surface {
     std::unique_ptr<wxProgressDialog> progress_;
 };
 
-}  // namespace catalogador
+}  // namespace catalogador::wx

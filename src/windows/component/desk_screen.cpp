@@ -21,7 +21,7 @@ constexpr int hourglass = 11;
 /// in the place of the desktop's own.
 class LabelledButtons {
   public:
-    explicit LabelledButtons(const BoxLabels& labels)
+    explicit LabelledButtons(const wx::BoxLabels& labels)
         : hook_(SetWindowsHookExW(WH_CBT, label, nullptr, GetCurrentThreadId())) {
         shown = &labels;
     }
@@ -45,10 +45,10 @@ class LabelledButtons {
         return CallNextHookEx(nullptr, code, wparam, lparam);
     }
 
-    static thread_local const BoxLabels* shown;
+    static thread_local const wx::BoxLabels* shown;
     HHOOK hook_;
 };
-thread_local const BoxLabels* LabelledButtons::shown = nullptr;
+thread_local const wx::BoxLabels* LabelledButtons::shown = nullptr;
 
 }  // namespace
 
@@ -63,7 +63,7 @@ bool DeskScreen::isOnItsThread() const {
 }
 
 int DeskScreen::systemBox(const std::string& text, unsigned style, const std::string& title) const {
-    const BoxLabels labels = boxLabels(language_);
+    const wx::BoxLabels labels = wx::boxLabels(language_);
     const LabelledButtons labelled(labels);
     return MessageBoxW(nullptr, wideOf(text).c_str(), wideOf(title).c_str(),
                        style | MB_TASKMODAL | MB_SETFOREGROUND);
