@@ -5,9 +5,9 @@
 # Without a display the screen opens on a virtual one, a picture of it is taken and it is closed.
 set -euo pipefail
 cd "$(dirname "${BASH_SOURCE[0]}")"
-. packaging/dependencies.sh
-. packaging/build.sh
-. packaging/virtual_display.sh
+. tools/dependencies.sh
+. tools/build.sh
+. tools/virtual_display.sh
 
 program=build/release/catalogador
 demo=build/demo/demo.db

@@ -12,10 +12,10 @@
 #   test.sh coverage  how much of src the tests run, by line and branch
 set -euo pipefail
 cd "$(dirname "${BASH_SOURCE[0]}")"
-. packaging/dependencies.sh
-. packaging/build.sh
-. packaging/virtual_display.sh
-. packaging/database_servers.sh
+. tools/dependencies.sh
+. tools/build.sh
+. tools/virtual_display.sh
+. tools/database_servers.sh
 
 passed=0
 failed=0
@@ -112,13 +112,13 @@ coverage() {
 }
 
 windows() {
-    . packaging/windows/dependencies.sh
-    . packaging/windows/wine.sh
+    . tools/windows/dependencies.sh
+    . tools/windows/wine.sh
     install_missing "${windows_packages[@]}" "${wine_packages[@]}"
     windows_of x64
     install_missing "${tree_maker_packages[@]}"
     local tree status=0
-    tree=$(packaging/windows/tree32.sh) || status=$?
+    tree=$(tools/windows/tree32.sh) || status=$?
     case $status in
         0) windows_of x86 ;;
         77)
@@ -131,7 +131,7 @@ windows() {
 
 # windows_of x64|x86
 windows_of() {
-    packaging/windows/build.sh "$1"
+    tools/windows/build.sh "$1"
     # What runs in the prefix holds on to the display, so it ends before that.
     trap 'stop_wine || true; stop_display; stop_servers' EXIT
     start_display

@@ -4,7 +4,7 @@
 #   docs/make_pictures.sh [PROGRAM]
 set -euo pipefail
 cd "$(dirname "${BASH_SOURCE[0]}")/.."
-. packaging/virtual_display.sh
+. tools/virtual_display.sh
 
 program=$(realpath "${1:-build/release/catalogador}")
 pictures=$PWD/help/images

@@ -1,11 +1,11 @@
 #include <iostream>
 
+#include "adapters/desktop/folders.h"
 #include "adapters/help/help_pages.h"
 #include "adapters/script/windowless_surface.h"
 #include "apps/check_report.h"
 #include "apps/commands.h"
 #include "apps/connections.h"
-#include "apps/folders.h"
 #include "runtime/error.h"
 
 namespace catalogador {

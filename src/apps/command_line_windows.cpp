@@ -6,7 +6,7 @@
 
 #include <cstdio>
 
-#include "adapters/desk/wide_text.h"
+#include "adapters/system/wide_text.h"
 #include "apps/command_line.h"
 
 namespace catalogador {

@@ -1,11 +1,11 @@
 #include "apps/component.h"
 
-#include "adapters/desk/desk.h"
+#include "adapters/desktop/folders.h"
 #include "adapters/languages/catalogue_languages.h"
 #include "adapters/services/access.h"
 #include "adapters/services/regional.h"
 #include "adapters/services/utilities.h"
-#include "apps/folders.h"
+#include "adapters/system/desk.h"
 #include "runtime/convert.h"
 #include "runtime/text.h"
 

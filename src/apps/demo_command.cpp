@@ -2,11 +2,11 @@
 #include <iostream>
 
 #include "adapters/demo/demo.h"
-#include "adapters/desk/desk.h"
-#include "adapters/files/replaced_file.h"
+#include "adapters/desktop/folders.h"
+#include "adapters/system/desk.h"
+#include "adapters/system/replaced_file.h"
 #include "apps/commands.h"
 #include "apps/connections.h"
-#include "apps/folders.h"
 #include "runtime/error.h"
 #include "runtime/paths.h"
 

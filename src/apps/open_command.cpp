@@ -1,5 +1,6 @@
 #include <iostream>
 
+#include "adapters/desktop/real_screen.h"
 #include "adapters/export/grid_file_writer.h"
 #include "adapters/script/scripted_services.h"
 #include "adapters/script/traced_surface.h"
@@ -7,7 +8,6 @@
 #include "apps/commands.h"
 #include "apps/component.h"
 #include "apps/connections.h"
-#include "apps/real_screen.h"
 #include "apps/view_notice.h"
 
 namespace catalogador {

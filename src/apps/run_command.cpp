@@ -1,6 +1,7 @@
 #include <fstream>
 #include <iostream>
 
+#include "adapters/desktop/real_screen.h"
 #include "adapters/export/grid_file_writer.h"
 #include "adapters/pdf/paper_fonts.h"
 #include "adapters/pdf/pdf_writer.h"
@@ -10,7 +11,6 @@
 #include "apps/commands.h"
 #include "apps/component.h"
 #include "apps/connections.h"
-#include "apps/real_screen.h"
 #include "apps/view_notice.h"
 #include "runtime/error.h"
 #include "runtime/paths.h"

@@ -3,7 +3,7 @@
 
 #include "platform/grid_files.h"
 #include "platform/language.h"
-#include "platform/printing/printer.h"
+#include "platform/printer.h"
 #include "platform/services.h"
 #include "platform/surface.h"
 #include "runtime/regional.h"

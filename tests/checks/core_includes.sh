@@ -8,9 +8,10 @@ cd "${1:-src}"
 # layer: the folders that its files may include
 layers="runtime: runtime
 platform: platform runtime
+printing: printing platform runtime
 modules: modules platform runtime
-form: form component modules platform runtime
-component: component form modules platform runtime"
+form: form component modules printing platform runtime
+component: component form modules printing platform runtime"
 
 standard="algorithm any array atomic barrier bit bitset cassert ccomplex cctype cerrno cfenv cfloat
 charconv chrono cinttypes climits clocale cmath codecvt compare complex concepts

@@ -8,7 +8,7 @@ trap 'rm -rf "$work"' EXIT
 # verdict FOLDER INCLUDE: what the check says of a core with this line in a file of that folder
 verdict() {
     rm -rf "$work/src"
-    for folder in runtime platform/controls modules form/grid component; do
+    for folder in runtime platform/controls printing modules form/grid component; do
         mkdir -p "$work/src/$folder"
         echo '#include <string>' >"$work/src/$folder/file.cpp"
     done
@@ -28,7 +28,7 @@ expect() {
 expect allowed runtime '#include <unordered_map>'
 expect allowed form/grid '#include "platform/controls/control.h"'
 expect allowed modules '#include "runtime/text.h"  // a remark'
-for folder in runtime platform/controls modules form/grid component; do
+for folder in runtime platform/controls printing modules form/grid component; do
     expect refused "$folder" '#include <unistd.h>'
     expect refused "$folder" '#include <windows.h>'
     expect refused "$folder" '#  include <sql.h>'

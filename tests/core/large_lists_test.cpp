@@ -7,8 +7,8 @@
 #include <tuple>
 #include <vector>
 
-#include "platform/controls/cell_number.h"
 #include "platform/controls/record_grid.h"
+#include "platform/controls/rows/cell_number.h"
 #include "runtime/fold_texts.h"
 #include "runtime/text.h"
 

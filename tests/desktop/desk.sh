@@ -10,7 +10,7 @@ pictures=$3
 # Prints a colour of the desktop.
 system_colour=$4
 
-. "$(dirname "${BASH_SOURCE[0]}")/../../packaging/virtual_display.sh"
+. "$(dirname "${BASH_SOURCE[0]}")/../../tools/virtual_display.sh"
 own_display=""
 if [ -z "${DISPLAY:-}" ]; then
     start_display

@@ -8,8 +8,8 @@
 
 #include "runtime/convert.h"
 #ifdef _WIN32
-#include "adapters/com/automation_connection.h"
-#include "windows/datos/connection_object.h"
+#include "com/automation/automation_connection.h"
+#include "com/connections/connection_object.h"
 #endif
 
 namespace catalogador::test {

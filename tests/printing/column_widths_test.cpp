@@ -1,4 +1,4 @@
-#include "platform/printing/column_widths.h"
+#include "printing/column_widths.h"
 
 #include <gtest/gtest.h>
 
@@ -6,7 +6,7 @@
 
 #include "even_font.h"
 #include "platform/controls/record_grid.h"
-#include "platform/printing/text_fit.h"
+#include "printing/text_fit.h"
 
 namespace catalogador {
 namespace {

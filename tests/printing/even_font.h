@@ -1,5 +1,5 @@
 #pragma once
-#include "platform/printing/printed_document.h"
+#include "platform/printed_document.h"
 #include "runtime/text.h"
 
 namespace catalogador {

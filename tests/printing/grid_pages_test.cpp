@@ -1,4 +1,4 @@
-#include "platform/printing/grid_pages.h"
+#include "printing/grid_pages.h"
 
 #include <gtest/gtest.h>
 
@@ -8,7 +8,7 @@
 
 #include "even_font.h"
 #include "platform/controls/record_grid.h"
-#include "platform/printing/vs_printer.h"
+#include "printing/vs_printer.h"
 
 namespace catalogador {
 namespace {

@@ -12,7 +12,7 @@
 
 #include "adapters/pdf/pango_fonts.h"
 #include "platform/controls/record_grid.h"
-#include "platform/printing/vs_printer.h"
+#include "printing/vs_printer.h"
 #include "runtime/error.h"
 
 namespace catalogador {

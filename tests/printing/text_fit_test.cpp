@@ -1,4 +1,4 @@
-#include "platform/printing/text_fit.h"
+#include "printing/text_fit.h"
 
 #include <gtest/gtest.h>
 

@@ -1,4 +1,4 @@
-#include "platform/printing/vs_printer.h"
+#include "printing/vs_printer.h"
 
 #include <gtest/gtest.h>
 

@@ -1,7 +1,7 @@
 #pragma once
 #include "platform/grid_files.h"
 #include "platform/language.h"
-#include "platform/printing/printer.h"
+#include "platform/printer.h"
 #include "platform/services.h"
 
 namespace catalogador {

@@ -6,8 +6,8 @@
 set -euo pipefail
 program=$(realpath "$1")
 kind=$2
-. "$(dirname "${BASH_SOURCE[0]}")/../../packaging/virtual_display.sh"
-. "$(dirname "${BASH_SOURCE[0]}")/../../packaging/database_servers.sh"
+. "$(dirname "${BASH_SOURCE[0]}")/../../tools/virtual_display.sh"
+. "$(dirname "${BASH_SOURCE[0]}")/../../tools/database_servers.sh"
 for package in "${server_packages[@]}"; do
     dpkg-query -W "$package" >/dev/null 2>&1 || {
         echo "skipped: $package is not installed"

@@ -5,8 +5,8 @@
 set -euo pipefail
 many_users=$(realpath "$1")
 shift
-. "$(dirname "${BASH_SOURCE[0]}")/../../packaging/virtual_display.sh"
-. "$(dirname "${BASH_SOURCE[0]}")/../../packaging/database_servers.sh"
+. "$(dirname "${BASH_SOURCE[0]}")/../../tools/virtual_display.sh"
+. "$(dirname "${BASH_SOURCE[0]}")/../../tools/database_servers.sh"
 if [ ! -f "$galera_library" ] || ! command -v mariadbd >/dev/null; then
     echo "skipped: galera-4 or mariadb-server-core is not installed"
     exit 77

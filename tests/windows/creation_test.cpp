@@ -1,9 +1,9 @@
 #include <array>
 #include <iostream>
 
-#include "adapters/com/com_api.h"
-#include "adapters/com/late_bound_object.h"
-#include "adapters/desk/wide_text.h"
+#include "adapters/system/wide_text.h"
+#include "com/automation/com_api.h"
+#include "com/automation/late_bound_object.h"
 #include "host_process.h"
 #include "hosted.h"
 

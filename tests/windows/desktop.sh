@@ -1,7 +1,7 @@
 # Sourced after wine_tests.sh: hosts whose screens are used with a keyboard.
 # shellcheck shell=bash
 
-. "$(dirname "${BASH_SOURCE[0]}")/../../packaging/virtual_display.sh"
+. "$(dirname "${BASH_SOURCE[0]}")/../../tools/virtual_display.sh"
 pictures=$build_folder/pictures
 mkdir -p "$pictures"
 

@@ -3,7 +3,7 @@
 #include <functional>
 #include <string>
 
-#include "adapters/com/com_api.h"
+#include "com/automation/com_api.h"
 
 namespace catalogador::test {
 

@@ -5,8 +5,8 @@
 #include <filesystem>
 #include <fstream>
 
-#include "adapters/desk/desk.h"
-#include "adapters/desk/wide_text.h"
+#include "adapters/system/desk.h"
+#include "adapters/system/wide_text.h"
 #include "runtime/convert.h"
 
 namespace catalogador::test {

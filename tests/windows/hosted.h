@@ -7,9 +7,9 @@
 #include <thread>
 #include <vector>
 
-#include "adapters/com/automation_object.h"
-#include "adapters/com/com_ptr.h"
-#include "windows/component/interface.h"
+#include "com/automation/automation_object.h"
+#include "com/automation/com_ptr.h"
+#include "com/component/interface.h"
 
 namespace catalogador::test {
 

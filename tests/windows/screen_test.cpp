@@ -1,6 +1,6 @@
 #include <clocale>
 
-#include "adapters/desk/wide_text.h"
+#include "adapters/system/wide_text.h"
 #include "host_process.h"
 #include "hosted.h"
 #include "runtime/convert.h"

@@ -2,9 +2,9 @@
 
 #include <sstream>
 
-#include "adapters/com/automation_values.h"
-#include "adapters/com/com_ptr.h"
-#include "windows/component/interface.h"
+#include "com/automation/automation_values.h"
+#include "com/automation/com_ptr.h"
+#include "com/component/interface.h"
 
 namespace catalogador {
 namespace {

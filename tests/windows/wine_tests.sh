@@ -5,11 +5,11 @@ build_folder=$1
 libraries=(vemCatalogador vemDatos LNG_QTX_001 LNG_QTX_002 LNG_QTX_003)
 
 if [ -z "${WINEPREFIX:-}" ]; then
-    echo "skipped: WINEPREFIX names no Wine prefix; packaging/windows/test.sh makes one"
+    echo "skipped: WINEPREFIX names no Wine prefix; tools/windows/test.sh makes one"
     exit 77
 fi
 if [ -z "${DISPLAY:-}" ]; then
-    echo "skipped: there is no display; packaging/windows/test.sh starts one"
+    echo "skipped: there is no display; tools/windows/test.sh starts one"
     exit 77
 fi
 export CATALOGADOR_TEST_FOLDER=$build_folder/tests/windows/work

@@ -7,7 +7,7 @@
 #include <string>
 
 #include "adapters/export/shown_rows.h"
-#include "adapters/files/open_file.h"
+#include "adapters/system/open_file.h"
 
 namespace catalogador {
 

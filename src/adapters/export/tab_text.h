@@ -1,5 +1,5 @@
 #pragma once
-#include "adapters/files/replaced_file.h"
+#include "adapters/system/replaced_file.h"
 #include "platform/controls/record_grid.h"
 #include "platform/grid_files.h"
 

@@ -14,7 +14,7 @@
 #include "adapters/export/shown_rows.h"
 #include "adapters/export/workbook_check.h"
 #include "adapters/export/workbook_text.h"
-#include "adapters/files/open_file.h"
+#include "adapters/system/open_file.h"
 #include "runtime/error.h"
 
 namespace catalogador {

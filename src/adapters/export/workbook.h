@@ -1,7 +1,7 @@
 #pragma once
 #include <string>
 
-#include "adapters/files/replaced_file.h"
+#include "adapters/system/replaced_file.h"
 #include "platform/controls/record_grid.h"
 #include "platform/grid_files.h"
 

@@ -4,8 +4,8 @@
 #include <map>
 #include <tuple>
 
-#include "adapters/desk/wide_text.h"
 #include "adapters/pdf/paper_fonts.h"
+#include "adapters/system/wide_text.h"
 
 namespace catalogador {
 

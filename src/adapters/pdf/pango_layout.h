@@ -1,7 +1,7 @@
 #pragma once
 #include <pango/pangocairo.h>
 
-#include "platform/printing/printed_document.h"
+#include "platform/printed_document.h"
 
 namespace catalogador {
 

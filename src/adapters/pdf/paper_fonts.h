@@ -1,7 +1,7 @@
 #pragma once
 #include <memory>
 
-#include "platform/printing/printed_document.h"
+#include "platform/printed_document.h"
 
 namespace catalogador {
 

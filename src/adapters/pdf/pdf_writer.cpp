@@ -4,9 +4,9 @@
 
 #include <memory>
 
-#include "adapters/files/replaced_file.h"
 #include "adapters/pdf/cairo_page.h"
 #include "adapters/pdf/pango_layout.h"
+#include "adapters/system/replaced_file.h"
 
 namespace catalogador {
 

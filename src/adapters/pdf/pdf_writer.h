@@ -1,7 +1,7 @@
 #pragma once
 #include <string>
 
-#include "platform/printing/printed_document.h"
+#include "platform/printed_document.h"
 
 namespace catalogador {
 

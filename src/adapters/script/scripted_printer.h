@@ -4,7 +4,7 @@
 
 #include "adapters/script/answers.h"
 #include "adapters/script/transcript.h"
-#include "platform/printing/printer.h"
+#include "platform/printer.h"
 
 namespace catalogador {
 

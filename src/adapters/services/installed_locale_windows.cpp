@@ -3,8 +3,8 @@
 #include <algorithm>
 #include <array>
 
-#include "adapters/desk/wide_text.h"
 #include "adapters/services/installed_locale.h"
+#include "adapters/system/wide_text.h"
 
 namespace catalogador {
 

@@ -5,8 +5,8 @@
 #include <filesystem>
 #include <system_error>
 
-#include "adapters/desk/wide_text.h"
 #include "adapters/services/opening.h"
+#include "adapters/system/wide_text.h"
 #include "runtime/error.h"
 #include "runtime/paths.h"
 

@@ -3,7 +3,7 @@
 #include <chrono>
 #include <ctime>
 
-#include "adapters/desk/desk.h"
+#include "adapters/system/desk.h"
 #include "platform/rdo.h"
 #include "runtime/convert.h"
 #include "runtime/error.h"

@@ -3,7 +3,7 @@
 #include <filesystem>
 #include <fstream>
 
-#include "adapters/desk/desk.h"
+#include "adapters/system/desk.h"
 #include "runtime/paths.h"
 #include "runtime/text.h"
 

@@ -3,10 +3,10 @@
 #include <ctime>
 #include <filesystem>
 
-#include "adapters/desk/desk.h"
 #include "adapters/services/code_sequences.h"
 #include "adapters/services/opening.h"
 #include "adapters/services/server_clock.h"
+#include "adapters/system/desk.h"
 #include "runtime/convert.h"
 #include "runtime/error.h"
 #include "runtime/paths.h"

@@ -7,9 +7,9 @@
 #include <sstream>
 #include <vector>
 
-#include "adapters/desk/desk.h"
-#include "adapters/files/replaced_file.h"
 #include "adapters/services/settings.h"
+#include "adapters/system/desk.h"
+#include "adapters/system/replaced_file.h"
 #include "runtime/error.h"
 #include "runtime/paths.h"
 #include "runtime/text.h"

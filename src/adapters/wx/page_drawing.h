@@ -3,7 +3,7 @@
 
 #include <cstddef>
 
-#include "platform/printing/printed_document.h"
+#include "platform/printed_document.h"
 
 namespace catalogador::wx {
 

@@ -4,7 +4,7 @@
 #include <memory>
 
 #include "adapters/pdf/paper_fonts.h"
-#include "platform/printing/printer.h"
+#include "platform/printer.h"
 
 namespace catalogador::wx {
 

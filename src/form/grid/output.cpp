@@ -4,7 +4,7 @@
 #include "form/frmCatalogador.h"
 #include "modules/modIds.h"
 #include "modules/modLenguaje.h"
-#include "platform/printing/vs_printer.h"
+#include "printing/vs_printer.h"
 #include "runtime/error.h"
 #include "runtime/text.h"
 

@@ -9,8 +9,8 @@
 #include <vector>
 
 #include "platform/controls/control.h"
-#include "platform/controls/packed_texts.h"
-#include "platform/controls/row_marks.h"
+#include "platform/controls/rows/packed_texts.h"
+#include "platform/controls/rows/row_marks.h"
 #include "platform/controls/type_ahead.h"
 #include "runtime/base_letters.h"
 #include "runtime/like.h"

@@ -1,8 +1,8 @@
 #include <algorithm>
 
-#include "platform/controls/cell_order.h"
 #include "platform/controls/record_grid.h"
-#include "platform/controls/text_filter.h"
+#include "platform/controls/rows/cell_order.h"
+#include "platform/controls/rows/text_filter.h"
 #include "runtime/error.h"
 
 namespace catalogador {

@@ -1,0 +1,65 @@
+#include "adapters/desktop/folders.h"
+#include "adapters/desktop/real_screen.h"
+#include "adapters/help/help_pages.h"
+#include "adapters/wx/help_viewer.h"
+#include "adapters/wx/printing.h"
+#include "adapters/wx/wx_surface.h"
+#include "modules/modLenguaje.h"
+#include "runtime/error.h"
+#include "runtime/text.h"
+
+namespace catalogador {
+
+namespace {
+
+wx::HelpLabels helpLabelsOf(std::int16_t language) {
+    constexpr std::int32_t helpCaption = 224;
+    const std::string help = replaceText(ObtenerMensaje(helpCaption), "&", "", Compare::binary);
+    switch (language) {
+        case 2:
+            return {help, "&Back", "&Forward", "C&ontents", "&Close"};
+        case 3:
+            return {help, "&Voltar", "&Avançar", "&Sumário", "&Fechar"};
+        default:
+            return {help, "&Atrás", "A&delante", "&Índice", "&Cerrar"};
+    }
+}
+
+class WxScreen : public RealScreen {
+  public:
+    explicit WxScreen(std::int16_t language) : surface_(language) {}
+
+    [[nodiscard]] Surface& surface() override { return surface_; }
+    void setModalRunner(std::function<void(Window&)> runner) override {
+        surface_.setModalRunner(std::move(runner));
+    }
+    void settle(Window& window) override { surface_.settle(window); }
+    [[nodiscard]] std::vector<std::string> differences(Window& window) override {
+        return surface_.differences(window);
+    }
+
+    void rememberSizes(WindowMemory memory) override { surface_.rememberSizes(std::move(memory)); }
+    [[nodiscard]] Printer& printer() override { return printer_; }
+
+    void showHelp(Window& window, int command, std::int32_t data) override {
+        wxWindow* native = surface_.nativeWindow(window);
+        if (native == nullptr)
+            throw RuntimeError(error_number::cannotCreateObject,
+                               "There is no window that the help could be shown over");
+        const std::int16_t language = surface_.language();
+        wx::showHelp(*native, HelpPages(helpFolder()), helpLabelsOf(language),
+                     {command, data, language});
+    }
+
+  private:
+    wx::WxSurface surface_;
+    wx::WxPrinter printer_{surface_};
+};
+
+}  // namespace
+
+std::unique_ptr<RealScreen> realScreen(std::int16_t language) {
+    return std::make_unique<WxScreen>(language);
+}
+
+}  // namespace catalogador

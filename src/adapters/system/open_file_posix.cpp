@@ -1,0 +1,13 @@
+#include "adapters/system/open_file.h"
+
+namespace catalogador {
+
+std::FILE* openFile(const std::string& path, const char* mode) {
+    return std::fopen(path.c_str(), mode);
+}
+
+std::string narrowPath(const std::string& path) {
+    return path;
+}
+
+}  // namespace catalogador
