@@ -47,16 +47,16 @@ void readSeconds(const Settings& settings, const std::string& name,
     time = std::chrono::seconds(seconds);
 }
 
-Timeouts timeoutsOf(const Options& options) {
+sql::Timeouts timeoutsOf(const Options& options) {
     const Settings settings(Settings::defaultFile(), options.settings);
-    Timeouts timeouts;
+    sql::Timeouts timeouts;
     readSeconds(settings, "LoginTimeout", timeouts.login);
     readSeconds(settings, "StatementTimeout", timeouts.statement);
     readSeconds(settings, "LockTimeout", timeouts.lock);
     return timeouts;
 }
 
-std::unique_ptr<rdoConnection> openFile(const std::string& file, const Timeouts& timeouts,
+std::unique_ptr<rdoConnection> openFile(const std::string& file, const sql::Timeouts& timeouts,
                                         sqlite::Opening opening) {
     const std::string what = "cannot open the database " + file;
     if (!std::filesystem::is_regular_file(pathOf(file)))
@@ -96,10 +96,10 @@ std::unique_ptr<rdoConnection> openOtherDesk(const Options& options) {
     return openFile(options.database, timeoutsOf(options), sqlite::Opening::unguarded);
 }
 
-std::unique_ptr<OdbcConnection> openServer(const Options& options) {
-    const Timeouts timeouts = timeoutsOf(options);
+std::unique_ptr<odbc::OdbcConnection> openServer(const Options& options) {
+    const sql::Timeouts timeouts = timeoutsOf(options);
     try {
-        return OdbcConnection::open(options.connectionString, timeouts);
+        return odbc::OdbcConnection::open(options.connectionString, timeouts);
     } catch (const RuntimeError& error) {
         fail(error, "cannot connect to the database",
              "check driver, server, user and password in --connect ('odbcinst -q -d' lists the "

@@ -14,7 +14,7 @@ std::unique_ptr<rdoConnection> openDatabase(const Options& options);
 /// The same for another user at another desk, who may do anything with the database.
 std::unique_ptr<rdoConnection> openOtherDesk(const Options& options);
 /// The same for the connection string of the options.
-std::unique_ptr<OdbcConnection> openServer(const Options& options);
+std::unique_ptr<odbc::OdbcConnection> openServer(const Options& options);
 /// Opens a SQLite file that may not exist yet.
 std::unique_ptr<rdoConnection> createDatabase(const std::string& file);
 

@@ -111,8 +111,8 @@ struct ToldHost {
     PlainPrinter printer;
     Host host{surface,   utilities, messages, access,     languages,
               gridFiles, printer,   {},       "The host", nullptr};
-    std::unique_ptr<OdbcConnection> connection =
-        OdbcConnection::open(OdbcConnection::sqliteConnectionString(":memory:"));
+    std::unique_ptr<odbc::OdbcConnection> connection =
+        odbc::OdbcConnection::open(odbc::OdbcConnection::sqliteConnectionString(":memory:"));
 };
 
 }  // namespace catalogador::test

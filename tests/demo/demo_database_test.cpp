@@ -21,7 +21,8 @@ class DemoDatabase : public testing::Test {
             std::filesystem::path(testing::TempDir()) /
             ("demo-" + std::to_string(std::chrono::steady_clock::now().time_since_epoch().count()) +
              ".db");
-        connection_ = OdbcConnection::open(OdbcConnection::sqliteConnectionString(file_.string()));
+        connection_ = odbc::OdbcConnection::open(
+            odbc::OdbcConnection::sqliteConnectionString(file_.string()));
         const auto start = std::chrono::steady_clock::now();
         writeDemo(*connection_, {.userName = "ana"});
         duration_ = std::chrono::steady_clock::now() - start;
@@ -62,7 +63,7 @@ class DemoDatabase : public testing::Test {
     }
 
     static inline std::filesystem::path file_;
-    static inline std::unique_ptr<OdbcConnection> connection_;
+    static inline std::unique_ptr<odbc::OdbcConnection> connection_;
     static inline std::chrono::steady_clock::duration duration_{};
 };
 
@@ -158,7 +159,7 @@ TEST_F(DemoDatabase, IsNotWrittenTwice) {
 TEST_F(DemoDatabase, StaysUntouchedWhenTheCodeListsAreMissing) {
     const auto file = std::filesystem::path(file_.string() + ".empty");
     const auto connection =
-        OdbcConnection::open(OdbcConnection::sqliteConnectionString(file.string()));
+        odbc::OdbcConnection::open(odbc::OdbcConnection::sqliteConnectionString(file.string()));
     EXPECT_THROW(writeDemo(*connection, {.isoCodesFolder = "/nowhere"}), RuntimeError);
     const auto tables = connection->OpenResultset("Select name From sqlite_master");
     EXPECT_TRUE(tables->atEnd());

@@ -36,8 +36,8 @@ class WildMetadata : public testing::Test {
     }
 
     test::TemporaryFolder folder_;
-    test::Desk desk_{OdbcConnection::open(
-        OdbcConnection::sqliteConnectionString((folder_.path() / "wild.db").string()))};
+    test::Desk desk_{odbc::OdbcConnection::open(
+        odbc::OdbcConnection::sqliteConnectionString((folder_.path() / "wild.db").string()))};
 };
 
 TEST_F(WildMetadata, AFieldOfLessThanNoLengthIsNarrowButThere) {

@@ -49,13 +49,13 @@ inline HostileStatement hostileStatement(FuzzedDataProvider& bytes,
 
 /// Whether the statement would be handed to the database, for more than digits, which may be a part
 /// of a name.
-inline bool isLetThrough(const SqlText& sql, const SqlSyntax& syntax) {
+inline bool isLetThrough(const SqlText& sql, const sql::SqlSyntax& syntax) {
     const auto pieces = sql.data();
     if (pieces.empty()) return false;
     const auto data = sql.text().substr(pieces[0].start, pieces[0].length);
     if (data.find_first_not_of("0123456789") == std::string::npos) return false;
     try {
-        requireDataStaysData(sql, syntax);
+        sql::requireDataStaysData(sql, syntax);
         return true;
     } catch (const DataRefused&) {
         return false;

@@ -34,7 +34,7 @@ bool isAboutEscapes(const std::string& error) {
 
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* bytes, std::size_t size) {
     using namespace catalogador;
-    static const SqlSyntax syntax = syntaxOf(Dialect::postgresql);
+    static const sql::SqlSyntax syntax = sql::syntaxOf(Dialect::postgresql);
     FuzzedDataProvider data(bytes, size);
     const fuzz::HostileStatement statement = fuzz::hostileStatement(data, {{"'", "'"},
                                                                            {"E'", "'"},

@@ -59,7 +59,7 @@ bool goesByTexts(const std::string& sql) {
 
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* bytes, std::size_t size) {
     using namespace catalogador;
-    static const SqlSyntax syntax = syntaxOf(Dialect::sqlite);
+    static const sql::SqlSyntax syntax = sql::syntaxOf(Dialect::sqlite);
     FuzzedDataProvider data(bytes, size);
     const fuzz::HostileStatement statement = fuzz::hostileStatement(data, {{"'", "'"}});
     const std::string& sql = statement.sql.text();

@@ -12,17 +12,17 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* bytes, std::size_t siz
     FuzzedDataProvider data(bytes, size);
     static const Dialect dialects[] = {Dialect::sqlite, Dialect::postgresql, Dialect::mariadb,
                                        Dialect::other};
-    const SqlSyntax syntax = syntaxOf(data.PickValueInArray(dialects));
+    const sql::SqlSyntax syntax = sql::syntaxOf(data.PickValueInArray(dialects));
     const std::string sql = data.ConsumeRemainingBytesAsString();
-    writableTable(sql, syntax);
-    selectItems(sql, syntax);
-    selectCondition(withoutComments(sql, syntax), syntax);
+    sql::writableTable(sql, syntax);
+    sql::selectItems(sql, syntax);
+    sql::selectCondition(sql::withoutComments(sql, syntax), syntax);
     try {
-        const std::string one = singleStatement(sql, syntax);
+        const std::string one = sql::singleStatement(sql, syntax);
         // What was let through as one statement has no second one.
-        for (const SqlToken& token : tokensOf(one, syntax))
-            if (token.kind == TokenKind::separator) std::abort();
-        if (singleStatement(one, syntax) != one) std::abort();
+        for (const sql::SqlToken& token : sql::tokensOf(one, syntax))
+            if (token.kind == sql::TokenKind::separator) std::abort();
+        if (sql::singleStatement(one, syntax) != one) std::abort();
     } catch (const RuntimeError& error) {
         if (error.number() != error_number::statementFailed) throw;
     }

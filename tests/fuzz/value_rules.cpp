@@ -86,8 +86,8 @@ void checkDates(const std::string& text) {
     if (!date) return;
     require(dateFromIso(isoText(*date)) == date);
     dayAndTime(*date);
-    for (int kind = 0; kind <= static_cast<int>(ColumnKind::other); ++kind)
-        variantOf(text, static_cast<ColumnKind>(kind));
+    for (int kind = 0; kind <= static_cast<int>(sql::ColumnKind::other); ++kind)
+        sql::variantOf(text, static_cast<sql::ColumnKind>(kind));
 }
 
 }  // namespace
@@ -107,7 +107,7 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* bytes, std::size_t siz
     }
     checkTexts(text, other);
     checkDates(text);
-    for (int kind = 0; kind <= static_cast<int>(ColumnKind::other); ++kind)
-        checkNumbers(variantOf(text, static_cast<ColumnKind>(kind)), regional);
+    for (int kind = 0; kind <= static_cast<int>(sql::ColumnKind::other); ++kind)
+        checkNumbers(sql::variantOf(text, static_cast<sql::ColumnKind>(kind)), regional);
     return 0;
 }

@@ -118,13 +118,14 @@ std::unique_ptr<MetadataDatabase> MetadataDatabase::createEmpty(const std::strin
         if (given == nullptr) return nullptr;
         database->server_ = given;
         database->name_ = "metadata_" + decimalText(getpid());
-        const auto server = OdbcConnection::open(database->server_);
+        const auto server = odbc::OdbcConnection::open(database->server_);
         server->session()->run("Drop Database If Exists " + database->name_);
         server->session()->run("Create Database " + database->name_);
         const std::string own = withDatabase(database->server_, database->name_);
         // Bodies of functions hold several commands.
-        database->connection_ = OdbcConnection::open(own, {}, {.reading = false, .engine = false});
-        database->checked_ = OdbcConnection::open(own);
+        database->connection_ =
+            odbc::OdbcConnection::open(own, {}, {.reading = false, .engine = false});
+        database->checked_ = odbc::OdbcConnection::open(own);
     }
     return database;
 }
@@ -133,7 +134,8 @@ MetadataDatabase::~MetadataDatabase() {
     connection_.reset();
     checked_.reset();
     try {
-        if (!name_.empty()) OdbcConnection::open(server_)->session()->run("Drop Database " + name_);
+        if (!name_.empty())
+            odbc::OdbcConnection::open(server_)->session()->run("Drop Database " + name_);
     } catch (const std::exception&) {
         // The server is a test's own and ends with it.
     }

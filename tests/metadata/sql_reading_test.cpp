@@ -6,7 +6,7 @@ namespace catalogador::checks {
 namespace {
 
 std::vector<std::int64_t> viewsOf(const std::string& sql) {
-    return viewsOfFirstColumn(sql, syntaxOf(Dialect::sqlite));
+    return viewsOfFirstColumn(sql, sql::syntaxOf(Dialect::sqlite));
 }
 
 TEST(ViewsOfTheFirstColumn, AreThoseThatItsTableIsComparedWith) {
@@ -39,7 +39,7 @@ TEST(QuotesRoundAPlaceholder, AreSeenEverywhere) {
 }
 
 TEST(Joins, LeaveRowsOutUnlessTheyKeepTheLeftOnes) {
-    const SqlSyntax syntax = syntaxOf(Dialect::sqlite);
+    const sql::SqlSyntax syntax = sql::syntaxOf(Dialect::sqlite);
     EXPECT_TRUE(joinsRowsAway("Select 1 From a Join b On a.x = b.x", syntax));
     EXPECT_TRUE(joinsRowsAway("Select 1 From a Inner Join b On a.x = b.x", syntax));
     EXPECT_FALSE(joinsRowsAway("Select 1 From a Left Join b On a.x = b.x", syntax));

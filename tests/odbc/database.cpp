@@ -36,7 +36,7 @@ void RdoTest::SetUp() {
     if (dialect() == Dialect::sqlite) {
         // What a power failure would leave of these files is of no interest.
         connectionString_ =
-            OdbcConnection::sqliteConnectionString(file_.path()) + ";SyncPragma=OFF";
+            odbc::OdbcConnection::sqliteConnectionString(file_.path()) + ";SyncPragma=OFF";
     } else {
         const char* given = std::getenv(GetParam().variable.c_str());
         if (given == nullptr) GTEST_SKIP() << GetParam().variable << " is not set";
@@ -64,12 +64,12 @@ TypeNames RdoTest::types() const {
     }
 }
 
-std::unique_ptr<TestedConnection> RdoTest::connect(const Timeouts& timeouts,
+std::unique_ptr<TestedConnection> RdoTest::connect(const sql::Timeouts& timeouts,
                                                    const odbc::Defences& defences,
                                                    const std::string& options) const {
     if (GetParam().guarded) return connectFile(timeouts, sqlite::Opening::guarded);
-    const std::shared_ptr<OdbcConnection> odbc =
-        OdbcConnection::open(connectionString_ + options, timeouts, defences);
+    const std::shared_ptr<odbc::OdbcConnection> odbc =
+        odbc::OdbcConnection::open(connectionString_ + options, timeouts, defences);
 #ifdef _WIN32
     if (GetParam().automation) {
         AutomationObject object(ComPtr<IDispatch>::owning(new ConnectionObject(odbc)));
@@ -80,7 +80,7 @@ std::unique_ptr<TestedConnection> RdoTest::connect(const Timeouts& timeouts,
     return std::make_unique<TestedConnection>(odbc);
 }
 
-std::unique_ptr<TestedConnection> RdoTest::connectFile(const Timeouts& timeouts,
+std::unique_ptr<TestedConnection> RdoTest::connectFile(const sql::Timeouts& timeouts,
                                                        sqlite::Opening opening) const {
     auto native = std::make_unique<TestedConnection>(
         sqlite::Connection::open(file_.path(), timeouts, opening));

@@ -84,11 +84,11 @@ class RdoTest : public testing::TestWithParam<DatabaseKind> {
 
     [[nodiscard]] Dialect dialect() const { return GetParam().dialect; }
     [[nodiscard]] TypeNames types() const;
-    [[nodiscard]] std::unique_ptr<TestedConnection> connect(const Timeouts& timeouts = {},
+    [[nodiscard]] std::unique_ptr<TestedConnection> connect(const sql::Timeouts& timeouts = {},
                                                             const odbc::Defences& defences = {},
                                                             const std::string& options = {}) const;
     /// Of a database that is a file without a driver.
-    [[nodiscard]] std::unique_ptr<TestedConnection> connectFile(const Timeouts& timeouts,
+    [[nodiscard]] std::unique_ptr<TestedConnection> connectFile(const sql::Timeouts& timeouts,
                                                                 sqlite::Opening opening) const;
     /// Creates a table with these columns and fills it with these value lists.
     void create(const std::string& columns, const std::vector<std::string>& rows = {});

@@ -15,9 +15,9 @@ using test::errorOf;
 using test::TestedConnection;
 using namespace std::chrono_literals;
 
-constexpr Defences readingAlone{true, false};
-constexpr Defences engineAlone{false, true};
-constexpr Defences both{true, true};
+constexpr odbc::Defences readingAlone{true, false};
+constexpr odbc::Defences engineAlone{false, true};
+constexpr odbc::Defences both{true, true};
 
 class RdoDefences : public test::RdoTest {
   protected:
@@ -97,7 +97,7 @@ class RdoDefences : public test::RdoTest {
         return texts;
     }
 
-    void play(const Defences& defences, const std::string& options = {}) {
+    void play(const odbc::Defences& defences, const std::string& options = {}) {
         const auto session = connect({}, defences, options);
         for (const std::string& typed : attacks()) {
             if (defences.reading)
@@ -116,7 +116,7 @@ INSTANTIATE_TEST_SUITE_P(, RdoDefences, testing::ValuesIn(test::databaseKinds())
 TEST_P(RdoDefences, WithoutThemTypedTextIsRun) {
     if (dialect() == Dialect::sqlite) GTEST_SKIP() << "its driver takes one statement only";
     // The connection string is the one that the attack needs.
-    const auto session = connect({}, Defences{false, false}, ";OPTION=67108864");
+    const auto session = connect({}, odbc::Defences{false, false}, ";OPTION=67108864");
     attack(*session, "'; Delete From " + table + " -- ");
     EXPECT_TRUE(all().empty());
 }
@@ -181,7 +181,7 @@ TEST_P(RdoDefences, RowFoundByDataCanBeWritten) {
 TEST_P(RdoDefences, HostsOwnSessionKeepsItsSettings) {
     if (dialect() == Dialect::sqlite || GetParam().automation) GTEST_SKIP() << "of servers";
     const bool postgresql = dialect() == Dialect::postgresql;
-    const auto host = connect({}, Defences{false, false});
+    const auto host = connect({}, odbc::Defences{false, false});
     host->run(postgresql ? "SET lock_timeout = 7654" : "SET SESSION lock_wait_timeout = 7654");
     host->run(postgresql ? "SET standard_conforming_strings = off"
                          : "SET SESSION sql_mode = 'PIPES_AS_CONCAT'");
@@ -192,8 +192,8 @@ TEST_P(RdoDefences, HostsOwnSessionKeepsItsSettings) {
                    : "SELECT CONCAT(@@lock_wait_timeout, @@sql_mode, @@tx_read_only)";
     const auto before = host->query(settings);
     rdoConnection& direct = *host;
-    auto& owner = dynamic_cast<OdbcConnection&>(direct);
-    const auto shared = OdbcConnection::onHandle(owner.handle());
+    auto& owner = dynamic_cast<odbc::OdbcConnection&>(direct);
+    const auto shared = odbc::OdbcConnection::onHandle(owner.handle());
     EXPECT_EQ(errorNumberOf([&] { shared->OpenResultset(check("\\")); }),
               error_number::dataRefused);
     shared->OpenResultset(check("x"))->Close();
@@ -214,7 +214,7 @@ class RdoLimits : public RdoDefences {
 INSTANTIATE_TEST_SUITE_P(, RdoLimits, testing::ValuesIn(test::databaseKinds()), test::kindName);
 
 TEST_P(RdoLimits, HoldWhateverTheStatementSays) {
-    Timeouts timeouts;
+    sql::Timeouts timeouts;
     timeouts.statement = 1s;
     const auto session = connect(timeouts, engineAlone);
     switch (dialect()) {

@@ -80,17 +80,17 @@ class RdoHostileTexts : public test::RdoTest {
     }
 
     /// As the session reads; of a host's own connection nobody knows the database.
-    [[nodiscard]] SqlSyntax syntax() {
-        if (GetParam().automation) return syntaxOf(Dialect::other);
-        if (dialect() != Dialect::mariadb) return syntaxOf(dialect());
+    [[nodiscard]] sql::SqlSyntax syntax() {
+        if (GetParam().automation) return sql::syntaxOf(Dialect::other);
+        if (dialect() != Dialect::mariadb) return sql::syntaxOf(dialect());
         const auto state = connection->query(odbc::mariadbState).at(0);
         const auto of = [&](std::size_t column) { return *state[column].as<std::string>(); };
         return odbc::mariadbSyntax(of(1), of(2), of(3));
     }
 
-    static bool passes(const SqlText& sql, const SqlSyntax& syntax) {
+    static bool passes(const SqlText& sql, const sql::SqlSyntax& syntax) {
         try {
-            requireDataStaysData(sql, syntax);
+            sql::requireDataStaysData(sql, syntax);
             return true;
         } catch (const DataRefused&) {
             return false;
@@ -122,7 +122,7 @@ class RdoHostileTexts : public test::RdoTest {
     /// Those of so many texts that are let through between these quotes.
     std::vector<std::string> letThrough(const std::string& open, const std::string& close,
                                         int count) {
-        const SqlSyntax read = syntax();
+        const sql::SqlSyntax read = syntax();
         std::vector<std::string> passed;
         for (int i = 0; i < count; ++i) {
             std::string made = text();
@@ -152,7 +152,7 @@ TEST_P(RdoHostileTexts, WhatIsLetThroughIsOneValueToTheDatabase) {
 
 TEST_P(RdoHostileTexts, WhatIsLetThroughIsOneValueWhateverStandsBeforeIt) {
     constexpr int statements = 2'000;
-    const SqlSyntax read = syntax();
+    const sql::SqlSyntax read = syntax();
     const std::mt19937::result_type another = std::random_device{}();
     for (const auto chosen : {usualSeed, another}) {
         SCOPED_TRACE("seed " + std::to_string(chosen));
@@ -185,7 +185,7 @@ TEST_P(RdoHostileTexts, WhatIsLetThroughIsOneValueWhateverStandsBeforeIt) {
 TEST_P(RdoHostileTexts, NumbersThatAreLetThroughAreOneValueToTheDatabase) {
     const std::vector<std::string> parts{"0", "1", "9", ".", "e", "E", "-", "+",  " ",
                                          "x", "'", "(", ",", "-", ";", "#", "/*", "$1"};
-    const SqlSyntax read = syntax();
+    const sql::SqlSyntax read = syntax();
     std::vector<std::string> passed;
     for (int i = 0; i < texts; ++i) {
         const std::string made = text(parts);

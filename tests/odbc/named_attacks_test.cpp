@@ -18,10 +18,10 @@ using test::TestedConnection;
 using namespace std::chrono_literals;
 using Clock = std::chrono::steady_clock;
 
-constexpr Defences none{false, false};
-constexpr Defences readingAlone{true, false};
-constexpr Defences engineAlone{false, true};
-constexpr Defences both{true, true};
+constexpr odbc::Defences none{false, false};
+constexpr odbc::Defences readingAlone{true, false};
+constexpr odbc::Defences engineAlone{false, true};
+constexpr odbc::Defences both{true, true};
 
 constexpr auto statementLimit = 1s;
 /// An attack that keeps the database at work so long goes on beyond its limit.
@@ -51,7 +51,7 @@ class Attacks : public test::RdoTest {
     [[nodiscard]] std::string steal() const { return "Delete From " + table; }
 
     /// Whether what somebody typed, one text after the other, did any harm.
-    [[nodiscard]] bool harms(const std::vector<std::string>& typed, const Defences& defences,
+    [[nodiscard]] bool harms(const std::vector<std::string>& typed, const odbc::Defences& defences,
                              const std::string& options = {}) {
         other->run("Delete From " + table);
         other->run("Insert Into " + table + " Values (42)");
@@ -79,9 +79,9 @@ class Attacks : public test::RdoTest {
 
   private:
     /// An undefended session has no limits either.
-    [[nodiscard]] std::unique_ptr<TestedConnection> attacked(const Defences& defences,
+    [[nodiscard]] std::unique_ptr<TestedConnection> attacked(const odbc::Defences& defences,
                                                              const std::string& options) const {
-        Timeouts timeouts;
+        sql::Timeouts timeouts;
         timeouts.statement = defences.reading || defences.engine ? statementLimit : 0s;
         if (!GetParam().guarded) return connect(timeouts, defences, options);
         return connectFile(timeouts,
@@ -90,7 +90,7 @@ class Attacks : public test::RdoTest {
 
     /// Whether a check that has to find nothing finds something.
     [[nodiscard]] bool finds(TestedConnection& session, const std::string& typed,
-                             const Defences& defences) const {
+                             const odbc::Defences& defences) const {
         // Without a driver it is the mark of data that has a statement read.
         const bool marked = defences.reading || !GetParam().guarded;
         const SqlText sql = "Select a From " + table + " Where a <> 1 And 'x' = '" +

@@ -195,7 +195,7 @@ TEST_P(RdoStatement, ATransactionOnALostConnectionFailsAsAWhole) {
 TEST_P(RdoStatement, StopsWaitingForALockWithAnError) {
     if (dialect() == Dialect::sqlite) GTEST_SKIP() << "tested with a shorter wait";
     create("a INTEGER", {"1"});
-    Timeouts timeouts;
+    sql::Timeouts timeouts;
     timeouts.lock = std::chrono::seconds(1);
     other = connect(timeouts);
     const auto rows = other->OpenResultset(select());
@@ -214,7 +214,7 @@ TEST_P(RdoStatement, StopsWaitingForALockWithAnError) {
 TEST_P(RdoStatement, StopsAStatementThatTakesTooLong) {
     const bool overDriver = dialect() == Dialect::sqlite && !GetParam().guarded;
     if (overDriver) GTEST_SKIP() << "the driver has no such limit";
-    Timeouts timeouts;
+    sql::Timeouts timeouts;
     timeouts.statement = std::chrono::seconds(1);
     const auto hurried = connect(timeouts);
     std::string sleep =

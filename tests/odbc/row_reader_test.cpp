@@ -21,7 +21,7 @@ class RowReaders : public testing::Test {
   protected:
     template <class Reader>
     Rows read(const char* sql) {
-        const OdbcHandle statement = session_.execute(sql);
+        const odbc::OdbcHandle statement = session_.execute(sql);
         const auto columns = session_.columnsOf(statement, sql);
         Reader reader(statement, session_.dialect(), columns);
         Rows rows;
@@ -36,12 +36,12 @@ class RowReaders : public testing::Test {
 
   private:
     test::TemporaryFile file_;
-    OdbcSession session_{connectionStringOfSqliteFile(file_.path())};
+    odbc::OdbcSession session_{odbc::connectionStringOfSqliteFile(file_.path())};
 };
 
 TEST_F(RowReaders, GiveTheSameRowsWhicheverWayTheyFetch) {
-    const Rows blocks = read<BlockReader>(mixedRows);
-    const Rows single = read<SingleRowReader>(mixedRows);
+    const Rows blocks = read<odbc::BlockReader>(mixedRows);
+    const Rows single = read<odbc::SingleRowReader>(mixedRows);
     ASSERT_EQ(blocks.size(), 700U);
     EXPECT_EQ(blocks[699][2]->size(), 1400000U);
     EXPECT_EQ(blocks[4][1], std::nullopt);
@@ -53,16 +53,16 @@ TEST_F(RowReaders, ReadValuesAroundTheWidthsOfTheirBuffers) {
     const char* sql =
         "WITH RECURSIVE n(i) AS (SELECT 0 UNION ALL SELECT i + 1 FROM n WHERE i < 1100) "
         "SELECT substr(hex(zeroblob(600)), 1, i) FROM n";
-    const Rows blocks = read<BlockReader>(sql);
-    const Rows single = read<SingleRowReader>(sql);
+    const Rows blocks = read<odbc::BlockReader>(sql);
+    const Rows single = read<odbc::SingleRowReader>(sql);
     ASSERT_EQ(blocks.size(), 1101U);
     for (std::size_t i = 0; i < blocks.size(); ++i) ASSERT_EQ(blocks[i][0]->size(), i);
     EXPECT_TRUE(blocks == single);
 }
 
 TEST_F(RowReaders, GiveNoRowsOfAnEmptyResult) {
-    EXPECT_TRUE(read<BlockReader>("SELECT 1 WHERE 1 = 0").empty());
-    EXPECT_TRUE(read<SingleRowReader>("SELECT 1 WHERE 1 = 0").empty());
+    EXPECT_TRUE(read<odbc::BlockReader>("SELECT 1 WHERE 1 = 0").empty());
+    EXPECT_TRUE(read<odbc::SingleRowReader>("SELECT 1 WHERE 1 = 0").empty());
 }
 
 }  // namespace

@@ -45,13 +45,13 @@ TEST_P(RdoServer, StopsWaitingForAServerThatDoesNotAnswer) {
     const SilentServer server;
     const std::string driver =
         dialect() == Dialect::postgresql ? "{PostgreSQL Unicode}" : "{MariaDB Unicode}";
-    Timeouts timeouts;
+    sql::Timeouts timeouts;
     timeouts.login = std::chrono::seconds(2);
     const auto start = std::chrono::steady_clock::now();
     const std::string text = errorOf([&] {
-        OdbcConnection::open("Driver=" + driver + ";Server=127.0.0.1;Port=" + server.port() +
-                                 ";Database=none;UID=ana;PWD=secret",
-                             timeouts);
+        odbc::OdbcConnection::open("Driver=" + driver + ";Server=127.0.0.1;Port=" + server.port() +
+                                       ";Database=none;UID=ana;PWD=secret",
+                                   timeouts);
     });
     EXPECT_FALSE(text.empty());
     EXPECT_EQ(text.find("secret"), std::string::npos) << text;

@@ -15,7 +15,7 @@ using test::errorOf;
 using test::TemporaryFile;
 
 std::string stringFor(const std::string& path) {
-    return OdbcConnection::sqliteConnectionString(path);
+    return odbc::OdbcConnection::sqliteConnectionString(path);
 }
 
 enum class Way { native, driver };
@@ -25,15 +25,15 @@ std::string wayName(const testing::TestParamInfo<Way>& info) {
 }
 
 std::unique_ptr<rdoConnection> opened(Way way, const std::string& path,
-                                      const Timeouts& timeouts = {},
+                                      const sql::Timeouts& timeouts = {},
                                       sqlite::Opening opening = sqlite::Opening::guarded) {
     if (way == Way::native) return sqlite::Connection::open(path, timeouts, opening);
-    return OdbcConnection::open(stringFor(path), timeouts);
+    return odbc::OdbcConnection::open(stringFor(path), timeouts);
 }
 
 class Sqlite : public testing::TestWithParam<Way> {
   protected:
-    [[nodiscard]] std::unique_ptr<rdoConnection> open(const Timeouts& timeouts = {}) const {
+    [[nodiscard]] std::unique_ptr<rdoConnection> open(const sql::Timeouts& timeouts = {}) const {
         return opened(GetParam(), file_.path(), timeouts);
     }
     /// A statement that makes tables, or rows of them, from another desk.
@@ -138,7 +138,7 @@ TEST_P(Sqlite, NoticesChangeOfCaseInColumnThatIsBlindToIt) {
 TEST_P(Sqlite, WaitsForALockAsLongAsTheConnectionStringSays) {
     schema("CREATE TABLE t (a INTEGER)");
     if (GetParam() == Way::native) GTEST_SKIP() << "there is no connection string";
-    const auto other = OdbcConnection::open(stringFor(file_.path()) + ";Timeout=300");
+    const auto other = odbc::OdbcConnection::open(stringFor(file_.path()) + ";Timeout=300");
     connection_->session()->begin();
     const auto start = std::chrono::steady_clock::now();
     EXPECT_EQ(errorNumberOf([&] { other->session()->begin(); }), error_number::statementFailed);
@@ -150,7 +150,7 @@ TEST_P(Sqlite, WaitsForALockAsLongAsTheConnectionStringSays) {
 TEST_P(Sqlite, StopsWaitingForALockWithAnError) {
     schema("CREATE TABLE t (a INTEGER)");
     connection_->session()->run("INSERT INTO t VALUES (1)");
-    Timeouts timeouts;
+    sql::Timeouts timeouts;
     timeouts.lock = std::chrono::milliseconds(300);
     const auto other = open(timeouts);
     const auto rows = other->OpenResultset("Select * From t");
@@ -227,7 +227,7 @@ TEST_P(SqliteFile, IsReportedWhenItCannotBeOpened) {
 
 TEST(OdbcConnectionOpen, ReportsDriverThatIsNotThereWithoutThePassword) {
     const std::string text =
-        errorOf([] { OdbcConnection::open("DRIVER={no such driver};UID=ana;PWD=secret"); });
+        errorOf([] { odbc::OdbcConnection::open("DRIVER={no such driver};UID=ana;PWD=secret"); });
     EXPECT_NE(text, "");
     EXPECT_EQ(text.find("secret"), std::string::npos) << text;
 }

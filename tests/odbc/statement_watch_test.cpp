@@ -8,17 +8,18 @@ namespace catalogador::odbc {
 namespace {
 
 using namespace std::chrono_literals;
-using Outcome = StatementWatch::Outcome;
+using Outcome = odbc::StatementWatch::Outcome;
 
 template <class Condition>
 bool comesTrue(Condition condition) {
-    const auto end = StatementWatch::Clock::now() + 10s;
-    while (!condition() && StatementWatch::Clock::now() < end) std::this_thread::sleep_for(1ms);
+    const auto end = odbc::StatementWatch::Clock::now() + 10s;
+    while (!condition() && odbc::StatementWatch::Clock::now() < end)
+        std::this_thread::sleep_for(1ms);
     return condition();
 }
 
 TEST(StatementWatch, LeavesAStatementAloneThatEndsInTime) {
-    StatementWatch watch;
+    odbc::StatementWatch watch;
     std::atomic<int> calls = 0;
     for (int i = 0; i < 100; ++i) {
         watch.begin(1h, 1h, {[&] { ++calls; }, [&] { ++calls; }});
@@ -28,7 +29,7 @@ TEST(StatementWatch, LeavesAStatementAloneThatEndsInTime) {
 }
 
 TEST(StatementWatch, CancelsAStatementThatOutlivesItsLimit) {
-    StatementWatch watch;
+    odbc::StatementWatch watch;
     // One that has a long time is watched before it: the thread is waiting for that.
     watch.begin(1h, 1h, {});
     watch.end();
@@ -42,7 +43,7 @@ TEST(StatementWatch, CancelsAStatementThatOutlivesItsLimit) {
 }
 
 TEST(StatementWatch, DropsTheConnectionWhenCancellingDoesNotHelp) {
-    StatementWatch watch;
+    odbc::StatementWatch watch;
     std::atomic<int> cancelled = 0;
     std::atomic<int> dropped = 0;
     watch.begin(10ms, 10ms, {[&] { ++cancelled; }, [&] { ++dropped; }});

@@ -21,7 +21,7 @@ class ScriptedServices : public testing::Test {
     PlainUtilities real_;
     ScriptedUtilities utilities_{real_, transcript_, statements_, answers_};
     std::unique_ptr<rdoConnection> connection_ =
-        OdbcConnection::open(OdbcConnection::sqliteConnectionString(":memory:"));
+        odbc::OdbcConnection::open(odbc::OdbcConnection::sqliteConnectionString(":memory:"));
 };
 
 TEST_F(ScriptedServices, TraceTheCallsWithTheirResults) {

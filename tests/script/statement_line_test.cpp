@@ -24,7 +24,8 @@ class StatementLine : public testing::Test {
     Json run(const std::string& sql) {
         return runStatement(
             [&] {
-                return OdbcConnection::open(OdbcConnection::sqliteConnectionString(file_.string()));
+                return odbc::OdbcConnection::open(
+                    odbc::OdbcConnection::sqliteConnectionString(file_.string()));
             },
             sql);
     }
@@ -53,7 +54,7 @@ TEST_F(StatementLine, WhatTheDatabaseRefusesIsTold) {
 TEST_F(StatementLine, AConnectionThatFailsIsTold) {
     const Json event = runStatement(
         []() -> std::unique_ptr<rdoConnection> {
-            return OdbcConnection::open("Driver={there is no such driver}");
+            return odbc::OdbcConnection::open("Driver={there is no such driver}");
         },
         "Select 1");
     EXPECT_TRUE(event["error"].is_string());

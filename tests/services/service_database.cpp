@@ -42,9 +42,9 @@ ServiceDatabase::ServiceDatabase() : connection_(connect()) {
         "PerDerechos VARCHAR(100))");
 }
 
-std::unique_ptr<OdbcConnection> ServiceDatabase::connect() const {
-    return OdbcConnection::open(
-        OdbcConnection::sqliteConnectionString((folder_.path() / "services.db").string()));
+std::unique_ptr<odbc::OdbcConnection> ServiceDatabase::connect() const {
+    return odbc::OdbcConnection::open(
+        odbc::OdbcConnection::sqliteConnectionString((folder_.path() / "services.db").string()));
 }
 
 }  // namespace catalogador::test

@@ -55,10 +55,10 @@ class ForeignConnection : public rdoConnection {
 class ServiceDatabase : public testing::Test {
   protected:
     ServiceDatabase();
-    [[nodiscard]] std::unique_ptr<OdbcConnection> connect() const;
+    [[nodiscard]] std::unique_ptr<odbc::OdbcConnection> connect() const;
 
     TemporaryFolder folder_;
-    std::unique_ptr<OdbcConnection> connection_;
+    std::unique_ptr<odbc::OdbcConnection> connection_;
     Utilities utilities_{Settings("", {}), Regional{}, "/opt/program", nullptr};
 };
 

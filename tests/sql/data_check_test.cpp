@@ -14,8 +14,8 @@ using Kind = SqlText::Kind;
 constexpr Dialect known[] = {Dialect::sqlite, Dialect::postgresql, Dialect::mariadb};
 constexpr Dialect all[] = {Dialect::sqlite, Dialect::postgresql, Dialect::mariadb, Dialect::other};
 
-SqlSyntax syntax(Dialect dialect) {
-    SqlSyntax found = syntaxOf(dialect);
+sql::SqlSyntax syntax(Dialect dialect) {
+    sql::SqlSyntax found = sql::syntaxOf(dialect);
     // As the sessions of the program are set.
     if (dialect == Dialect::mariadb) {
         found.backslashEscapes = false;
@@ -25,9 +25,9 @@ SqlSyntax syntax(Dialect dialect) {
 }
 
 /// The text that is refused; "" when the statement passes.
-std::string refused(const SqlText& sql, const SqlSyntax& syntax) {
+std::string refused(const SqlText& sql, const sql::SqlSyntax& syntax) {
     try {
-        requireDataStaysData(sql, syntax);
+        sql::requireDataStaysData(sql, syntax);
     } catch (const DataRefused& error) {
         EXPECT_EQ(error.number(), error_number::dataRefused);
         return error.data();
@@ -90,7 +90,7 @@ TEST(DataCheck, RefusesANulEverywhere) {
 
 TEST(DataCheck, ReadsBackslashesAsTheDatabaseDoes) {
     for (const Dialect dialect : known) expectPasses(inText("C:\\x\\"), dialect);
-    SqlSyntax escaping = syntax(Dialect::mariadb);
+    sql::SqlSyntax escaping = syntax(Dialect::mariadb);
     escaping.backslashEscapes = true;
     EXPECT_EQ(refused(inText("x\\"), escaping), "x\\");
     EXPECT_EQ(refused(inText("x\\\\"), escaping), "");
@@ -196,7 +196,7 @@ TEST(DataCheck, FollowsDollarQuotes) {
 TEST(DataCheck, KeepsToVersionCommentsOfAKnownServerOnly) {
     const SqlText sql = "Select /*!50000 1 */, '" + SqlText::ofData("x") + "'";
     expectPasses(sql, Dialect::mariadb);
-    SqlSyntax unknown = syntax(Dialect::mariadb);
+    sql::SqlSyntax unknown = syntax(Dialect::mariadb);
     unknown.serverVersion = 0;
     EXPECT_EQ(refused(sql, unknown), "x");
 }

@@ -6,7 +6,7 @@ namespace catalogador {
 namespace {
 
 std::string condition(std::string_view sql) {
-    return selectCondition(sql, syntaxOf(Dialect::sqlite));
+    return sql::selectCondition(sql, sql::syntaxOf(Dialect::sqlite));
 }
 
 TEST(SelectCondition, IsWhatStandsBetweenWhereAndTheClauseAfterIt) {

@@ -8,14 +8,14 @@ namespace catalogador {
 namespace {
 
 /// The tokens with a bar behind each; "?" marks one that is never closed.
-std::string read(std::string_view sql, const SqlSyntax& syntax) {
+std::string read(std::string_view sql, const sql::SqlSyntax& syntax) {
     std::string all;
-    for (const SqlToken& token : tokensOf(sql, syntax))
+    for (const sql::SqlToken& token : sql::tokensOf(sql, syntax))
         all += std::string(token.text) + (token.closed ? "|" : "?|");
     return all;
 }
 std::string read(std::string_view sql, Dialect dialect) {
-    SqlSyntax syntax = syntaxOf(dialect);
+    sql::SqlSyntax syntax = sql::syntaxOf(dialect);
     if (dialect == Dialect::mariadb) syntax.serverVersion = 101106;
     return read(sql, syntax);
 }
@@ -78,11 +78,12 @@ TEST(SqlTokens, MariadbCommentNeedsABlankOrAControlCharacter) {
 }
 
 TEST(SqlTokens, MariadbQuotesByItsMode) {
-    SqlSyntax ansi = syntaxOf(Dialect::mariadb);
+    sql::SqlSyntax ansi = sql::syntaxOf(Dialect::mariadb);
     ansi.doubleQuotedTexts = ansi.backslashEscapes = false;
     EXPECT_EQ(read("\"a\\\" '\\'", ansi), "\"a\\\"|'\\'|");
-    EXPECT_EQ(tokensOf("\"a\"", ansi)[0].kind, TokenKind::quotedName);
-    EXPECT_EQ(tokensOf("\"a\"", syntaxOf(Dialect::mariadb))[0].kind, TokenKind::text);
+    EXPECT_EQ(sql::tokensOf("\"a\"", ansi)[0].kind, sql::TokenKind::quotedName);
+    EXPECT_EQ(sql::tokensOf("\"a\"", sql::syntaxOf(Dialect::mariadb))[0].kind,
+              sql::TokenKind::text);
     EXPECT_EQ(read("_utf8'a' N'b' x'41''42' `c``'d`", Dialect::mariadb),
               "_utf8|'a'|N|'b'|x'41'|'42'|`c``'d`|");
 }

@@ -11,7 +11,7 @@ constexpr Dialect allDialects[] = {Dialect::sqlite, Dialect::postgresql, Dialect
                                    Dialect::other};
 
 std::string single(std::string_view sql, Dialect dialect = Dialect::sqlite) {
-    return singleStatement(sql, syntaxOf(dialect));
+    return sql::singleStatement(sql, sql::syntaxOf(dialect));
 }
 
 bool refused(std::string_view sql, Dialect dialect) {
@@ -24,7 +24,7 @@ bool refused(std::string_view sql, Dialect dialect) {
 }
 
 std::optional<std::string> table(std::string_view sql, Dialect dialect = Dialect::sqlite) {
-    return writableTable(sql, syntaxOf(dialect));
+    return sql::writableTable(sql, sql::syntaxOf(dialect));
 }
 
 TEST(SingleStatement, KeepsTextWithoutSeparatorAsItIs) {
@@ -99,7 +99,7 @@ TEST(SingleStatement, TakesDollarsInNamesAndParametersForNoQuotes) {
 
 TEST(WithoutComments, PutsBlankInPlaceOfEachComment) {
     const auto strip = [](std::string_view sql) {
-        return withoutComments(sql, syntaxOf(Dialect::sqlite));
+        return sql::withoutComments(sql, sql::syntaxOf(Dialect::sqlite));
     };
     EXPECT_EQ(strip("Select/* ' */1 -- it's ?\n, '--'"), "Select 1  \n, '--'");
     EXPECT_EQ(strip("Select '/*'"), "Select '/*'");
@@ -146,7 +146,7 @@ TEST(WritableTable, IsNoneWhenRowsAreNotThoseOfOneTable) {
 TEST(SelectItems, FindsColumnsBehindAliases) {
     const auto columns = [](std::string_view sql) {
         std::string all;
-        for (const SelectItem& item : selectItems(sql, syntaxOf(Dialect::sqlite)))
+        for (const sql::SelectItem& item : sql::selectItems(sql, sql::syntaxOf(Dialect::sqlite)))
             all += (item.isStar ? "*" : item.aliasedColumn) + "|";
         return all;
     };

@@ -81,7 +81,8 @@ void run(const std::string& connectionString, const std::vector<std::string>& st
 }  // namespace
 
 std::unique_ptr<rdoConnection> connectTo(const std::string& connectionString, bool free) {
-    if (!connectionString.starts_with(filePrefix)) return OdbcConnection::open(connectionString);
+    if (!connectionString.starts_with(filePrefix))
+        return odbc::OdbcConnection::open(connectionString);
     return sqlite::Connection::open(connectionString.substr(filePrefix.size()), {},
                                     free ? sqlite::Opening::created : sqlite::Opening::guarded);
 }
@@ -119,8 +120,9 @@ bool OwnDatabase::prepare(const std::string& kind) {
         if (mkdtemp(pattern.data()) == nullptr) throw std::runtime_error("no temporary folder");
         folder_ = pattern;
         const std::string file = folder_ / "users.db";
-        connectionStrings_ = {kind == "sqlite" ? filePrefix + file
-                                               : OdbcConnection::sqliteConnectionString(file)};
+        connectionStrings_ = {kind == "sqlite"
+                                  ? filePrefix + file
+                                  : odbc::OdbcConnection::sqliteConnectionString(file)};
         return true;
     }
     const char* given = std::getenv(("CATALOGADOR_TEST_" + upperCase(kind)).c_str());

@@ -86,7 +86,7 @@ void compareCodes(const Context& context, const ViewRow& view, ListedCodes liste
 
 /// Gives whether the listing names records of this view, as far as its text tells.
 bool checkNamedView(const Context& context, const ViewRow& view) {
-    const SqlSyntax& syntax = context.database.syntax();
+    const sql::SqlSyntax& syntax = context.database.syntax();
     const auto named = viewsOfFirstColumn(*view.listing, syntax);
     std::string other;
     if (named.empty()) {

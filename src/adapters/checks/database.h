@@ -18,7 +18,7 @@ class Database {
     explicit Database(rdoConnection& connection);
 
     [[nodiscard]] Dialect dialect() const { return session_.dialect(); }
-    [[nodiscard]] const SqlSyntax& syntax() const { return syntax_; }
+    [[nodiscard]] const sql::SqlSyntax& syntax() const { return syntax_; }
 
     /// Has the statement read by the database and not run. Raises RuntimeError with the database's
     /// words.
@@ -31,7 +31,7 @@ class Database {
     rdoConnection& connection_;
     rdoSession& session_;
     rdoPlanner& planner_;
-    SqlSyntax syntax_;
+    sql::SqlSyntax syntax_;
 };
 
 }  // namespace catalogador::checks

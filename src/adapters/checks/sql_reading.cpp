@@ -12,26 +12,28 @@ namespace {
 constexpr std::size_t longestQuotation = 60;
 constexpr std::string_view viewColumn = "CTeIDTipoVista";
 
-bool isName(const SqlToken& token) {
-    return token.kind == TokenKind::word || token.kind == TokenKind::quotedName;
+bool isName(const sql::SqlToken& token) {
+    return token.kind == sql::TokenKind::word || token.kind == sql::TokenKind::quotedName;
 }
 
-bool isSymbol(const SqlToken& token, char symbol) {
-    return token.kind == TokenKind::symbol && token.text.front() == symbol;
+bool isSymbol(const sql::SqlToken& token, char symbol) {
+    return token.kind == sql::TokenKind::symbol && token.text.front() == symbol;
 }
 
-std::string_view nameOf(const SqlToken& token) {
-    if (token.kind != TokenKind::quotedName || token.text.size() < 2) return token.text;
+std::string_view nameOf(const sql::SqlToken& token) {
+    if (token.kind != sql::TokenKind::quotedName || token.text.size() < 2) return token.text;
     return token.text.substr(1, token.text.size() - 2);
 }
 
-bool names(const SqlToken& token, std::string_view name) {
+bool names(const sql::SqlToken& token, std::string_view name) {
     return isName(token) && equalText(nameOf(token), name);
 }
 
-std::vector<SqlToken> tokensWithoutComments(std::string_view sql, const SqlSyntax& syntax) {
-    std::vector<SqlToken> tokens = tokensOf(sql, syntax);
-    std::erase_if(tokens, [](const SqlToken& token) { return token.kind == TokenKind::comment; });
+std::vector<sql::SqlToken> tokensWithoutComments(std::string_view sql,
+                                                 const sql::SqlSyntax& syntax) {
+    std::vector<sql::SqlToken> tokens = sql::tokensOf(sql, syntax);
+    std::erase_if(tokens,
+                  [](const sql::SqlToken& token) { return token.kind == sql::TokenKind::comment; });
     return tokens;
 }
 
@@ -41,14 +43,14 @@ bool isPlaceholderCharacter(char c) {
 
 /// What stands before the "." of the first column that is selected; empty when nothing does, or
 /// when that is no plain column.
-std::string_view firstQualifier(const std::vector<SqlToken>& tokens) {
+std::string_view firstQualifier(const std::vector<sql::SqlToken>& tokens) {
     std::size_t first = 1;
     if (tokens.size() > first && (names(tokens[first], "DISTINCT") || names(tokens[first], "ALL")))
         ++first;
     if (tokens.size() < first + 4 || !isName(tokens[first]) || !isSymbol(tokens[first + 1], '.') ||
         !isName(tokens[first + 2]))
         return {};
-    const SqlToken& after = tokens[first + 3];
+    const sql::SqlToken& after = tokens[first + 3];
     const bool plain = isSymbol(after, ',') || isName(after);
     return plain ? nameOf(tokens[first]) : std::string_view();
 }
@@ -56,7 +58,7 @@ std::string_view firstQualifier(const std::vector<SqlToken>& tokens) {
 /// Comparisons of the view's column with numbers.
 class ViewComparisons {
   public:
-    explicit ViewComparisons(const std::vector<SqlToken>& tokens) : tokens_(tokens) {
+    explicit ViewComparisons(const std::vector<sql::SqlToken>& tokens) : tokens_(tokens) {
         for (std::size_t i = 0; i < tokens.size(); ++i)
             if (names(tokens[i], viewColumn)) readAt(i);
     }
@@ -89,7 +91,7 @@ class ViewComparisons {
         if (const auto number = wholeNumber(tokens_[at].text)) found_.emplace_back(owner, *number);
     }
 
-    const std::vector<SqlToken>& tokens_;
+    const std::vector<sql::SqlToken>& tokens_;
     std::vector<std::pair<std::string_view, std::int64_t>> found_;
 };
 
@@ -124,22 +126,22 @@ bool beginsWith(std::string_view sql, std::string_view word) {
     return upperCase(leftCharacters(sql, word.size())) == word;
 }
 
-std::vector<std::int64_t> viewsOfFirstColumn(std::string_view sql, const SqlSyntax& syntax) {
+std::vector<std::int64_t> viewsOfFirstColumn(std::string_view sql, const sql::SqlSyntax& syntax) {
     const auto tokens = tokensWithoutComments(sql, syntax);
     return ViewComparisons(tokens).of(firstQualifier(tokens));
 }
 
-bool mentions(std::string_view sql, std::string_view name, const SqlSyntax& syntax) {
-    const auto tokens = tokensOf(sql, syntax);
+bool mentions(std::string_view sql, std::string_view name, const sql::SqlSyntax& syntax) {
+    const auto tokens = sql::tokensOf(sql, syntax);
     return std::any_of(tokens.begin(), tokens.end(),
-                       [&](const SqlToken& token) { return names(token, name); });
+                       [&](const sql::SqlToken& token) { return names(token, name); });
 }
 
-bool joinsRowsAway(std::string_view sql, const SqlSyntax& syntax) {
+bool joinsRowsAway(std::string_view sql, const sql::SqlSyntax& syntax) {
     const auto tokens = tokensWithoutComments(sql, syntax);
     for (std::size_t i = 1; i < tokens.size(); ++i) {
         if (!names(tokens[i], "JOIN")) continue;
-        const SqlToken& before = tokens[i - 1];
+        const sql::SqlToken& before = tokens[i - 1];
         const bool keeps = names(before, "LEFT") || names(before, "OUTER") || names(before, "FULL");
         if (!keeps) return true;
     }

@@ -19,13 +19,13 @@ bool beginsWith(std::string_view sql, std::string_view word);
 
 /// The views whose records a statement takes its first column from, as far as its text tells: the
 /// numbers that CTeIDTipoVista is compared with. Empty when it tells nothing.
-std::vector<std::int64_t> viewsOfFirstColumn(std::string_view sql, const SqlSyntax& syntax);
+std::vector<std::int64_t> viewsOfFirstColumn(std::string_view sql, const sql::SqlSyntax& syntax);
 
 /// Whether the statement names a table or column of that name.
-bool mentions(std::string_view sql, std::string_view name, const SqlSyntax& syntax);
+bool mentions(std::string_view sql, std::string_view name, const sql::SqlSyntax& syntax);
 
 /// Whether it joins a table in a way that can leave rows out.
-bool joinsRowsAway(std::string_view sql, const SqlSyntax& syntax);
+bool joinsRowsAway(std::string_view sql, const sql::SqlSyntax& syntax);
 
 /// Whether a placeholder is compared with "<>" or "!=", or the condition is negated in words.
 bool comparedAsDifferent(std::string_view sql, std::string_view placeholder);

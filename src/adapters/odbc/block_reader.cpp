@@ -6,7 +6,7 @@
 #include "adapters/odbc/odbc_rows.h"
 #include "runtime/error.h"
 
-namespace catalogador {
+namespace catalogador::odbc {
 
 namespace {
 
@@ -18,7 +18,7 @@ constexpr std::size_t signPointAndEnd = 3;
 constexpr std::size_t narrowestText = 32;
 constexpr std::size_t widestTextAtFirst = 256;
 
-std::size_t firstWidth(SQLSMALLINT type, const ColumnInfo& column) {
+std::size_t firstWidth(SQLSMALLINT type, const sql::ColumnInfo& column) {
     if (type == SQL_C_UTINYINT) return 1;
     if (type == SQL_C_DOUBLE) return sizeof(double);
     const std::size_t reported = std::min(column.reportedLength, widestTextAtFirst);
@@ -28,9 +28,9 @@ std::size_t firstWidth(SQLSMALLINT type, const ColumnInfo& column) {
 }  // namespace
 
 BlockReader::BlockReader(const OdbcHandle& statement, Dialect dialect,
-                         const std::vector<ColumnInfo>& columns)
+                         const std::vector<sql::ColumnInfo>& columns)
     : statement_(statement) {
-    for (const ColumnInfo& column : columns) {
+    for (const sql::ColumnInfo& column : columns) {
         Buffer buffer;
         buffer.type = transferType(dialect, column.kind);
         buffer.width = firstWidth(buffer.type, column);
@@ -60,17 +60,17 @@ std::size_t BlockReader::rowsRead() const {
     return static_cast<std::size_t>(blockStart_ - 1) + fetched_;
 }
 
-std::optional<TransferredCell> BlockReader::transferred(std::size_t column,
-                                                        std::size_t ahead) const {
+std::optional<sql::TransferredCell> BlockReader::transferred(std::size_t column,
+                                                             std::size_t ahead) const {
     const Buffer& buffer = buffers_[column];
     const std::size_t row = row_ + ahead;
     const SQLLEN length = buffer.indicators[row];
     if (length == SQL_NULL_DATA) return std::nullopt;
-    if (!buffer.texts.empty()) return TransferredCell{SQL_C_CHAR, buffer.texts[row]};
+    if (!buffer.texts.empty()) return sql::TransferredCell{SQL_C_CHAR, buffer.texts[row]};
     // Only texts have a length of their own.
     const std::size_t size =
         buffer.type == SQL_C_CHAR ? static_cast<std::size_t>(length) : buffer.width;
-    return TransferredCell{buffer.type, {buffer.data.data() + row * buffer.width, size}};
+    return sql::TransferredCell{buffer.type, {buffer.data.data() + row * buffer.width, size}};
 }
 
 bool BlockReader::fetchBlock() {
@@ -153,4 +153,4 @@ void BlockReader::checkRows(SQLRETURN result) const {
         throw RuntimeError(error_number::statementFailed, statement_.diagnostics());
 }
 
-}  // namespace catalogador
+}  // namespace catalogador::odbc

@@ -7,15 +7,15 @@
 #include "adapters/sql/row_reader.h"
 #include "platform/dialect.h"
 
-namespace catalogador {
+namespace catalogador::odbc {
 
 /// Fetches blocks of rows into buffers of one array per column. A value that does not fit makes
 /// its column's buffer larger and the same block is fetched again, so the reported length of a
 /// column decides only how wide its buffer is at first.
-class BlockReader : public RowReader {
+class BlockReader : public sql::RowReader {
   public:
     BlockReader(const OdbcHandle& statement, Dialect dialect,
-                const std::vector<ColumnInfo>& columns);
+                const std::vector<sql::ColumnInfo>& columns);
     ~BlockReader() override;
     BlockReader(const BlockReader&) = delete;
     BlockReader& operator=(const BlockReader&) = delete;
@@ -24,8 +24,8 @@ class BlockReader : public RowReader {
     [[nodiscard]] std::size_t rowsAtHand() const override { return fetched_ - row_; }
     /// Rows that were fetched so far.
     [[nodiscard]] std::size_t rowsRead() const;
-    [[nodiscard]] std::optional<TransferredCell> transferred(std::size_t column,
-                                                             std::size_t ahead) const override;
+    [[nodiscard]] std::optional<sql::TransferredCell> transferred(std::size_t column,
+                                                                  std::size_t ahead) const override;
 
   private:
     struct Buffer {
@@ -56,4 +56,4 @@ class BlockReader : public RowReader {
     bool ended_ = false;
 };
 
-}  // namespace catalogador
+}  // namespace catalogador::odbc

@@ -4,7 +4,7 @@
 
 #include "adapters/odbc/driver_text.h"
 
-namespace catalogador {
+namespace catalogador::odbc {
 
 namespace {
 
@@ -15,7 +15,7 @@ struct Binding {
 };
 
 /// `text` is what the parameter's text became for the driver.
-Binding bindingOf(const Parameter& parameter, const std::string& text) {
+Binding bindingOf(const sql::Parameter& parameter, const std::string& text) {
     if (std::holds_alternative<std::string>(parameter.value))
         return {transferredText, text.data(), text.size()};
     if (const auto* flag = std::get_if<bool>(&parameter.value))
@@ -29,10 +29,10 @@ Binding bindingOf(const Parameter& parameter, const std::string& text) {
 }  // namespace
 
 BoundParameters::BoundParameters(const OdbcHandle& statement,
-                                 const std::vector<Parameter>& parameters)
+                                 const std::vector<sql::Parameter>& parameters)
     : statement_(statement), indicators_(parameters.size()), texts_(parameters.size()) {
     SQLUSMALLINT number = 0;
-    for (const Parameter& parameter : parameters) {
+    for (const sql::Parameter& parameter : parameters) {
         if (const auto* text = std::get_if<std::string>(&parameter.value))
             texts_[number] = textForDriver(*text);
         bind(static_cast<SQLUSMALLINT>(number + 1), parameter, number);
@@ -44,7 +44,8 @@ BoundParameters::~BoundParameters() {
     SQLFreeStmt(statement_.get(), SQL_RESET_PARAMS);
 }
 
-void BoundParameters::bind(SQLUSMALLINT number, const Parameter& parameter, std::size_t index) {
+void BoundParameters::bind(SQLUSMALLINT number, const sql::Parameter& parameter,
+                           std::size_t index) {
     const Binding binding = bindingOf(parameter, texts_[index]);
     SQLLEN& indicator = indicators_[index];
     indicator = static_cast<SQLLEN>(binding.size);
@@ -57,4 +58,4 @@ void BoundParameters::bind(SQLUSMALLINT number, const Parameter& parameter, std:
                                       static_cast<SQLLEN>(binding.size), &indicator));
 }
 
-}  // namespace catalogador
+}  // namespace catalogador::odbc

@@ -10,7 +10,7 @@
 #include "runtime/error.h"
 #include "runtime/text.h"
 
-namespace catalogador {
+namespace catalogador::odbc {
 
 namespace {
 
@@ -135,7 +135,7 @@ bool hasKey(const std::string& connectionString, std::string_view key) {
                        [&](const Entry& entry) { return equalText(entry.key, key); });
 }
 
-std::string withTimeouts(const std::string& connectionString, const Timeouts& timeouts) {
+std::string withTimeouts(const std::string& connectionString, const sql::Timeouts& timeouts) {
     const auto entries = entriesOf(connectionString);
     const auto driver = std::find_if(entries.begin(), entries.end(),
                                      [](const Entry& entry) { return entry.key == "DRIVER"; });
@@ -148,11 +148,11 @@ std::string withTimeouts(const std::string& connectionString, const Timeouts& ti
         if (!hasKey(connectionString, key)) result += ";" + std::string(key) + "=" + value;
     };
     const bool limited = timeouts.statement.count() > 0;
-    const auto answer = wholeSeconds(timeouts.statement) + timeForTheNetwork;
+    const auto answer = sql::wholeSeconds(timeouts.statement) + timeForTheNetwork;
     if (isDriver("SQLite")) {
-        add("Timeout", decimalText(endless(timeouts.lock).count()));
+        add("Timeout", decimalText(sql::endless(timeouts.lock).count()));
     } else if (isDriver("MariaDB")) {
-        add("CONN_TIMEOUT", decimalText(wholeSeconds(endless(timeouts.login)).count()));
+        add("CONN_TIMEOUT", decimalText(sql::wholeSeconds(sql::endless(timeouts.login)).count()));
         if (limited) add("READ_TIMEOUT", decimalText(answer.count()));
         if (limited) add("WRITE_TIMEOUT", decimalText(answer.count()));
     } else if (isDriver("PostgreSQL") && limited) {
@@ -219,4 +219,4 @@ std::string withoutPasswords(std::string text, const std::string& connectionStri
     return text;
 }
 
-}  // namespace catalogador
+}  // namespace catalogador::odbc

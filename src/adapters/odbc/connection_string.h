@@ -6,7 +6,7 @@
 
 #include "adapters/sql/timeouts.h"
 
-namespace catalogador {
+namespace catalogador::odbc {
 
 /// How a SQLite database file is reached. Raises RuntimeError (invalidProcedureCall) for a path
 /// that cannot be written in a connection string. The file is created when it does not exist.
@@ -22,7 +22,7 @@ bool hasKey(const std::string& connectionString, std::string_view key);
 /// The connection string with what its driver, if it is a known one, has to be told of the times
 /// there; what the string says itself stays. A driver waits for an answer a little longer than the
 /// server works on it, so that it gives up only on a server that is gone.
-std::string withTimeouts(const std::string& connectionString, const Timeouts& timeouts);
+std::string withTimeouts(const std::string& connectionString, const sql::Timeouts& timeouts);
 
 /// The connection string with what its driver, if it is a known one, has to be told so that one
 /// statement is one command, whatever the string says of that.
@@ -36,4 +36,4 @@ std::vector<std::string> eachHost(const std::string& connectionString);
 /// The text with "***" in place of the passwords of the connection string.
 std::string withoutPasswords(std::string text, const std::string& connectionString);
 
-}  // namespace catalogador
+}  // namespace catalogador::odbc

@@ -4,7 +4,7 @@
 #include <span>
 #include <string_view>
 
-namespace catalogador {
+namespace catalogador::odbc {
 
 namespace {
 
@@ -96,4 +96,4 @@ ErrorCause causeOf(const std::vector<DiagnosticRecord>& records) {
     return ErrorCause::unknown;
 }
 
-}  // namespace catalogador
+}  // namespace catalogador::odbc

@@ -5,7 +5,7 @@
 #include "adapters/odbc/driver_text.h"
 #include "runtime/error.h"
 
-namespace catalogador {
+namespace catalogador::odbc {
 
 /// Everything that the driver last reported on a handle.
 std::vector<DiagnosticRecord> diagnosticRecords(SQLSMALLINT kind, SQLHANDLE handle);
@@ -15,4 +15,4 @@ std::string joined(const std::vector<DiagnosticRecord>& records);
 /// PostgreSQL; MariaDB and SQLite tell more by their own numbers.
 ErrorCause causeOf(const std::vector<DiagnosticRecord>& records);
 
-}  // namespace catalogador
+}  // namespace catalogador::odbc

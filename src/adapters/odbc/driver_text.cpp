@@ -7,7 +7,7 @@
 #include "runtime/utf16.h"
 #endif
 
-namespace catalogador {
+namespace catalogador::odbc {
 
 namespace {
 
@@ -144,4 +144,4 @@ bool readDiagnostic(SQLSMALLINT kind, SQLHANDLE handle, SQLSMALLINT number,
     return true;
 }
 
-}  // namespace catalogador
+}  // namespace catalogador::odbc

@@ -4,7 +4,7 @@
 
 #include "adapters/sql/odbc_api.h"
 
-namespace catalogador {
+namespace catalogador::odbc {
 
 // The calls of the driver manager that take or give texts. Narrow texts are UTF-8 for the driver
 // managers of this system's own kind; that of Windows reads them in the code page of the desk, so
@@ -54,4 +54,4 @@ struct DiagnosticRecord {
 bool readDiagnostic(SQLSMALLINT kind, SQLHANDLE handle, SQLSMALLINT number,
                     DiagnosticRecord& record);
 
-}  // namespace catalogador
+}  // namespace catalogador::odbc

@@ -4,11 +4,11 @@
 #include "adapters/odbc/odbc_session.h"
 #include "adapters/sql/sql_resultset.h"
 
-namespace catalogador {
+namespace catalogador::odbc {
 
 std::unique_ptr<OdbcConnection> OdbcConnection::open(const std::string& connectionString,
-                                                     const Timeouts& timeouts,
-                                                     const odbc::Defences& defences) {
+                                                     const sql::Timeouts& timeouts,
+                                                     const Defences& defences) {
     return std::unique_ptr<OdbcConnection>(
         new OdbcConnection(std::make_shared<OdbcSession>(connectionString, timeouts, defences)));
 }
@@ -42,7 +42,7 @@ std::unique_ptr<rdoResultset> OdbcConnection::opened(const SqlText& sql, int typ
                                                      bool toWrite) {
     if (session_->listener != nullptr) session_->listener->opened(sql.text(), type, lock);
     const OdbcSession::Announced announced(*session_, sql);
-    return std::make_unique<SqlResultset>(session_, sql.text(), toWrite);
+    return std::make_unique<sql::SqlResultset>(session_, sql.text(), toWrite);
 }
 
 std::int64_t OdbcConnection::Execute(const SqlText& sql) {
@@ -67,4 +67,4 @@ void* OdbcConnection::handle() const {
     return session_->lend();
 }
 
-}  // namespace catalogador
+}  // namespace catalogador::odbc

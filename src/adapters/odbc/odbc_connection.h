@@ -7,7 +7,7 @@
 #include "adapters/sql/timeouts.h"
 #include "platform/rdo.h"
 
-namespace catalogador {
+namespace catalogador::odbc {
 
 class OdbcSession;
 
@@ -16,8 +16,8 @@ class OdbcConnection : public rdoConnection {
   public:
     /// Raises RuntimeError (statementFailed) with the driver's text, in which no password appears.
     static std::unique_ptr<OdbcConnection> open(const std::string& connectionString,
-                                                const Timeouts& timeouts = {},
-                                                const odbc::Defences& defences = {});
+                                                const sql::Timeouts& timeouts = {},
+                                                const Defences& defences = {});
     /// Works on a connection of the driver manager that somebody else has opened and closes later.
     /// Raises RuntimeError (statementFailed).
     static std::unique_ptr<OdbcConnection> onHandle(void* handle);
@@ -48,4 +48,4 @@ class OdbcConnection : public rdoConnection {
     std::shared_ptr<OdbcSession> session_;
 };
 
-}  // namespace catalogador
+}  // namespace catalogador::odbc

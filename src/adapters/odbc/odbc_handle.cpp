@@ -4,7 +4,7 @@
 #include "adapters/odbc/driver_text.h"
 #include "runtime/error.h"
 
-namespace catalogador {
+namespace catalogador::odbc {
 
 OdbcHandle::Owned::~Owned() {
     if (handle == nullptr || borrowed) return;
@@ -53,4 +53,4 @@ SQLPOINTER attributeValue(std::uintptr_t value) {
     return reinterpret_cast<SQLPOINTER>(value);
 }
 
-}  // namespace catalogador
+}  // namespace catalogador::odbc

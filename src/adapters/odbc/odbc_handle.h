@@ -6,7 +6,7 @@
 
 #include "adapters/sql/odbc_api.h"
 
-namespace catalogador {
+namespace catalogador::odbc {
 
 /// A handle of the driver manager, freed with its owner. A handle that was allocated on another
 /// keeps that one, so a connection lives as long as the last of its statements.
@@ -54,4 +54,4 @@ class OdbcHandle {
 /// A whole number as the pointer argument in which the interface expects it.
 SQLPOINTER attributeValue(std::uintptr_t value);
 
-}  // namespace catalogador
+}  // namespace catalogador::odbc

@@ -7,7 +7,7 @@
 #include "adapters/odbc/odbc_session.h"
 #include "runtime/error.h"
 
-namespace catalogador {
+namespace catalogador::odbc {
 
 void OdbcSession::connect() {
     for (std::size_t tries = 1;; ++tries) {
@@ -28,7 +28,7 @@ void OdbcSession::connectTo(const std::string& connectionString) {
     connection_ = OdbcHandle(SQL_HANDLE_DBC, environment_);
     SQLSetConnectAttr(
         connection_.get(), SQL_ATTR_LOGIN_TIMEOUT,
-        attributeValue(static_cast<std::uintptr_t>(wholeSeconds(timeouts_.login).count())), 0);
+        attributeValue(static_cast<std::uintptr_t>(sql::wholeSeconds(timeouts_.login).count())), 0);
     const SQLRETURN result = connectDriver(connection_.get(), connectionString);
     if (!SQL_SUCCEEDED(result))
         throw RuntimeError(error_number::statementFailed,
@@ -70,7 +70,7 @@ void OdbcSession::awaitUnanswered() {
     const std::string sql =
         mariadb ? "SELECT 1 FROM information_schema.processlist WHERE command <> 'Sleep' AND id = "
                 : "SELECT 1 FROM pg_stat_activity WHERE state <> 'idle' AND pid = ";
-    const auto end = std::chrono::steady_clock::now() + endless(timeouts_.lock);
+    const auto end = std::chrono::steady_clock::now() + sql::endless(timeouts_.lock);
     while (!rowsOf(executeOnce(sql + id, {}, nullptr), sql).empty()) {
         if (std::chrono::steady_clock::now() > end)
             throw RuntimeError(error_number::statementFailed,
@@ -102,4 +102,4 @@ void OdbcSession::returnToAutocommit() {
     }
 }
 
-}  // namespace catalogador
+}  // namespace catalogador::odbc

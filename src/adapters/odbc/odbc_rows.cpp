@@ -4,7 +4,7 @@
 #include "adapters/odbc/driver_text.h"
 #include "adapters/odbc/single_row_reader.h"
 
-namespace catalogador {
+namespace catalogador::odbc {
 
 OdbcRows::OdbcRows(OdbcSession& session, OdbcHandle statement, const std::string& sql)
     : session_(session), statement_(std::move(statement)) {
@@ -21,23 +21,23 @@ OdbcRows::~OdbcRows() {
     if (many) session_.freeBeside(std::move(statement_));
 }
 
-SQLSMALLINT transferType(Dialect dialect, ColumnKind kind) {
+SQLSMALLINT transferType(Dialect dialect, sql::ColumnKind kind) {
     // The driver of SQLite has nothing but texts, and its columns may hold anything.
     if (dialect == Dialect::sqlite) return transferredText;
     switch (kind) {
         // As SQL_C_BIT, the driver of MariaDB does not tell a bound value from Null.
-        case ColumnKind::boolean:
+        case sql::ColumnKind::boolean:
             return SQL_C_UTINYINT;
-        case ColumnKind::single:
-        case ColumnKind::real:
+        case sql::ColumnKind::single:
+        case sql::ColumnKind::real:
             return SQL_C_DOUBLE;
         default:
             return transferredText;
     }
 }
 
-std::unique_ptr<RowReader> makeRowReader(const OdbcHandle& statement, Dialect dialect,
-                                         const std::vector<ColumnInfo>& columns) {
+std::unique_ptr<sql::RowReader> makeRowReader(const OdbcHandle& statement, Dialect dialect,
+                                              const std::vector<sql::ColumnInfo>& columns) {
     SQLULEN cursor = SQL_CURSOR_FORWARD_ONLY;
     SQLGetStmtAttr(statement.get(), SQL_ATTR_CURSOR_TYPE, &cursor, 0, nullptr);
     // Unknown drivers are not trusted to find their way back to the start of a block.
@@ -46,4 +46,4 @@ std::unique_ptr<RowReader> makeRowReader(const OdbcHandle& statement, Dialect di
     return std::make_unique<BlockReader>(statement, dialect, columns);
 }
 
-}  // namespace catalogador
+}  // namespace catalogador::odbc

@@ -7,10 +7,10 @@
 #include "adapters/sql/row_reader.h"
 #include "adapters/sql/sql_session.h"
 
-namespace catalogador {
+namespace catalogador::odbc {
 
 /// The rows of an executed statement over ODBC.
-class OdbcRows : public SqlRows {
+class OdbcRows : public sql::SqlRows {
   public:
     /// `session` must outlive this.
     OdbcRows(OdbcSession& session, OdbcHandle statement, const std::string& sql);
@@ -25,11 +25,11 @@ class OdbcRows : public SqlRows {
 
 /// By blocks of rows into bound buffers where the driver lets a block be fetched again with larger
 /// buffers, otherwise row by row. `statement` must outlive the reader.
-std::unique_ptr<RowReader> makeRowReader(const OdbcHandle& statement, Dialect dialect,
-                                         const std::vector<ColumnInfo>& columns);
+std::unique_ptr<sql::RowReader> makeRowReader(const OdbcHandle& statement, Dialect dialect,
+                                              const std::vector<sql::ColumnInfo>& columns);
 
 /// The C type (SQL_C_…) in which the values of a column are taken over: texts, but for the types
 /// whose text a driver rounds or gives in binary.
-SQLSMALLINT transferType(Dialect dialect, ColumnKind kind);
+SQLSMALLINT transferType(Dialect dialect, sql::ColumnKind kind);
 
-}  // namespace catalogador
+}  // namespace catalogador::odbc

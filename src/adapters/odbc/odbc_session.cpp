@@ -12,7 +12,7 @@
 #include "runtime/error.h"
 #include "runtime/text.h"
 
-namespace catalogador {
+namespace catalogador::odbc {
 
 namespace {
 
@@ -25,10 +25,10 @@ Dialect dialectOf(std::string_view product) {
     return Dialect::other;
 }
 
-ColumnInfo columnInfo(const OdbcHandle& statement, Dialect dialect, SQLUSMALLINT number) {
+sql::ColumnInfo columnInfo(const OdbcHandle& statement, Dialect dialect, SQLUSMALLINT number) {
     DescribedColumn described;
     statement.check(describeColumn(statement.get(), number, described));
-    ColumnInfo column;
+    sql::ColumnInfo column;
     column.name = described.name;
     // Drivers give a computed column a name, but no table.
     if (!columnText(statement.get(), number, SQL_DESC_BASE_TABLE_NAME).empty())
@@ -36,27 +36,28 @@ ColumnInfo columnInfo(const OdbcHandle& statement, Dialect dialect, SQLUSMALLINT
     column.typeName = columnText(statement.get(), number, SQL_DESC_TYPE_NAME);
     column.sqlType = described.type;
     column.reportedLength = static_cast<std::size_t>(described.size);
-    column.kind = columnKind(dialect, described.type, column.typeName);
+    column.kind = sql::columnKind(dialect, described.type, column.typeName);
     return column;
 }
 
 /// A Null has no type that a database could be told, so it is written into the statement's text
 /// by the caller; the values here are all bound.
-std::vector<Parameter> parametersOf(const std::vector<Variant>& values) {
-    std::vector<Parameter> parameters;
+std::vector<sql::Parameter> parametersOf(const std::vector<Variant>& values) {
+    std::vector<sql::Parameter> parameters;
     parameters.reserve(values.size());
-    for (const Variant& value : values) parameters.push_back(parameterOf(value));
+    for (const Variant& value : values) parameters.push_back(sql::parameterOf(value));
     return parameters;
 }
 
 /// The driver of SQLite takes a column's alias for its name. Beside a "*" the position of a column
 /// is known only from the nearer end of the list.
-void resolveAliases(std::vector<ColumnInfo>& columns, const std::vector<SelectItem>& items) {
-    const auto resolve = [](ColumnInfo& column, const SelectItem& item) {
+void resolveAliases(std::vector<sql::ColumnInfo>& columns,
+                    const std::vector<sql::SelectItem>& items) {
+    const auto resolve = [](sql::ColumnInfo& column, const sql::SelectItem& item) {
         if (!column.baseName.empty() && !item.aliasedColumn.empty())
             column.baseName = item.aliasedColumn;
     };
-    const auto isStar = [](const SelectItem& item) { return item.isStar; };
+    const auto isStar = [](const sql::SelectItem& item) { return item.isStar; };
     const auto star = std::find_if(items.begin(), items.end(), isStar);
     auto column = columns.begin();
     for (auto item = items.begin(); item != star && column != columns.end(); ++item)
@@ -70,8 +71,8 @@ void resolveAliases(std::vector<ColumnInfo>& columns, const std::vector<SelectIt
 
 }  // namespace
 
-OdbcSession::OdbcSession(const std::string& connectionString, const Timeouts& timeouts,
-                         const odbc::Defences& defences)
+OdbcSession::OdbcSession(const std::string& connectionString, const sql::Timeouts& timeouts,
+                         const Defences& defences)
     : connectionString_(withTimeouts(connectionString, timeouts)),
       timeouts_(timeouts),
       defences_(defences),
@@ -94,7 +95,7 @@ OdbcSession::~OdbcSession() {
 SQLHANDLE OdbcSession::lend() {
     settle();
     // Whoever uses it beside the session knows nothing of what its transactions may do.
-    setAccess(odbc::Access::writing);
+    setAccess(Access::writing);
     lent_ = true;
     return connection_.get();
 }
@@ -139,23 +140,24 @@ void OdbcSession::reconnectIfLost() {
 
 void OdbcSession::prepareDialect() {
     dialect_ = dialectOf(productName(connection_.get()));
-    syntax_ = syntaxOf(dialect_);
+    syntax_ = sql::syntaxOf(dialect_);
     if (dialect_ == Dialect::postgresql) return preparePostgresql();
     if (dialect_ == Dialect::mariadb) return prepareMariadb();
     if (dialect_ == Dialect::sqlite && !borrowed_ && !hasKey(connectionString_, "Timeout"))
-        executeOnce("PRAGMA busy_timeout = " + decimalText(endless(timeouts_.lock).count()), {},
-                    nullptr);
+        executeOnce("PRAGMA busy_timeout = " + decimalText(sql::endless(timeouts_.lock).count()),
+                    {}, nullptr);
 }
 
-OdbcHandle OdbcSession::execute(const std::string& sql, const std::vector<Parameter>& parameters,
-                                std::string* warnings, odbc::Access access) {
-    std::string text = defences_.reading ? singleStatement(sql, syntax_) : sql;
+OdbcHandle OdbcSession::execute(const std::string& sql,
+                                const std::vector<sql::Parameter>& parameters,
+                                std::string* warnings, Access access) {
+    std::string text = defences_.reading ? sql::singleStatement(sql, syntax_) : sql;
     // The driver looks for quotes and "?" inside of comments too.
-    if (dialect_ == Dialect::sqlite) text = withoutComments(text, syntax_);
+    if (dialect_ == Dialect::sqlite) text = sql::withoutComments(text, syntax_);
     requireReadable(text);
     const auto run = [&] {
         setAccess(access);
-        const bool check = carriesData_ && access == odbc::Access::reading;
+        const bool check = carriesData_ && access == Access::reading;
         return check ? executeWithData(text) : executeOnce(text, parameters, warnings);
     };
     reconnectIfLost();
@@ -172,8 +174,8 @@ OdbcHandle OdbcSession::execute(const std::string& sql, const std::vector<Parame
 }
 
 OdbcHandle OdbcSession::executeOnce(const std::string& text,
-                                    const std::vector<Parameter>& parameters, std::string* warnings,
-                                    Protocol protocol) {
+                                    const std::vector<sql::Parameter>& parameters,
+                                    std::string* warnings, Protocol protocol) {
     OdbcHandle statement(SQL_HANDLE_STMT, connection_);
     // Drivers that lack one of these say so, and what they do then is found out later. For any
     // other cursor than the plainest PostgreSQL's driver sends a text that may hold several
@@ -220,18 +222,19 @@ SQLRETURN OdbcSession::runText(const OdbcHandle& statement, const std::string& t
     return result.get();
 }
 
-std::vector<ColumnInfo> OdbcSession::columnsOf(const OdbcHandle& statement,
-                                               const std::string& sql) const {
+std::vector<sql::ColumnInfo> OdbcSession::columnsOf(const OdbcHandle& statement,
+                                                    const std::string& sql) const {
     SQLSMALLINT count = 0;
     statement.check(SQLNumResultCols(statement.get(), &count));
-    std::vector<ColumnInfo> columns;
+    std::vector<sql::ColumnInfo> columns;
     for (SQLSMALLINT number = 1; number <= count; ++number)
         columns.push_back(columnInfo(statement, dialect_, static_cast<SQLUSMALLINT>(number)));
-    const bool namesUnknown = std::all_of(columns.begin(), columns.end(),
-                                          [](const ColumnInfo& c) { return c.baseName.empty(); });
+    const bool namesUnknown =
+        std::all_of(columns.begin(), columns.end(),
+                    [](const sql::ColumnInfo& c) { return c.baseName.empty(); });
     if (namesUnknown && dialect_ == Dialect::other)
-        for (ColumnInfo& column : columns) column.baseName = column.name;
-    if (dialect_ == Dialect::sqlite) resolveAliases(columns, selectItems(sql, syntax_));
+        for (sql::ColumnInfo& column : columns) column.baseName = column.name;
+    if (dialect_ == Dialect::sqlite) resolveAliases(columns, sql::selectItems(sql, syntax_));
     return columns;
 }
 
@@ -242,7 +245,7 @@ std::int64_t OdbcSession::touchedRows(const OdbcHandle& statement) {
     return std::max<SQLLEN>(count, 0);
 }
 
-std::unique_ptr<SqlRows> OdbcSession::open(const std::string& sql) {
+std::unique_ptr<sql::SqlRows> OdbcSession::open(const std::string& sql) {
     return std::make_unique<OdbcRows>(*this, execute(sql), sql);
 }
 
@@ -251,7 +254,7 @@ std::vector<std::vector<Variant>> OdbcSession::query(const std::string& sql,
     return query({sql, parametersOf(values)});
 }
 
-std::vector<std::vector<Variant>> OdbcSession::query(const ParameterizedStatement& statement) {
+std::vector<std::vector<Variant>> OdbcSession::query(const sql::ParameterizedStatement& statement) {
     return rowsOf(execute(statement.text, statement.parameters), statement.text);
 }
 
@@ -274,13 +277,13 @@ std::vector<std::vector<Variant>> OdbcSession::rowsOf(const OdbcHandle& statemen
 }
 
 std::int64_t OdbcSession::run(const std::string& sql, const std::vector<Variant>& values) {
-    return touchedRows(execute(sql, parametersOf(values), nullptr, odbc::Access::writing));
+    return touchedRows(execute(sql, parametersOf(values), nullptr, Access::writing));
 }
 
-std::int64_t OdbcSession::write(const ParameterizedStatement& statement) {
+std::int64_t OdbcSession::write(const sql::ParameterizedStatement& statement) {
     std::string warnings;
     const OdbcHandle handle =
-        execute(statement.text, statement.parameters, &warnings, odbc::Access::writing);
+        execute(statement.text, statement.parameters, &warnings, Access::writing);
     // MariaDB is content with what it could make of a bound value ("12,5" would become 12).
     if (dialect_ == Dialect::mariadb && !warnings.empty())
         throw RuntimeError(error_number::statementFailed, warnings);
@@ -294,7 +297,7 @@ void OdbcSession::begin() {
     } else if (dialect_ == Dialect::sqlite) {
         beginSqlite();
     } else {
-        leaveAutocommit(odbc::Access::writing);
+        leaveAutocommit(Access::writing);
     }
     ++transactions_;
 }
@@ -350,7 +353,7 @@ void OdbcSession::endTransaction(SQLSMALLINT how) {
     returnToAutocommit();
 }
 
-void OdbcSession::leaveAutocommit(odbc::Access access) {
+void OdbcSession::leaveAutocommit(Access access) {
     try {
         setAccess(access);
         return setAutocommit(false);
@@ -374,4 +377,4 @@ std::string OdbcSession::savepoint() const {
     return "catalogador_" + decimalText(transactions_);
 }
 
-}  // namespace catalogador
+}  // namespace catalogador::odbc

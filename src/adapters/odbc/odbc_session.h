@@ -19,14 +19,14 @@
 #include "platform/rdo_plan.h"
 #include "runtime/error.h"
 
-namespace catalogador {
+namespace catalogador::odbc {
 
 /// A connection to a database as the resultsets opened on it share it.
-class OdbcSession : public SqlSession, public rdoPlanner {
+class OdbcSession : public sql::SqlSession, public rdoPlanner {
   public:
     /// Raises RuntimeError (statementFailed) with the driver's text, never with a password.
-    explicit OdbcSession(const std::string& connectionString, const Timeouts& timeouts = {},
-                         const odbc::Defences& defences = {});
+    explicit OdbcSession(const std::string& connectionString, const sql::Timeouts& timeouts = {},
+                         const Defences& defences = {});
     /// On a connection that somebody else has opened and will close; it is not made again when it
     /// is lost, and its settings are left as they are. Raises RuntimeError (statementFailed).
     explicit OdbcSession(OdbcHandle borrowed);
@@ -37,7 +37,7 @@ class OdbcSession : public SqlSession, public rdoPlanner {
     [[nodiscard]] Dialect dialect() const override { return dialect_; }
     /// The driver manager's handle of the connection, for somebody else to use beside the session.
     [[nodiscard]] SQLHANDLE lend();
-    [[nodiscard]] const SqlSyntax& syntax() const override { return syntax_; }
+    [[nodiscard]] const sql::SqlSyntax& syntax() const override { return syntax_; }
 
     /// While it lives, what the session executes is that statement.
     class Announced {
@@ -57,13 +57,12 @@ class OdbcSession : public SqlSession, public rdoPlanner {
     /// transaction. The handle that is given back holds the rows, if any. `warnings` gets what the
     /// driver has to say of a statement that was run. Outside of a transaction a statement can
     /// write only with that access.
-    OdbcHandle execute(const std::string& sql, const std::vector<Parameter>& parameters = {},
-                       std::string* warnings = nullptr,
-                       odbc::Access access = odbc::Access::reading);
+    OdbcHandle execute(const std::string& sql, const std::vector<sql::Parameter>& parameters = {},
+                       std::string* warnings = nullptr, Access access = Access::reading);
     /// The columns of the rows that a statement returned when it was executed; none when it
     /// returns no rows.
-    [[nodiscard]] std::vector<ColumnInfo> columnsOf(const OdbcHandle& statement,
-                                                    const std::string& sql) const;
+    [[nodiscard]] std::vector<sql::ColumnInfo> columnsOf(const OdbcHandle& statement,
+                                                         const std::string& sql) const;
     [[nodiscard]] static std::int64_t touchedRows(const OdbcHandle& statement);
     /// Frees a statement with many rows, which takes a driver long, beside what the caller does
     /// next; at once where others use the connection too.
@@ -71,13 +70,13 @@ class OdbcSession : public SqlSession, public rdoPlanner {
     /// Waits until no statement is being freed.
     void settle() const override;
 
-    std::unique_ptr<SqlRows> open(const std::string& sql) override;
+    std::unique_ptr<sql::SqlRows> open(const std::string& sql) override;
 
     std::vector<std::vector<Variant>> query(const std::string& sql,
                                             const std::vector<Variant>& values = {}) override;
     std::int64_t run(const std::string& sql, const std::vector<Variant>& values = {}) override;
-    std::vector<std::vector<Variant>> query(const ParameterizedStatement& statement) override;
-    std::int64_t write(const ParameterizedStatement& statement) override;
+    std::vector<std::vector<Variant>> query(const sql::ParameterizedStatement& statement) override;
+    std::int64_t write(const sql::ParameterizedStatement& statement) override;
 
     [[nodiscard]] bool inTransaction() const override { return transactions_ > 0; }
     /// An inner transaction is a savepoint of the outer.
@@ -108,7 +107,7 @@ class OdbcSession : public SqlSession, public rdoPlanner {
     void readMariadbState();
     /// Whether the program sets what the database does in this session.
     [[nodiscard]] bool guarded() const { return !borrowed_ && !lent_ && defences_.engine; }
-    void setAccess(odbc::Access access);
+    void setAccess(Access access);
     /// How a statement is handed over.
     enum class Protocol {
         /// As the driver does it best.
@@ -116,7 +115,7 @@ class OdbcSession : public SqlSession, public rdoPlanner {
         /// So that the server takes one command, and in MariaDB one that has rows.
         oneCommand
     };
-    OdbcHandle executeOnce(const std::string& text, const std::vector<Parameter>& parameters,
+    OdbcHandle executeOnce(const std::string& text, const std::vector<sql::Parameter>& parameters,
                            std::string* warnings, Protocol protocol = Protocol::any);
     /// A statement with data, of which nothing may remain but its rows.
     OdbcHandle executeWithData(const std::string& text);
@@ -143,7 +142,7 @@ class OdbcSession : public SqlSession, public rdoPlanner {
     [[noreturn]] void endFailed(SQLSMALLINT how, const RuntimeError& error);
     void returnToAutocommit();
     void setAutocommit(bool on);
-    void leaveAutocommit(odbc::Access access);
+    void leaveAutocommit(Access access);
     void beginSqlite();
     void endTransaction(SQLSMALLINT how);
     void endReading();
@@ -154,12 +153,12 @@ class OdbcSession : public SqlSession, public rdoPlanner {
     /// A connection string for each host that it names, and the one in use.
     std::vector<std::string> hosts_;
     std::size_t host_ = 0;
-    Timeouts timeouts_;
-    odbc::Defences defences_;
+    sql::Timeouts timeouts_;
+    Defences defences_;
     OdbcHandle environment_;
     OdbcHandle connection_;
     Dialect dialect_ = Dialect::other;
-    SqlSyntax syntax_;
+    sql::SqlSyntax syntax_;
     /// The number by which the server knows the session.
     std::string process_;
     /// That of the connection whose commit was not answered, on which host; empty for none.
@@ -168,9 +167,9 @@ class OdbcSession : public SqlSession, public rdoPlanner {
     int transactions_ = 0;
     bool reading_ = false;
     /// The driver of SQLite looks for the file's lock every ten milliseconds.
-    FairTurns turns_{std::chrono::milliseconds(11)};
+    sql::FairTurns turns_{std::chrono::milliseconds(11)};
     /// What the session was last set to; nothing for how it was opened.
-    std::optional<odbc::Access> access_;
+    std::optional<Access> access_;
     /// The user is a superuser whose checks run with the rights of pg_read_all_data.
     bool asReader_ = false;
     /// sql_mode and character set for which the syntax holds.
@@ -185,7 +184,7 @@ class OdbcSession : public SqlSession, public rdoPlanner {
     bool lent_ = false;
     bool lost_ = false;
     std::future<void> freeing_;
-    odbc::StatementWatch watch_;
+    StatementWatch watch_;
 };
 
-}  // namespace catalogador
+}  // namespace catalogador::odbc

@@ -9,7 +9,7 @@
 #include "runtime/error.h"
 #include "runtime/text.h"
 
-namespace catalogador {
+namespace catalogador::odbc {
 
 namespace {
 
@@ -19,14 +19,14 @@ constexpr std::chrono::milliseconds grace{1'000};
 constexpr std::chrono::milliseconds patience{3'000};
 
 /// The words of the statement, comments left out.
-std::vector<std::string_view> wordsOf(std::string_view text, const SqlSyntax& syntax) {
+std::vector<std::string_view> wordsOf(std::string_view text, const sql::SqlSyntax& syntax) {
     std::vector<std::string_view> words;
-    for (const SqlToken& token : tokensOf(text, syntax))
-        if (token.kind == TokenKind::word) words.push_back(token.text);
+    for (const sql::SqlToken& token : sql::tokensOf(text, syntax))
+        if (token.kind == sql::TokenKind::word) words.push_back(token.text);
     return words;
 }
 
-bool callsProcedure(std::string_view text, const SqlSyntax& syntax) {
+bool callsProcedure(std::string_view text, const sql::SqlSyntax& syntax) {
     const auto words = wordsOf(text, syntax);
     return !words.empty() && (equalText(words[0], "call") || equalText(words[0], "execute"));
 }
@@ -34,13 +34,12 @@ bool callsProcedure(std::string_view text, const SqlSyntax& syntax) {
 }  // namespace
 
 OdbcSession::Announced::Announced(OdbcSession& session, const SqlText& sql) : session_(session) {
-    if (session.defences_.reading) requireDataStaysData(sql, session.syntax_);
+    if (session.defences_.reading) sql::requireDataStaysData(sql, session.syntax_);
     session.carriesData_ = !sql.data().empty();
     session.reaching_ = {};
     for (const auto& piece : sql.data()) {
         const auto text = std::string_view(sql.text()).substr(piece.start, piece.length);
-        if (session.reaching_.empty())
-            session.reaching_ = odbc::reachingFunction(session.dialect_, text);
+        if (session.reaching_.empty()) session.reaching_ = reachingFunction(session.dialect_, text);
     }
 }
 
@@ -50,14 +49,14 @@ void OdbcSession::preparePostgresql() {
         syntax_.backslashEscapes = toTextOrEmpty(rows.at(0).at(0), Regional{}) != "on";
         return;
     }
-    const std::string settings = odbc::postgresqlSettings(timeouts_);
+    const std::string settings = postgresqlSettings(timeouts_);
     const auto row = rowsOf(executeOnce(settings, {}, nullptr), "").at(0);
     process_ = toTextOrEmpty(row.at(0), Regional{});
     asReader_ = toTextOrEmpty(row.at(1), Regional{}) == "1";
 }
 
 void OdbcSession::prepareMariadb() {
-    if (!borrowed_) executeOnce(odbc::mariadbSettings(timeouts_), {}, nullptr);
+    if (!borrowed_) executeOnce(mariadbSettings(timeouts_), {}, nullptr);
     readMariadbState();
     if (borrowed_ || !defences_.engine) return;
     try {
@@ -72,13 +71,13 @@ void OdbcSession::prepareMariadb() {
 }
 
 void OdbcSession::readMariadbState() {
-    const auto rows = rowsOf(executeOnce(odbc::mariadbState, {}, nullptr), "");
+    const auto rows = rowsOf(executeOnce(mariadbState, {}, nullptr), "");
     const auto text = [&](std::size_t column) {
         return toTextOrEmpty(rows.at(0).at(column), Regional{});
     };
     process_ = text(0);
     mariadbState_ = text(1) + " " + text(2);
-    syntax_ = odbc::mariadbSyntax(text(1), text(2), text(3));
+    syntax_ = mariadbSyntax(text(1), text(2), text(3));
 }
 
 void OdbcSession::requireReadable(const std::string& text) const {
@@ -92,9 +91,9 @@ void OdbcSession::requireReadable(const std::string& text) const {
                            "COPY between the server and the program is not possible");
 }
 
-void OdbcSession::setAccess(odbc::Access access) {
+void OdbcSession::setAccess(Access access) {
     if (!guarded() || transactions_ > 0 || access_ == access) return;
-    const std::string statement = odbc::accessStatement(dialect_, access);
+    const std::string statement = accessStatement(dialect_, access);
     if (statement.empty()) return;
     executeOnce(statement, {}, nullptr);
     access_ = access;
@@ -118,11 +117,11 @@ OdbcHandle OdbcSession::executeWithData(const std::string& text) {
 }
 
 OdbcHandle OdbcSession::executeInReading(const std::string& text) {
-    command(odbc::postgresqlCheck(asReader_));
+    command(postgresqlCheck(asReader_));
     try {
         // A driver that sees two commands sends them both; it looks for nothing but this.
         if (text.find(';') != std::string::npos)
-            executeOnce(odbc::oneCommandQuery, {parameterOf(text)}, nullptr);
+            executeOnce(oneCommandQuery, {sql::parameterOf(text)}, nullptr);
         OdbcHandle statement = executeOnce(text, {}, nullptr, Protocol::oneCommand);
         command("ROLLBACK");
         return statement;
@@ -153,7 +152,7 @@ void OdbcSession::command(const std::string& text) {
 }
 
 SQLRETURN OdbcSession::watched(const OdbcHandle& statement, const std::function<SQLRETURN()>& run) {
-    using Outcome = odbc::StatementWatch::Outcome;
+    using Outcome = StatementWatch::Outcome;
     outlived_ = false;
     if (borrowed_ || timeouts_.statement.count() <= 0) return run();
     watch_.begin(timeouts_.statement + grace, patience,
@@ -165,7 +164,7 @@ SQLRETURN OdbcSession::watched(const OdbcHandle& statement, const std::function<
     lost_ = lost_ || outcome == Outcome::dropped;
     throw RuntimeError(error_number::statementFailed,
                        "HYT00: The statement was stopped because it took longer than " +
-                           decimalText(wholeSeconds(timeouts_.statement).count()) + " s");
+                           decimalText(sql::wholeSeconds(timeouts_.statement).count()) + " s");
 }
 
 void OdbcSession::cancel(const OdbcHandle& statement) const {
@@ -178,7 +177,7 @@ void OdbcSession::cancel(const OdbcHandle& statement) const {
 }
 
 void OdbcSession::endSession() const {
-    const std::string statement = odbc::endSessionStatement(dialect_, process_);
+    const std::string statement = endSessionStatement(dialect_, process_);
     if (!statement.empty()) runBeside(statement);
 }
 
@@ -187,7 +186,8 @@ void OdbcSession::runBeside(const std::string& text) const {
         OdbcHandle other(SQL_HANDLE_DBC, environment_);
         SQLSetConnectAttr(
             other.get(), SQL_ATTR_LOGIN_TIMEOUT,
-            attributeValue(static_cast<std::uintptr_t>(wholeSeconds(timeouts_.login).count())), 0);
+            attributeValue(static_cast<std::uintptr_t>(sql::wholeSeconds(timeouts_.login).count())),
+            0);
         if (!SQL_SUCCEEDED(connectDriver(other.get(), hosts_.at(host_)))) return;
         other.disconnectAtEnd();
         const OdbcHandle statement(SQL_HANDLE_STMT, other);
@@ -197,4 +197,4 @@ void OdbcSession::runBeside(const std::string& text) const {
     }
 }
 
-}  // namespace catalogador
+}  // namespace catalogador::odbc

@@ -5,11 +5,11 @@
 #include "runtime/error.h"
 #include "runtime/text.h"
 
-namespace catalogador {
+namespace catalogador::odbc {
 
 namespace {
 
-std::string quotedText(const std::string& text, const SqlSyntax& syntax) {
+std::string quotedText(const std::string& text, const sql::SqlSyntax& syntax) {
     const std::string escaped =
         syntax.backslashEscapes ? replaceText(text, "\\", "\\\\", Compare::binary) : text;
     return "'" + replaceText(escaped, "'", "''", Compare::binary) + "'";
@@ -18,10 +18,10 @@ std::string quotedText(const std::string& text, const SqlSyntax& syntax) {
 }  // namespace
 
 StatementPlan OdbcSession::prepare(const std::string& sql) {
-    const std::string text = singleStatement(sql, syntax_);
+    const std::string text = sql::singleStatement(sql, syntax_);
     reconnectIfLost();
-    if (effectOf(text, syntax_) != StatementEffect::other) readWithoutRunning(text);
-    return planOf(text, syntax_);
+    if (sql::effectOf(text, syntax_) != sql::StatementEffect::other) readWithoutRunning(text);
+    return sql::planOf(text, syntax_);
 }
 
 void OdbcSession::readWithoutRunning(const std::string& text) {
@@ -32,13 +32,13 @@ void OdbcSession::readWithoutRunning(const std::string& text) {
         return;
     }
     if (dialect_ == Dialect::sqlite) {
-        executeOnce("EXPLAIN " + withoutComments(text, syntax_), {}, nullptr);
+        executeOnce("EXPLAIN " + sql::withoutComments(text, syntax_), {}, nullptr);
         return;
     }
     if (dialect_ == Dialect::mariadb) {
         // The driver hands a write over no sooner than it is to be run, and a session that may only
         // read refuses to prepare one.
-        setAccess(odbc::Access::writing);
+        setAccess(Access::writing);
         executeOnce("PREPARE catalogador_prepared FROM " + quotedText(text, syntax_), {}, nullptr);
         executeOnce("DEALLOCATE PREPARE catalogador_prepared", {}, nullptr);
         return;
@@ -52,12 +52,12 @@ void OdbcSession::beginReading() {
     if (transactions_ > 0)
         throw RuntimeError(error_number::invalidProcedureCall, "A transaction was begun before");
     if (dialect_ == Dialect::sqlite) {
-        setAccess(odbc::Access::reading);
+        setAccess(Access::reading);
         executeOnce("PRAGMA query_only = 1", {}, nullptr);
         reading_ = true;
         executeOnce("BEGIN", {}, nullptr);
     } else {
-        leaveAutocommit(odbc::Access::reading);
+        leaveAutocommit(Access::reading);
         // Sessions that the program does not set up have been told nothing else.
         executeOnce("SET TRANSACTION READ ONLY", {}, nullptr);
     }
@@ -70,4 +70,4 @@ void OdbcSession::endReading() {
     if (!guarded()) executeOnce("PRAGMA query_only = 0", {}, nullptr);
 }
 
-}  // namespace catalogador
+}  // namespace catalogador::odbc

@@ -29,7 +29,7 @@ std::string accessStatement(Dialect dialect, Access access) {
     return {};
 }
 
-std::string postgresqlSettings(const Timeouts& timeouts) {
+std::string postgresqlSettings(const sql::Timeouts& timeouts) {
     return "SELECT pg_backend_pid(), CASE WHEN EXISTS (SELECT 1 FROM pg_roles WHERE rolname = "
            "'pg_read_all_data') AND (SELECT rolsuper FROM pg_roles WHERE rolname = current_user) "
            "THEN 1 ELSE 0 END, set_config('standard_conforming_strings', 'on', false), "
@@ -48,11 +48,11 @@ std::string postgresqlCheck(bool asReader) {
     return begin;
 }
 
-std::string mariadbSettings(const Timeouts& timeouts) {
-    const std::string lock = decimalText(wholeSeconds(endless(timeouts.lock)).count());
+std::string mariadbSettings(const sql::Timeouts& timeouts) {
+    const std::string lock = decimalText(sql::wholeSeconds(sql::endless(timeouts.lock)).count());
     // A text with its quotes doubled ends where the others' ends, whatever stands in it.
     return "SET SESSION innodb_lock_wait_timeout = " + lock + ", lock_wait_timeout = " + lock +
-           ", max_statement_time = " + decimalText(wholeSeconds(timeouts.statement).count()) +
+           ", max_statement_time = " + decimalText(sql::wholeSeconds(timeouts.statement).count()) +
            ", sql_mode = CONCAT(@@SESSION.sql_mode, ',NO_BACKSLASH_ESCAPES')";
 }
 
@@ -86,10 +86,10 @@ bool readsByteByByte(const std::string& characterSet) {
 
 }  // namespace
 
-SqlSyntax mariadbSyntax(const std::string& mode, const std::string& characterSet,
-                        const std::string& version) {
+sql::SqlSyntax mariadbSyntax(const std::string& mode, const std::string& characterSet,
+                             const std::string& version) {
     const auto has = [&](const char* flag) { return mode.find(flag) != std::string::npos; };
-    SqlSyntax syntax = syntaxOf(Dialect::mariadb);
+    sql::SqlSyntax syntax = sql::syntaxOf(Dialect::mariadb);
     syntax.backslashEscapes = !has("NO_BACKSLASH_ESCAPES");
     syntax.doubleQuotedTexts = !has("ANSI_QUOTES");
     syntax.serverVersion = versionNumber(version);

@@ -3,7 +3,7 @@
 #include "adapters/odbc/driver_text.h"
 #include "adapters/odbc/odbc_rows.h"
 
-namespace catalogador {
+namespace catalogador::odbc {
 
 namespace {
 
@@ -12,9 +12,10 @@ constexpr std::size_t pieceBytes = std::size_t{64} << 10;
 }  // namespace
 
 SingleRowReader::SingleRowReader(const OdbcHandle& statement, Dialect dialect,
-                                 const std::vector<ColumnInfo>& columns)
+                                 const std::vector<sql::ColumnInfo>& columns)
     : statement_(statement), cells_(columns.size()), piece_(pieceBytes) {
-    for (const ColumnInfo& column : columns) types_.push_back(transferType(dialect, column.kind));
+    for (const sql::ColumnInfo& column : columns)
+        types_.push_back(transferType(dialect, column.kind));
 }
 
 bool SingleRowReader::next() {
@@ -36,7 +37,8 @@ std::optional<std::string> SingleRowReader::read(SQLUSMALLINT number, SQLSMALLIN
         if (result == SQL_NO_DATA) return textFromDriver(pieces.data(), pieces.size());
         if (length == SQL_NULL_DATA) return std::nullopt;
         if (type != transferredText)
-            return textOfTransferred({type, {piece_.data(), static_cast<std::size_t>(length)}});
+            return sql::textOfTransferred(
+                {type, {piece_.data(), static_cast<std::size_t>(length)}});
         // A piece that is followed by another ends with the terminator.
         const std::size_t room = piece_.size() - textUnit;
         const bool more = result == SQL_SUCCESS_WITH_INFO &&
@@ -47,4 +49,4 @@ std::optional<std::string> SingleRowReader::read(SQLUSMALLINT number, SQLSMALLIN
     }
 }
 
-}  // namespace catalogador
+}  // namespace catalogador::odbc

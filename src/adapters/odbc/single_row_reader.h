@@ -7,20 +7,20 @@
 #include "adapters/sql/row_reader.h"
 #include "platform/dialect.h"
 
-namespace catalogador {
+namespace catalogador::odbc {
 
 /// Fetches row by row and asks for each value in pieces until it is complete: what every driver
 /// can do.
-class SingleRowReader : public RowReader {
+class SingleRowReader : public sql::RowReader {
   public:
     SingleRowReader(const OdbcHandle& statement, Dialect dialect,
-                    const std::vector<ColumnInfo>& columns);
+                    const std::vector<sql::ColumnInfo>& columns);
 
     bool next() override;
-    [[nodiscard]] std::optional<TransferredCell> transferred(std::size_t column,
-                                                             std::size_t) const override {
+    [[nodiscard]] std::optional<sql::TransferredCell> transferred(std::size_t column,
+                                                                  std::size_t) const override {
         const auto& cell = cells_[column];
-        return cell ? std::optional(TransferredCell{SQL_C_CHAR, *cell}) : std::nullopt;
+        return cell ? std::optional(sql::TransferredCell{SQL_C_CHAR, *cell}) : std::nullopt;
     }
 
   private:
@@ -32,4 +32,4 @@ class SingleRowReader : public RowReader {
     std::vector<char> piece_;
 };
 
-}  // namespace catalogador
+}  // namespace catalogador::odbc

@@ -7,7 +7,7 @@
 
 #include "runtime/convert.h"
 
-namespace catalogador {
+namespace catalogador::sql {
 
 namespace {
 
@@ -94,4 +94,4 @@ void cellTexts(const RowReader& reader, std::size_t column, ColumnKind kind,
     }
 }
 
-}  // namespace catalogador
+}  // namespace catalogador::sql

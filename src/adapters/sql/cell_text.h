@@ -3,10 +3,10 @@
 #include "platform/rdo.h"
 #include "runtime/regional.h"
 
-namespace catalogador {
+namespace catalogador::sql {
 
 /// The texts that toText gives for the values of a column, for all the rows at hand.
 void cellTexts(const RowReader& reader, std::size_t column, ColumnKind kind,
                const Regional& regional, TextBlock& block);
 
-}  // namespace catalogador
+}  // namespace catalogador::sql

@@ -10,7 +10,7 @@
 #include "runtime/convert.h"
 #include "runtime/text.h"
 
-namespace catalogador {
+namespace catalogador::sql {
 
 namespace {
 
@@ -178,4 +178,4 @@ std::string shortestText(double value) {
     return {buffer.data(), result.ptr};
 }
 
-}  // namespace catalogador
+}  // namespace catalogador::sql

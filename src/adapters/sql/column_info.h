@@ -6,7 +6,7 @@
 #include "platform/dialect.h"
 #include "runtime/variant.h"
 
-namespace catalogador {
+namespace catalogador::sql {
 
 /// What the values of a column are, whatever the database calls it.
 enum class ColumnKind {
@@ -56,4 +56,4 @@ std::optional<double> finiteNumber(std::string_view text);
 /// The shortest text that gives the same number back.
 std::string shortestText(double value);
 
-}  // namespace catalogador
+}  // namespace catalogador::sql

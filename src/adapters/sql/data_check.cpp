@@ -5,7 +5,7 @@
 #include <optional>
 #include <string>
 
-namespace catalogador {
+namespace catalogador::sql {
 
 namespace {
 
@@ -258,4 +258,4 @@ void requireDataStaysData(const SqlText& sql, const SqlSyntax& syntax) {
     throw DataRefused(dataOf(culprit == pieces.end() ? pieces.front() : *culprit));
 }
 
-}  // namespace catalogador
+}  // namespace catalogador::sql

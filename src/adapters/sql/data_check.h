@@ -2,7 +2,7 @@
 #include "adapters/sql/sql_tokens.h"
 #include "platform/sql_text.h"
 
-namespace catalogador {
+namespace catalogador::sql {
 
 /// Raises DataRefused unless every piece of data of the statement stays a value: it lies within one
 /// closed text of that database, or is one number (where the statement says so, whole numbers with
@@ -12,4 +12,4 @@ namespace catalogador {
 /// character; an apostrophe passes doubled.
 void requireDataStaysData(const SqlText& sql, const SqlSyntax& syntax);
 
-}  // namespace catalogador
+}  // namespace catalogador::sql

@@ -2,7 +2,7 @@
 
 #include <thread>
 
-namespace catalogador {
+namespace catalogador::sql {
 
 void FairTurns::beforeTurn() {
     if (Clock::now() < othersUntil_) std::this_thread::sleep_until(ended_ + betweenTwoLooks_);
@@ -16,4 +16,4 @@ void FairTurns::turnBegan() {
     if (now - asked_ > noticeableWait) othersUntil_ = now + memoryOfOthers;
 }
 
-}  // namespace catalogador
+}  // namespace catalogador::sql

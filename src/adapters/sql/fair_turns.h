@@ -1,7 +1,7 @@
 #pragma once
 #include <chrono>
 
-namespace catalogador {
+namespace catalogador::sql {
 
 /// Lets others in who wait for a lock that everybody looks for only now and then, as SQLite's:
 /// while there are such others, one who writes again and again has to pause, or would take the
@@ -29,4 +29,4 @@ class FairTurns {
     Clock::time_point othersUntil_;
 };
 
-}  // namespace catalogador
+}  // namespace catalogador::sql

@@ -6,7 +6,7 @@
 #include "runtime/convert.h"
 #include "runtime/text.h"
 
-namespace catalogador {
+namespace catalogador::sql {
 
 namespace {
 
@@ -82,4 +82,4 @@ std::string withColumns(std::string_view sql, const std::vector<std::string>& co
     return std::string(sql);
 }
 
-}  // namespace catalogador
+}  // namespace catalogador::sql

@@ -5,7 +5,7 @@
 
 #include "adapters/sql/statement_text.h"
 
-namespace catalogador {
+namespace catalogador::sql {
 
 class SqlSession;
 
@@ -31,4 +31,4 @@ RowIdentity rowIdentity(SqlSession& session, const std::string& table);
 std::string withColumns(std::string_view sql, const std::vector<std::string>& columns,
                         const SqlSyntax& syntax);
 
-}  // namespace catalogador
+}  // namespace catalogador::sql

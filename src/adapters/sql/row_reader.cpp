@@ -2,7 +2,7 @@
 
 #include <cstring>
 
-namespace catalogador {
+namespace catalogador::sql {
 
 std::string textOfTransferred(const TransferredCell& cell) {
     if (cell.type == SQL_C_UTINYINT) return cell.bytes.front() != 0 ? "1" : "0";
@@ -27,4 +27,4 @@ Variant RowReader::value(std::size_t column, ColumnKind kind) const {
     return text ? variantOf(std::move(*text), kind) : Variant();
 }
 
-}  // namespace catalogador
+}  // namespace catalogador::sql

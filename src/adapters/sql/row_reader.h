@@ -7,7 +7,7 @@
 #include "adapters/sql/odbc_api.h"
 #include "adapters/sql/write_statements.h"
 
-namespace catalogador {
+namespace catalogador::sql {
 
 /// A value in the buffer that it was fetched into, and the C type (SQL_C_…) that it has there.
 /// Texts are SQL_C_CHAR and UTF-8, however the database gave them.
@@ -41,4 +41,4 @@ class RowReader {
 /// The text of a value that was taken over.
 std::string textOfTransferred(const TransferredCell& cell);
 
-}  // namespace catalogador
+}  // namespace catalogador::sql

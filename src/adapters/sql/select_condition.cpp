@@ -5,7 +5,7 @@
 
 #include "runtime/text.h"
 
-namespace catalogador {
+namespace catalogador::sql {
 
 namespace {
 
@@ -55,4 +55,4 @@ std::string selectCondition(std::string_view sql, const SqlSyntax& syntax) {
     return std::string(trim({start, static_cast<std::size_t>(stop - start)}));
 }
 
-}  // namespace catalogador
+}  // namespace catalogador::sql

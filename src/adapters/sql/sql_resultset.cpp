@@ -8,7 +8,7 @@
 #include "runtime/error.h"
 #include "runtime/text.h"
 
-namespace catalogador {
+namespace catalogador::sql {
 
 namespace {
 
@@ -316,4 +316,4 @@ void SqlResultset::writeOneRow(const StatementMaker& make, bool countUnchanged) 
                            "Several rows have the values of this row; none of them was written");
 }
 
-}  // namespace catalogador
+}  // namespace catalogador::sql

@@ -11,7 +11,7 @@
 #include "adapters/sql/sql_session.h"
 #include "platform/rdo.h"
 
-namespace catalogador {
+namespace catalogador::sql {
 
 /// Rows read forward, whatever the database. Their table is found in the text of the SELECT; rows
 /// of several tables, grouped or made distinct can only be read.
@@ -100,4 +100,4 @@ class SqlResultset : public rdoResultset {
     std::function<void(std::optional<bool> done)> untold_;
 };
 
-}  // namespace catalogador
+}  // namespace catalogador::sql

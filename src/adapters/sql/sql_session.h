@@ -9,7 +9,7 @@
 #include "adapters/sql/write_statements.h"
 #include "platform/rdo.h"
 
-namespace catalogador {
+namespace catalogador::sql {
 
 /// What a statement returned, until it is destroyed.
 class SqlRows {
@@ -41,4 +41,4 @@ class SqlSession : public rdoSession {
     StatementListener* listener = nullptr;
 };
 
-}  // namespace catalogador
+}  // namespace catalogador::sql

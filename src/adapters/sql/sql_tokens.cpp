@@ -3,7 +3,7 @@
 #include <algorithm>
 #include <charconv>
 
-namespace catalogador {
+namespace catalogador::sql {
 
 namespace {
 
@@ -318,4 +318,4 @@ std::vector<SqlToken> tokensOf(std::string_view sql, const SqlSyntax& syntax) {
     return Tokenizer(sql, syntax).run();
 }
 
-}  // namespace catalogador
+}  // namespace catalogador::sql

@@ -4,7 +4,7 @@
 
 #include "platform/dialect.h"
 
-namespace catalogador {
+namespace catalogador::sql {
 
 /// How a database reads the text of a statement, as far as quoting and comments go.
 struct SqlSyntax {
@@ -58,4 +58,4 @@ struct SqlToken {
 /// sign. Each part of a continued text is a text of its own.
 std::vector<SqlToken> tokensOf(std::string_view sql, const SqlSyntax& syntax);
 
-}  // namespace catalogador
+}  // namespace catalogador::sql

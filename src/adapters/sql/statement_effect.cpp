@@ -4,7 +4,7 @@
 
 #include "runtime/text.h"
 
-namespace catalogador {
+namespace catalogador::sql {
 
 namespace {
 
@@ -52,4 +52,4 @@ StatementPlan planOf(std::string_view sql, const SqlSyntax& syntax) {
             writableTable(sql, syntax).value_or(std::string())};
 }
 
-}  // namespace catalogador
+}  // namespace catalogador::sql

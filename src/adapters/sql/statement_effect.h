@@ -4,7 +4,7 @@
 #include "adapters/sql/statement_text.h"
 #include "platform/rdo_plan.h"
 
-namespace catalogador {
+namespace catalogador::sql {
 
 /// How a statement stands to what is stored, as far as its text tells.
 enum class StatementEffect {
@@ -20,4 +20,4 @@ StatementEffect effectOf(std::string_view sql, const SqlSyntax& syntax);
 /// What is known of a statement from its text alone.
 StatementPlan planOf(std::string_view sql, const SqlSyntax& syntax);
 
-}  // namespace catalogador
+}  // namespace catalogador::sql

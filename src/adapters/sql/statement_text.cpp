@@ -6,7 +6,7 @@
 #include "runtime/error.h"
 #include "runtime/text.h"
 
-namespace catalogador {
+namespace catalogador::sql {
 
 namespace {
 
@@ -218,4 +218,4 @@ std::vector<SelectItem> selectItems(std::string_view sql, const SqlSyntax& synta
     return items;
 }
 
-}  // namespace catalogador
+}  // namespace catalogador::sql

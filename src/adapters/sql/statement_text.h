@@ -6,7 +6,7 @@
 
 #include "adapters/sql/sql_tokens.h"
 
-namespace catalogador {
+namespace catalogador::sql {
 
 /// The name that a word or a quoted name stands for.
 std::string unquotedName(const SqlToken& token);
@@ -33,4 +33,4 @@ struct SelectItem {
 /// What stands between SELECT and FROM; empty when the text is no SELECT.
 std::vector<SelectItem> selectItems(std::string_view sql, const SqlSyntax& syntax);
 
-}  // namespace catalogador
+}  // namespace catalogador::sql

@@ -1,7 +1,7 @@
 #pragma once
 #include <chrono>
 
-namespace catalogador {
+namespace catalogador::sql {
 
 /// How long a user is kept waiting before an error is told; 0 waits without end. Databases that
 /// count in seconds get the next whole one.
@@ -25,4 +25,4 @@ inline std::chrono::milliseconds endless(std::chrono::milliseconds time) {
     return time.count() == 0 ? std::chrono::hours(24 * 7) : time;
 }
 
-}  // namespace catalogador
+}  // namespace catalogador::sql

@@ -4,7 +4,7 @@
 #include <future>
 #include <system_error>
 
-namespace catalogador {
+namespace catalogador::sql {
 
 /// Does `work` in a thread beside the caller, who is meanwhile told by `waiting`: as soon as the
 /// work runs, and then now and again. Once that gives false, `stop` is called now and again until
@@ -30,4 +30,4 @@ auto workBeside(const std::function<bool()>& waiting, const Work& work,
     return result.get();
 }
 
-}  // namespace catalogador
+}  // namespace catalogador::sql

@@ -10,7 +10,7 @@
 #include "runtime/error.h"
 #include "runtime/text.h"
 
-namespace catalogador {
+namespace catalogador::sql {
 
 namespace {
 
@@ -258,4 +258,4 @@ bool isComparable(Dialect dialect, const ColumnInfo& column) {
                typesWithoutEquality.end();
 }
 
-}  // namespace catalogador
+}  // namespace catalogador::sql

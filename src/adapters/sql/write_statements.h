@@ -8,7 +8,7 @@
 #include "platform/dialect.h"
 #include "runtime/variant.h"
 
-namespace catalogador {
+namespace catalogador::sql {
 
 /// A value for a "?" of a statement. `sqlType` is what the database is told a text to be.
 struct Parameter {
@@ -63,4 +63,4 @@ ParameterizedStatement countStatement(Dialect dialect, const std::string& table,
 /// that are computed, binary or of a type without equality do not.
 bool isComparable(Dialect dialect, const ColumnInfo& column);
 
-}  // namespace catalogador
+}  // namespace catalogador::sql

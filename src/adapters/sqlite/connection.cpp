@@ -6,7 +6,7 @@
 
 namespace catalogador::sqlite {
 
-std::unique_ptr<Connection> Connection::open(const std::string& file, const Timeouts& timeouts,
+std::unique_ptr<Connection> Connection::open(const std::string& file, const sql::Timeouts& timeouts,
                                              Opening opening) {
     return std::unique_ptr<Connection>(
         new Connection(std::make_shared<Session>(file, opening, timeouts)));
@@ -30,13 +30,13 @@ std::unique_ptr<rdoResultset> Connection::OpenToWrite(const SqlText& sql, int ty
 std::unique_ptr<rdoResultset> Connection::opened(const SqlText& sql, int type, int lock,
                                                  bool toWrite) {
     if (session_->listener != nullptr) session_->listener->opened(sql.text(), type, lock);
-    requireDataStaysData(sql, session_->syntax());
-    return std::make_unique<SqlResultset>(session_, sql.text(), toWrite);
+    sql::requireDataStaysData(sql, session_->syntax());
+    return std::make_unique<sql::SqlResultset>(session_, sql.text(), toWrite);
 }
 
 std::int64_t Connection::Execute(const SqlText& sql) {
     if (session_->listener != nullptr) session_->listener->executed(sql.text());
-    requireDataStaysData(sql, session_->syntax());
+    sql::requireDataStaysData(sql, session_->syntax());
     return session_->run(sql.text());
 }
 

@@ -25,7 +25,8 @@ class Connection : public rdoConnection {
   public:
     /// Raises RuntimeError (statementFailed) with SQLite's text, or (invalidProcedureCall) for what
     /// is no name of a file.
-    static std::unique_ptr<Connection> open(const std::string& file, const Timeouts& timeouts = {},
+    static std::unique_ptr<Connection> open(const std::string& file,
+                                            const sql::Timeouts& timeouts = {},
                                             Opening opening = Opening::guarded);
     ~Connection() override;
 

@@ -55,7 +55,8 @@ ErrorCause causeOf(int result) {
 
 }  // namespace
 
-Database::Database(const std::string& file, bool create, bool guarded, const Timeouts& timeouts)
+Database::Database(const std::string& file, bool create, bool guarded,
+                   const sql::Timeouts& timeouts)
     : timeouts_(timeouts) {
     sqlite3* opened = nullptr;
     const int result =
@@ -112,7 +113,7 @@ bool Database::goesOn() const {
 bool Database::waitForLock(int tries) {
     constexpr unsigned longestPause = 4;
     const auto now = Clock::now();
-    if (tries == 0) lockEnd_ = now + endless(timeouts_.lock);
+    if (tries == 0) lockEnd_ = now + sql::endless(timeouts_.lock);
     if (stopped_ || now >= lockEnd_) return false;
     // Uneven pauses, so that of many who wait it is not always the same one who looks first.
     lastPause_ =
@@ -132,7 +133,7 @@ void Database::check(int result) const {
             error_number::statementFailed,
             errorText("HYT00",
                       "the statement took longer than " +
-                          decimalText(wholeSeconds(timeouts_.statement).count()) + " s",
+                          decimalText(sql::wholeSeconds(timeouts_.statement).count()) + " s",
                       result));
     throw RuntimeError(error_number::statementFailed,
                        errorText("HY000", sqlite3_errmsg(get()), result), causeOf(result));
@@ -140,11 +141,11 @@ void Database::check(int result) const {
 
 Statement::Statement(Database& database, const std::string& sql, Access access)
     : database_(database), access_(access) {
-    static const SqlSyntax syntax = syntaxOf(Dialect::sqlite);
+    static const sql::SqlSyntax syntax = sql::syntaxOf(Dialect::sqlite);
     if (sql.find('\0') != std::string::npos)
         throw RuntimeError(error_number::statementFailed,
                            errorText("HY000", "the statement contains a NUL", SQLITE_ERROR));
-    const std::string text = singleStatement(sql, syntax);
+    const std::string text = sql::singleStatement(sql, syntax);
     sqlite3_stmt* prepared = nullptr;
     const char* rest = nullptr;
     database_.allow(access_);
@@ -153,7 +154,7 @@ Statement::Statement(Database& database, const std::string& sql, Access access)
     handle_.reset(prepared);
     database_.check(result);
     // What is one statement is SQLite's to say.
-    if (prepared == nullptr || !trim(withoutComments(rest, syntax)).empty())
+    if (prepared == nullptr || !trim(sql::withoutComments(rest, syntax)).empty())
         throw RuntimeError(error_number::statementFailed,
                            "The text contains more than one statement");
 }

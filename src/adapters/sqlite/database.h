@@ -17,7 +17,7 @@ class Database {
   public:
     /// Opens a file that exists, or makes it when `create`. A file that may not be written is
     /// opened for reading. `guarded` leaves the schema and SQLite's own settings alone for good.
-    Database(const std::string& file, bool create, bool guarded, const Timeouts& timeouts);
+    Database(const std::string& file, bool create, bool guarded, const sql::Timeouts& timeouts);
     Database(const Database&) = delete;
     Database& operator=(const Database&) = delete;
 
@@ -44,7 +44,7 @@ class Database {
     bool waitForLock(int tries);
 
     std::unique_ptr<sqlite3, Close> handle_;
-    Timeouts timeouts_;
+    sql::Timeouts timeouts_;
     Access access_ = Access::everything;
     std::atomic<bool> stopped_ = false;
     /// The maximum when there is no limit.

@@ -21,18 +21,18 @@ std::string textOrNothing(const char* text) {
 }
 
 /// The code by which hosts know a column; those that columnTypeCode does not take from the kind.
-int sqlTypeOf(ColumnKind kind, const std::string& typeName) {
+int sqlTypeOf(sql::ColumnKind kind, const std::string& typeName) {
     const auto has = [&](std::string_view part) {
         return containsText(typeName, part, Compare::text);
     };
     switch (kind) {
-        case ColumnKind::integer:
+        case sql::ColumnKind::integer:
             if (has("TINY")) return SQL_TINYINT;
             if (has("SMALL")) return SQL_SMALLINT;
             return has("BIG") ? SQL_BIGINT : SQL_INTEGER;
-        case ColumnKind::real:
+        case sql::ColumnKind::real:
             return SQL_DOUBLE;
-        case ColumnKind::binary:
+        case sql::ColumnKind::binary:
             return SQL_BINARY;
         default:
             return has("TEXT") ? SQL_LONGVARCHAR : SQL_VARCHAR;
@@ -76,18 +76,19 @@ std::string bytesOf(std::string_view hexadecimal) {
 
 }  // namespace
 
-std::vector<ColumnInfo> columnsOf(sqlite3_stmt* statement, const std::string& table, bool hasRow) {
-    std::vector<ColumnInfo> columns;
+std::vector<sql::ColumnInfo> columnsOf(sqlite3_stmt* statement, const std::string& table,
+                                       bool hasRow) {
+    std::vector<sql::ColumnInfo> columns;
     bool ofTable = false;
     std::vector<std::string> tables;
     for (int index = 0; index < sqlite3_column_count(statement); ++index) {
-        ColumnInfo column;
+        sql::ColumnInfo column;
         column.name = textOrNothing(sqlite3_column_name(statement, index));
         column.baseName = textOrNothing(sqlite3_column_origin_name(statement, index));
         column.typeName = textOrNothing(sqlite3_column_decltype(statement, index));
         column.kind = column.typeName.empty()
-                          ? ColumnKind::other
-                          : columnKind(Dialect::sqlite, SQL_VARCHAR, column.typeName);
+                          ? sql::ColumnKind::other
+                          : sql::columnKind(Dialect::sqlite, SQL_VARCHAR, column.typeName);
         column.sqlType = column.typeName.empty() && hasRow
                              ? sqlTypeOf(statement, index)
                              : sqlTypeOf(column.kind, column.typeName);
@@ -101,10 +102,10 @@ std::vector<ColumnInfo> columnsOf(sqlite3_stmt* statement, const std::string& ta
     return columns;
 }
 
-PackedRows::PackedRows(const std::vector<ColumnInfo>& columns) {
-    for (const ColumnInfo& column : columns)
-        realAsNumber_.push_back(column.kind == ColumnKind::real ||
-                                column.kind == ColumnKind::other);
+PackedRows::PackedRows(const std::vector<sql::ColumnInfo>& columns) {
+    for (const sql::ColumnInfo& column : columns)
+        realAsNumber_.push_back(column.kind == sql::ColumnKind::real ||
+                                column.kind == sql::ColumnKind::other);
 }
 
 void PackedRows::add(sqlite3_stmt* statement) {
@@ -181,32 +182,32 @@ PackedRows::Cell PackedRows::cellAt(std::size_t column, std::size_t row) const {
             std::string_view(block.bytes).substr(begin, block.ends[index] - begin)};
 }
 
-std::optional<TransferredCell> PackedRows::transferred(std::size_t column,
-                                                       std::size_t ahead) const {
+std::optional<sql::TransferredCell> PackedRows::transferred(std::size_t column,
+                                                            std::size_t ahead) const {
     const Cell cell = cellAt(column, row_ + ahead);
     if (cell.storage == Storage::null) return std::nullopt;
-    if (cell.storage != Storage::real) return TransferredCell{SQL_C_CHAR, cell.bytes};
-    if (realAsNumber_[column]) return TransferredCell{SQL_C_DOUBLE, cell.bytes};
-    return TransferredCell{SQL_C_CHAR, cell.bytes.substr(sizeof(double))};
+    if (cell.storage != Storage::real) return sql::TransferredCell{SQL_C_CHAR, cell.bytes};
+    if (realAsNumber_[column]) return sql::TransferredCell{SQL_C_DOUBLE, cell.bytes};
+    return sql::TransferredCell{SQL_C_CHAR, cell.bytes.substr(sizeof(double))};
 }
 
-std::optional<Parameter> PackedRows::exact(std::size_t column) const {
+std::optional<sql::Parameter> PackedRows::exact(std::size_t column) const {
     const Cell cell = cellAt(column, row_);
     switch (cell.storage) {
         case Storage::integer: {
             std::int64_t number = 0;
             std::from_chars(cell.bytes.data(), cell.bytes.data() + cell.bytes.size(), number);
-            return Parameter{number, SQL_BIGINT};
+            return sql::Parameter{number, SQL_BIGINT};
         }
         case Storage::real: {
             double number = 0;
             std::memcpy(&number, cell.bytes.data(), sizeof number);
-            return Parameter{number, SQL_DOUBLE};
+            return sql::Parameter{number, SQL_DOUBLE};
         }
         case Storage::text:
-            return Parameter{std::string(cell.bytes), SQL_VARCHAR};
+            return sql::Parameter{std::string(cell.bytes), SQL_VARCHAR};
         case Storage::blob:
-            return Parameter{bytesOf(cell.bytes), SQL_VARBINARY};
+            return sql::Parameter{bytesOf(cell.bytes), SQL_VARBINARY};
         default:
             return std::nullopt;
     }

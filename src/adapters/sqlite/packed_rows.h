@@ -12,13 +12,14 @@ namespace catalogador::sqlite {
 /// The columns of a prepared statement's rows; `table`, which may be empty, is the one that rows
 /// are written to. What a column without a declared type is, its first row says: the statement
 /// stands on it, when there is one.
-std::vector<ColumnInfo> columnsOf(sqlite3_stmt* statement, const std::string& table, bool hasRow);
+std::vector<sql::ColumnInfo> columnsOf(sqlite3_stmt* statement, const std::string& table,
+                                       bool hasRow);
 
 /// All the rows of a statement, read at once: a statement that stays open would keep others from
 /// writing. Blocks of rows are given back as soon as they were read.
-class PackedRows : public RowReader {
+class PackedRows : public sql::RowReader {
   public:
-    explicit PackedRows(const std::vector<ColumnInfo>& columns);
+    explicit PackedRows(const std::vector<sql::ColumnInfo>& columns);
 
     /// Takes over the row that the statement stands on. Raises RuntimeError (statementFailed) when
     /// the rows are too many for the memory.
@@ -26,9 +27,9 @@ class PackedRows : public RowReader {
 
     bool next() override;
     [[nodiscard]] std::size_t rowsAtHand() const override { return blocks_.front().rows - row_; }
-    [[nodiscard]] std::optional<TransferredCell> transferred(std::size_t column,
-                                                             std::size_t ahead) const override;
-    [[nodiscard]] std::optional<Parameter> exact(std::size_t column) const override;
+    [[nodiscard]] std::optional<sql::TransferredCell> transferred(std::size_t column,
+                                                                  std::size_t ahead) const override;
+    [[nodiscard]] std::optional<sql::Parameter> exact(std::size_t column) const override;
 
   private:
     enum class Storage : std::uint8_t { null, integer, real, text, blob };

@@ -17,13 +17,13 @@ constexpr std::chrono::milliseconds betweenTwoLooks{6};
 
 /// Texts are bound as they are: they must outlive the statement's run.
 void bindValues(Database& database, const Statement& statement,
-                const std::vector<Parameter>& parameters) {
+                const std::vector<sql::Parameter>& parameters) {
     sqlite3_stmt* const handle = statement.get();
     if (std::cmp_not_equal(sqlite3_bind_parameter_count(handle), parameters.size()))
         throw RuntimeError(error_number::statementFailed,
                            "HY000: [SQLite]the statement has not as many values as places (1)");
     int number = 0;
-    for (const Parameter& parameter : parameters) {
+    for (const sql::Parameter& parameter : parameters) {
         ++number;
         int result = SQLITE_OK;
         if (const auto* text = std::get_if<std::string>(&parameter.value)) {
@@ -48,25 +48,25 @@ void bindValues(Database& database, const Statement& statement,
     }
 }
 
-std::vector<Parameter> parametersOf(const std::vector<Variant>& values) {
-    std::vector<Parameter> parameters;
+std::vector<sql::Parameter> parametersOf(const std::vector<Variant>& values) {
+    std::vector<sql::Parameter> parameters;
     parameters.reserve(values.size());
-    for (const Variant& value : values) parameters.push_back(parameterOf(value));
+    for (const Variant& value : values) parameters.push_back(sql::parameterOf(value));
     return parameters;
 }
 
 /// The last part of a table's name, without quotes.
-std::string plainName(const std::string& table, const SqlSyntax& syntax) {
-    const auto tokens = tokensOf(table, syntax);
-    return tokens.empty() ? std::string() : unquotedName(tokens.back());
+std::string plainName(const std::string& table, const sql::SqlSyntax& syntax) {
+    const auto tokens = sql::tokensOf(table, syntax);
+    return tokens.empty() ? std::string() : sql::unquotedName(tokens.back());
 }
 
 }  // namespace
 
-Session::Session(const std::string& file, Opening opening, const Timeouts& timeouts)
+Session::Session(const std::string& file, Opening opening, const sql::Timeouts& timeouts)
     : guarded_(opening == Opening::guarded),
       database_(file, opening == Opening::created, guarded_, timeouts),
-      syntax_(syntaxOf(Dialect::sqlite)),
+      syntax_(sql::syntaxOf(Dialect::sqlite)),
       turns_(betweenTwoLooks) {
     // Any file can be opened; only a statement tells whether it is a database.
     control("Select Count(*) From sqlite_master");
@@ -81,9 +81,10 @@ Session::~Session() {
     }
 }
 
-std::unique_ptr<SqlRows> Session::rowsOf(const ParameterizedStatement& given, Access access) {
-    auto rows = std::make_unique<SqlRows>();
-    const auto table = writableTable(given.text, syntax_);
+std::unique_ptr<sql::SqlRows> Session::rowsOf(const sql::ParameterizedStatement& given,
+                                              Access access) {
+    auto rows = std::make_unique<sql::SqlRows>();
+    const auto table = sql::writableTable(given.text, syntax_);
     database_.beginStatement();
     const auto read = [&] {
         Statement statement(database_, given.text, access);
@@ -97,11 +98,11 @@ std::unique_ptr<SqlRows> Session::rowsOf(const ParameterizedStatement& given, Ac
         rows->reader = std::move(packed);
         return true;
     };
-    workBeside(waiting, read, [this] { database_.stop(); });
+    sql::workBeside(waiting, read, [this] { database_.stop(); });
     return rows;
 }
 
-std::unique_ptr<SqlRows> Session::open(const std::string& sql) {
+std::unique_ptr<sql::SqlRows> Session::open(const std::string& sql) {
     return rowsOf({sql, {}}, atMost(Access::reading));
 }
 
@@ -110,7 +111,7 @@ std::vector<std::vector<Variant>> Session::query(const std::string& sql,
     return query({sql, parametersOf(values)});
 }
 
-std::vector<std::vector<Variant>> Session::query(const ParameterizedStatement& statement) {
+std::vector<std::vector<Variant>> Session::query(const sql::ParameterizedStatement& statement) {
     const Access inTransaction = reading_ ? Access::describing : Access::writing;
     const auto found =
         rowsOf(statement, atMost(transactions_ > 0 ? inTransaction : Access::reading));
@@ -123,7 +124,7 @@ std::vector<std::vector<Variant>> Session::query(const ParameterizedStatement& s
     return rows;
 }
 
-std::int64_t Session::runOnce(const ParameterizedStatement& given) {
+std::int64_t Session::runOnce(const sql::ParameterizedStatement& given) {
     database_.beginStatement();
     const auto run = [&]() -> std::int64_t {
         Statement statement(database_, given.text, atMost(Access::writing));
@@ -134,11 +135,11 @@ std::int64_t Session::runOnce(const ParameterizedStatement& given) {
         const bool touched = sqlite3_total_changes64(database_.get()) != before;
         return touched ? sqlite3_changes64(database_.get()) : 0;
     };
-    return workBeside(waiting, run, [this] { database_.stop(); });
+    return sql::workBeside(waiting, run, [this] { database_.stop(); });
 }
 
 std::int64_t Session::run(const std::string& sql, const std::vector<Variant>& values) {
-    const ParameterizedStatement statement{sql, parametersOf(values)};
+    const sql::ParameterizedStatement statement{sql, parametersOf(values)};
     // Without a guard, transactions may be begun and ended by statements.
     if (!guarded_ || transactions_ > 0) return runOnce(statement);
     rdoTransaction transaction(*this);
@@ -147,7 +148,7 @@ std::int64_t Session::run(const std::string& sql, const std::vector<Variant>& va
     return touched;
 }
 
-std::int64_t Session::write(const ParameterizedStatement& statement) {
+std::int64_t Session::write(const sql::ParameterizedStatement& statement) {
     if (transactions_ == 0)
         throw RuntimeError(error_number::invalidProcedureCall, "No transaction was begun");
     return runOnce(statement);
@@ -161,7 +162,7 @@ void Session::control(const std::string& sql) {
         }
         return true;
     };
-    workBeside(waiting, run, [this] { database_.stop(); });
+    sql::workBeside(waiting, run, [this] { database_.stop(); });
 }
 
 void Session::begin() {
@@ -177,9 +178,9 @@ void Session::begin() {
 }
 
 StatementPlan Session::prepare(const std::string& sql) {
-    const std::string text = singleStatement(sql, syntax_);
-    StatementPlan plan = planOf(text, syntax_);
-    if (effectOf(text, syntax_) == StatementEffect::other) return plan;
+    const std::string text = sql::singleStatement(sql, syntax_);
+    StatementPlan plan = sql::planOf(text, syntax_);
+    if (sql::effectOf(text, syntax_) == sql::StatementEffect::other) return plan;
     const Statement statement(database_, text, atMost(Access::writing));
     plan.writes = plan.writes || sqlite3_stmt_readonly(statement.get()) == 0;
     return plan;

@@ -12,26 +12,26 @@
 namespace catalogador::sqlite {
 
 /// An open database file as the resultsets opened on it share it.
-class Session : public SqlSession, public rdoPlanner {
+class Session : public sql::SqlSession, public rdoPlanner {
   public:
     /// Raises RuntimeError (statementFailed), also for a file that is no database.
-    Session(const std::string& file, Opening opening, const Timeouts& timeouts);
+    Session(const std::string& file, Opening opening, const sql::Timeouts& timeouts);
     ~Session() override;
     Session(const Session&) = delete;
     Session& operator=(const Session&) = delete;
 
     [[nodiscard]] Dialect dialect() const override { return Dialect::sqlite; }
-    [[nodiscard]] const SqlSyntax& syntax() const override { return syntax_; }
+    [[nodiscard]] const sql::SqlSyntax& syntax() const override { return syntax_; }
 
     /// Only reads in a guarded session, in transactions too.
-    std::unique_ptr<SqlRows> open(const std::string& sql) override;
+    std::unique_ptr<sql::SqlRows> open(const std::string& sql) override;
     /// May write in a transaction.
     std::vector<std::vector<Variant>> query(const std::string& sql,
                                             const std::vector<Variant>& values = {}) override;
-    std::vector<std::vector<Variant>> query(const ParameterizedStatement& statement) override;
+    std::vector<std::vector<Variant>> query(const sql::ParameterizedStatement& statement) override;
     /// A transaction of its own where none was begun.
     std::int64_t run(const std::string& sql, const std::vector<Variant>& values = {}) override;
-    std::int64_t write(const ParameterizedStatement& statement) override;
+    std::int64_t write(const sql::ParameterizedStatement& statement) override;
 
     /// An inner transaction is a savepoint of the outer.
     void begin() override;
@@ -46,12 +46,12 @@ class Session : public SqlSession, public rdoPlanner {
     std::function<bool()> waiting;
 
   private:
-    [[nodiscard]] std::unique_ptr<SqlRows> rowsOf(const ParameterizedStatement& statement,
-                                                  Access access);
+    [[nodiscard]] std::unique_ptr<sql::SqlRows> rowsOf(const sql::ParameterizedStatement& statement,
+                                                       Access access);
     [[nodiscard]] Access atMost(Access access) const {
         return guarded_ ? access : Access::everything;
     }
-    std::int64_t runOnce(const ParameterizedStatement& statement);
+    std::int64_t runOnce(const sql::ParameterizedStatement& statement);
     /// A statement of the session itself.
     void control(const std::string& sql);
     void end(const std::string& how);
@@ -59,8 +59,8 @@ class Session : public SqlSession, public rdoPlanner {
 
     bool guarded_;
     Database database_;
-    SqlSyntax syntax_;
-    FairTurns turns_;
+    sql::SqlSyntax syntax_;
+    sql::FairTurns turns_;
     int transactions_ = 0;
     bool reading_ = false;
 };

@@ -51,7 +51,7 @@ void HostConnection::Use::attach(const ComPtr<IConnectionSharing>& shared) {
         const std::string path = textOf(file);
         SysFreeString(file);
         if (handle != nullptr)
-            used_ = OdbcConnection::onHandle(handle);
+            used_ = odbc::OdbcConnection::onHandle(handle);
         else
             used_ = sqlite::Connection::open(path);
     } catch (const RuntimeError& error) {

@@ -73,12 +73,12 @@ void ConnectionObject::close() {
 
 void ConnectionObject::establish() {
     close();
-    if (const auto file = sqliteFileOf(connect_)) {
+    if (const auto file = odbc::sqliteFileOf(connect_)) {
         file_ = *file;
         connection_ = sqlite::Connection::open(file_, {}, sqlite::Opening::created);
         return;
     }
-    odbc_ = OdbcConnection::open(connect_);
+    odbc_ = odbc::OdbcConnection::open(connect_);
     connection_ = odbc_;
 }
 

@@ -18,7 +18,7 @@ class ConnectionObject : public LateBoundObject, public IConnectionSharing {
   public:
     ConnectionObject() = default;
     /// On a connection that is open already.
-    explicit ConnectionObject(std::shared_ptr<OdbcConnection> connection)
+    explicit ConnectionObject(std::shared_ptr<odbc::OdbcConnection> connection)
         : connection_(connection), odbc_(std::move(connection)) {}
 
     HRESULT STDMETHODCALLTYPE QueryInterface(REFIID iid, void** object) override;
@@ -41,7 +41,7 @@ class ConnectionObject : public LateBoundObject, public IConnectionSharing {
     std::string connect_;
     std::shared_ptr<rdoConnection> connection_;
     /// The same where it is one of ODBC.
-    std::shared_ptr<OdbcConnection> odbc_;
+    std::shared_ptr<odbc::OdbcConnection> odbc_;
     /// The name of the SQLite file where it is none of ODBC.
     std::string file_;
     std::int64_t rowsAffected_ = 0;
