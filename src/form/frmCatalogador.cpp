@@ -109,7 +109,8 @@ class frmCatalogador::OpenForm {
     ~OpenForm() {
         form_.setOpen(false);
         host_.surface.close(form_);
-        if (host_.listener != nullptr) host_.listener->formClosed(form_);
+        if (host_.listener != nullptr)
+            host_.listener->formClosed(form_.mlngIdVista, form_.mlngIdUltimo);
     }
     OpenForm(const OpenForm&) = delete;
     OpenForm& operator=(const OpenForm&) = delete;
@@ -120,7 +121,7 @@ class frmCatalogador::OpenForm {
 };
 
 void frmCatalogador::showModal() {
-    if (host_.listener != nullptr) host_.listener->formOpening(*this);
+    if (host_.listener != nullptr) host_.listener->formOpening(mlngIdVista);
     const OpenForm opened(*this, host_);
     Form_Load();
     if (focus() == nullptr) moveFocus(true);

@@ -1,4 +1,5 @@
 #pragma once
+#include <cstdint>
 #include <string>
 
 #include "platform/grid_files.h"
@@ -10,14 +11,13 @@
 
 namespace catalogador {
 
-class frmCatalogador;
-
-/// Told when a maintenance screen is about to load and when it has closed.
+/// Is called when a maintenance screen is about to load and when it has closed.
 class FormListener {
   public:
     virtual ~FormListener() = default;
-    virtual void formOpening(frmCatalogador& form) = 0;
-    virtual void formClosed(frmCatalogador& form) = 0;
+    virtual void formOpening(std::int16_t view) = 0;
+    /// `lastCode` is the code of the last record saved or deleted on the screen, 0 for none.
+    virtual void formClosed(std::int16_t view, std::int32_t lastCode) = 0;
 };
 
 /// Everything the component needs from the program that loads it. All references must outlive the

@@ -36,6 +36,10 @@ class clsUtilidades {
     [[nodiscard]] virtual std::string CarpetaAplicacion() const = 0;
     /// The path of the application with that key.
     [[nodiscard]] virtual std::string RutaAplicacion(const std::string& appKey) const = 0;
+    /// The folder `name` in the folder that holds `path`, written as the system writes paths; it is
+    /// made when it is missing. A `path` of one name is taken for the holding folder itself. Raises
+    /// RuntimeError (76) when the folder cannot be made.
+    virtual std::string CarpetaVecina(const std::string& path, const std::string& name) = 0;
     /// Opens a file with the program that the desktop associates with it.
     virtual void AbrirArchivo(const std::string& path) = 0;
     /// Shows help: command 3 contents, command 15 the page of the id in `data`.

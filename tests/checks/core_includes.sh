@@ -1,5 +1,6 @@
 #!/usr/bin/env bash
 # The core sees the standard library and itself, and each layer of it only itself and those below.
+# It does not ask which system it is built for either.
 #
 #   core_includes.sh [SOURCE-FOLDER]      default: src
 set -euo pipefail
@@ -25,7 +26,11 @@ typeinfo unordered_map unordered_set utility valarray variant vector version"
 
 one_of() { tr -s ' \n' '|' <<<"$1" | sed 's/|$//'; }
 
+system_macros="_?WIN32|_WIN64|__MINGW(32|64)__|_MSC_VER|__(gnu_)?linux__|__unix__|__APPLE__"
+system_macros+="|__FreeBSD__|__ANDROID__|_POSIX_VERSION|__GLIBC__"
+
 checked=0
+asked=""
 bad=""
 while IFS=: read -r layer below; do
     own="\"($(one_of "${below# }"))/[A-Za-z0-9_/]+\\.h\""
@@ -38,11 +43,17 @@ while IFS=: read -r layer below; do
     checked=$((checked + count))
     bad+=$(grep -rnE --exclude=CMakeLists.txt '^[[:space:]]*(#|%:)[[:space:]]*(include|import)' \
         "$layer" | grep -vE "$allowed" || true)
+    asked+=$(grep -rnwE --exclude=CMakeLists.txt "$system_macros" "$layer" || true)
 done <<<"$layers"
 
 if [ -n "$bad" ]; then
     echo "The core includes what it must not see:"
     echo "$bad"
+    exit 1
+fi
+if [ -n "$asked" ]; then
+    echo "The core asks which system it is built for:"
+    echo "$asked"
     exit 1
 fi
 echo "Checked $checked files"

@@ -5,7 +5,7 @@ check=$(cd "$(dirname "${BASH_SOURCE[0]}")" && pwd)/core_includes.sh
 work=$(mktemp -d)
 trap 'rm -rf "$work"' EXIT
 
-# verdict FOLDER INCLUDE: what the check says of a core with this line in a file of that folder
+# verdict FOLDER LINE: what the check says of a core with this line in a file of that folder
 verdict() {
     rm -rf "$work/src"
     for folder in runtime platform/controls printing modules form/grid component; do
@@ -37,6 +37,8 @@ for folder in runtime platform/controls printing modules form/grid component; do
     expect refused "$folder" '#include "runtime/../adapters/odbc/odbc_connection.h"'
     expect refused "$folder" '#include HEADER'
     expect refused "$folder" '#include <string.h>'
+    expect refused "$folder" '#ifdef _WIN32'
+    expect refused "$folder" '#if defined(__linux__)'
 done
 expect refused runtime '#include "platform/rdo.h"'
 expect refused platform/controls '#include "modules/modIds.h"'

@@ -24,6 +24,9 @@ class PlainUtilities : public clsUtilidades {
     [[nodiscard]] std::string TextoDe(const Variant&) const override { return {}; }
     [[nodiscard]] std::string CarpetaAplicacion() const override { return "/programs"; }
     [[nodiscard]] std::string RutaAplicacion(const std::string&) const override { return {}; }
+    std::string CarpetaVecina(const std::string&, const std::string& name) override {
+        return "/" + name;
+    }
     void AbrirArchivo(const std::string&) override { ++calls; }
     void MostrarAyuda(Window&, int, std::int32_t) override { ++calls; }
 };

@@ -1,10 +1,13 @@
 #include "adapters/services/utilities.h"
 
 #include <gtest/gtest.h>
+#include <unistd.h>
 
 #include <cstddef>
+#include <filesystem>
 
 #include "runtime/error.h"
+#include "runtime/paths.h"
 
 namespace catalogador {
 namespace {
@@ -30,6 +33,24 @@ TEST(Utilities, TakesFolderOfAnApplicationFromItsSettingElseItsOwn) {
     EXPECT_EQ(utilitiesWith({}).CarpetaAplicacion(), "/opt/program");
     EXPECT_EQ(utilitiesWith({}).RutaAplicacion("VEM04"), "/opt/program");
     EXPECT_EQ(utilitiesWith({{"Ruta", "/srv/app"}}).RutaAplicacion("VEM04"), "/srv/app");
+}
+
+TEST(Utilities, MakesAFolderNextToAnotherOnceAndSaysWhenItCannot) {
+    const std::filesystem::path own = std::filesystem::temp_directory_path() /
+                                      ("catalogador_utilities_" + std::to_string(getpid()));
+    std::filesystem::create_directory(own);
+    Utilities utilities = utilitiesWith({});
+    const std::string wanted = pathText(own / "Exports");
+    EXPECT_EQ(utilities.CarpetaVecina(pathText(own / "program"), "Exports"), wanted);
+    EXPECT_TRUE(std::filesystem::is_directory(own / "Exports"));
+    EXPECT_EQ(utilities.CarpetaVecina(pathText(own / "program"), "Exports"), wanted);
+    try {
+        utilities.CarpetaVecina(pathText(own / "missing" / "program"), "Exports");
+        ADD_FAILURE() << "a folder was made in one that does not exist";
+    } catch (const RuntimeError& error) {
+        EXPECT_EQ(error.number(), 76);
+    }
+    std::filesystem::remove_all(own);
 }
 
 TEST(Utilities, HandsHelpToTheViewerAndRaisesWithoutOne) {

@@ -8,13 +8,11 @@ namespace catalogador {
 
 namespace {
 
-constexpr const char* gridName = "grdGrilla";
 constexpr int headerRow = 0;
 
 RecordGrid& gridOf(Window& window) {
-    auto* grid = dynamic_cast<RecordGrid*>(window.find(gridName));
-    if (grid == nullptr) throw Refusal("the window has no grid");
-    return *grid;
+    if (window.list() == nullptr) throw Refusal("the window has no grid");
+    return *window.list();
 }
 
 int rowArgument(const RecordGrid& grid, Arguments& line) {
@@ -40,7 +38,7 @@ int firstShownColumn(const RecordGrid& grid) {
 }
 
 void click(Window& window, RecordGrid& grid, MouseButton button, int row, int column) {
-    focusControl(window, gridName);
+    focusControl(window, grid.name());
     grid.userClicked(button, row, column);
 }
 
@@ -69,7 +67,7 @@ void resizeColumn(Window& window, RecordGrid& grid, Arguments& line) {
     const auto width = line.number<int>("the width");
     line.end();
     if (width < 0) throw Refusal("a column cannot be " + decimalText(width) + " twips wide");
-    focusControl(window, gridName);
+    focusControl(window, grid.name());
     grid.userResized(column, width);
 }
 

@@ -14,6 +14,8 @@
 
 namespace catalogador {
 
+class frmCatalogador;
+
 /// What a played screen is made of. All references must outlive the player.
 struct Stage {
     Script& script;

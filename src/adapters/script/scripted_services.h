@@ -26,6 +26,9 @@ class TracedUtilities : public clsUtilidades {
     [[nodiscard]] std::string RutaAplicacion(const std::string& appKey) const override {
         return real_.RutaAplicacion(appKey);
     }
+    std::string CarpetaVecina(const std::string& path, const std::string& name) override {
+        return real_.CarpetaVecina(path, name);
+    }
     void AbrirArchivo(const std::string& path) override { real_.AbrirArchivo(path); }
     void MostrarAyuda(Window& window, int command, std::int32_t data) override {
         real_.MostrarAyuda(window, command, data);

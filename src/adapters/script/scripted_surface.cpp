@@ -1,26 +1,22 @@
 #include "adapters/script/scripted_surface.h"
 
-#include <algorithm>
-
-#include "form/frmCatalogador.h"
 #include "modules/modLenguaje.h"
+#include "platform/controls/window.h"
 
 namespace catalogador {
 
-void ScriptedSurface::formOpening(frmCatalogador& form) {
-    forms_.push_back(&form);
+void ScriptedSurface::formOpening(std::int16_t view) {
+    ++depth_;
     transcript().print({{"event", "opened"},
-                        {"view", form.mlngIdVista},
+                        {"view", view},
                         {"depth", depth()},
                         {"language", currentLanguageLibrary()}});
 }
 
-void ScriptedSurface::formClosed(frmCatalogador& form) {
-    transcript().print({{"event", "closed"},
-                        {"view", form.mlngIdVista},
-                        {"depth", depth()},
-                        {"idModificado", form.mlngIdUltimo}});
-    forms_.erase(std::find(forms_.begin(), forms_.end(), &form), forms_.end());
+void ScriptedSurface::formClosed(std::int16_t view, std::int32_t lastCode) {
+    transcript().print(
+        {{"event", "closed"}, {"view", view}, {"depth", depth()}, {"idModificado", lastCode}});
+    --depth_;
     menu_.reset();
 }
 

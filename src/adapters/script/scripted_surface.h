@@ -1,6 +1,5 @@
 #pragma once
 #include <optional>
-#include <vector>
 
 #include "adapters/script/answers.h"
 #include "adapters/script/screen.h"
@@ -18,14 +17,14 @@ class ScriptedSurface : public TracedSurface, public FormListener {
         : TracedSurface(inner, transcript), answers_(answers) {}
 
     /// Forms that are open, nested ones included.
-    [[nodiscard]] int depth() const { return static_cast<int>(forms_.size()); }
+    [[nodiscard]] int depth() const { return depth_; }
 
     /// The context menu that is open.
     [[nodiscard]] const std::optional<Menu>& menu() const { return menu_; }
     void closeMenu() { menu_.reset(); }
 
-    void formOpening(frmCatalogador& form) override;
-    void formClosed(frmCatalogador& form) override;
+    void formOpening(std::int16_t view) override;
+    void formClosed(std::int16_t view, std::int32_t lastCode) override;
 
     int messageBox(const std::string& text, int style, const std::string& title) override;
     void errorBox(const ErrorNotice& error) override;
@@ -35,7 +34,7 @@ class ScriptedSurface : public TracedSurface, public FormListener {
 
   private:
     ScriptAnswers& answers_;
-    std::vector<frmCatalogador*> forms_;
+    int depth_ = 0;
     std::optional<Menu> menu_;
 };
 

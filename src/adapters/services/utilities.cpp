@@ -2,6 +2,7 @@
 
 #include <ctime>
 #include <filesystem>
+#include <system_error>
 
 #include "adapters/services/code_sequences.h"
 #include "adapters/services/opening.h"
@@ -16,6 +17,12 @@ namespace catalogador {
 namespace {
 
 constexpr std::int32_t noCode = -1;
+constexpr std::int32_t pathNotFound = 76;
+
+/// Where backslashes separate the names of a path, slashes do too.
+constexpr bool backslashSeparates = std::filesystem::path::preferred_separator == '\\';
+constexpr const char* pathSeparator = backslashSeparates ? "\\" : "/";
+constexpr const char* pathSeparators = backslashSeparates ? "\\/" : "/";
 
 }  // namespace
 
@@ -64,6 +71,17 @@ std::string Utilities::RutaAplicacion(const std::string& appKey) const {
     const std::filesystem::path own = userFolder();
     if (own.empty() || mayWriteTo(pathOf(programFolder_).parent_path())) return programFolder_;
     return pathText(own / pathOf(appKey));
+}
+
+std::string Utilities::CarpetaVecina(const std::string& path, const std::string& name) {
+    const std::string folder =
+        path.substr(0, path.find_last_of(pathSeparators)) + pathSeparator + name;
+    std::error_code error;
+    if (!std::filesystem::is_directory(pathOf(folder), error) &&
+        !std::filesystem::create_directory(pathOf(folder), error) && error)
+        throw RuntimeError(pathNotFound, "The folder " + folder + " cannot be created (" +
+                                             error.message() + "); choose another one");
+    return folder;
 }
 
 void Utilities::AbrirArchivo(const std::string& path) {

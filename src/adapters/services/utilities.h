@@ -24,6 +24,7 @@ class Utilities : public clsUtilidades {
     [[nodiscard]] std::string CarpetaAplicacion() const override { return programFolder_; }
     /// The setting "Ruta" of that key, else the program's folder.
     [[nodiscard]] std::string RutaAplicacion(const std::string& appKey) const override;
+    std::string CarpetaVecina(const std::string& path, const std::string& name) override;
     /// Raises RuntimeError (invalidProcedureCall) when there is no such file or no desktop to open
     /// it. Does not wait for the program that shows it.
     void AbrirArchivo(const std::string& path) override;

@@ -161,7 +161,7 @@ std::vector<std::string> ScreenFrame::differences() const {
     for (const Control* control : window_.controls()) {
         if (const FieldView* view = viewOf(*control))
             view->describeDifferences(found);
-        else if (control->visible() && control != window_.find(panelName))
+        else if (control->visible() && control != window_.panel())
             found.push_back(control->name() + ": is not shown at all");
     }
     for (const Action& action : window_.commandBars.actions()) {

@@ -156,7 +156,7 @@ Rect ScreenFrame::clientRect() const {
 void ScreenFrame::controlChanged(Control& control) {
     if (&control == &window_.commandBars.filterBox) {
         barsChanged_ = true;
-    } else if (&control == window_.find(panelName)) {
+    } else if (&control == window_.panel()) {
         // Its size is the frame's business, its colour the window's.
         everythingChanged();
         windowChanged_ = true;
@@ -183,7 +183,7 @@ void ScreenFrame::sync() {
     if (windowChanged_) {
         windowChanged_ = false;
         if (GetTitle() != wxText(window_.caption())) SetTitle(wxText(window_.caption()));
-        if (const Control* panel = window_.find(panelName))
+        if (const Control* panel = window_.panel())
             panel_->SetBackgroundColour(colourOf(panel->backColor()));
     }
     syncFields();

@@ -25,9 +25,6 @@ namespace catalogador::wx {
 struct BoxLabels;
 class GridView;
 
-/// The control that the others stand on.
-constexpr const char* panelName = "picBackColor";
-
 /// Modal loops (boxes, dialogs, nested screens) that were begun in this process. The toolkit offers
 /// a key that nobody used to the surrounding windows as well, and forgets that it has done so once
 /// another loop has run; so a key that began one must count as used.

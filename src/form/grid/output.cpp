@@ -1,11 +1,7 @@
-#include <filesystem>
-#include <system_error>
-
 #include "form/frmCatalogador.h"
 #include "modules/modIds.h"
 #include "modules/modLenguaje.h"
 #include "printing/vs_printer.h"
-#include "runtime/error.h"
 #include "runtime/text.h"
 
 namespace catalogador {
@@ -25,16 +21,6 @@ constexpr double headerFontSize = 12;
 constexpr double footerFontSize = 8;
 /// From the bottom margin line to the footer, in twips.
 constexpr int footerDistance = 150;
-constexpr std::int32_t pathNotFound = 76;
-
-#ifdef _WIN32
-constexpr const char* pathSeparator = "\\";
-/// Either ends a folder's name.
-constexpr const char* pathSeparators = "\\/";
-#else
-constexpr const char* pathSeparator = "/";
-constexpr const char* pathSeparators = pathSeparator;
-#endif
 
 /// The save format of each entry of the dialog's filter list; other entries write nothing.
 std::optional<int> formatOf(int filterIndex) {
@@ -103,17 +89,8 @@ std::string shortDateTime(const Date& date) {
 
 std::string frmCatalogador::ObtenerDirInicial() {
     return trap("ObtenerDirInicial", std::string(), [this] {
-        std::string folder(trim(host_.utilities.RutaAplicacion(mstrAppKey)));
-        const std::size_t last = folder.find_last_of(pathSeparators);
-        if (last != std::string::npos) folder.erase(last);
-        folder += pathSeparator + ObtenerMensaje(exportFolder);
-        const std::filesystem::path path(reinterpret_cast<const char8_t*>(folder.c_str()));
-        std::error_code error;
-        if (!std::filesystem::is_directory(path, error) &&
-            !std::filesystem::create_directory(path, error) && error)
-            throw RuntimeError(pathNotFound, "The folder " + folder + " cannot be created (" +
-                                                 error.message() + "); choose another one");
-        return folder;
+        const std::string application(trim(host_.utilities.RutaAplicacion(mstrAppKey)));
+        return host_.utilities.CarpetaVecina(application, ObtenerMensaje(exportFolder));
     });
 }
 

@@ -21,6 +21,16 @@ void Window::add(Control& control) {
     controls_.push_back(&control);
 }
 
+void Window::add(Panel& panel) {
+    add(static_cast<Control&>(panel));
+    panel_ = &panel;
+}
+
+void Window::add(RecordGrid& list) {
+    add(static_cast<Control&>(list));
+    list_ = &list;
+}
+
 Control* Window::find(std::string_view name) const {
     for (Control* control : controls_)
         if (control->name() == name) return control;
@@ -102,18 +112,14 @@ void Window::moveFocus(bool forward) {
 
 Control* Window::firstField() const {
     for (Control* control : controls_)
-        if (inTabOrder(*control) && dynamic_cast<const RecordGrid*>(control) == nullptr)
-            return control;
+        if (control != list_ && inTabOrder(*control)) return control;
     return nullptr;
 }
 
 void Window::focusNextPart(bool forward) {
-    Control* list = nullptr;
-    for (Control* control : controls_)
-        if (dynamic_cast<const RecordGrid*>(control) != nullptr) list = control;
-    const std::array<Control*, 3> parts{list, firstField(), &commandBars.buttons};
+    const std::array<Control*, 3> parts{list_, firstField(), &commandBars.buttons};
     const std::size_t from =
-        focus_ == list ? 0 : (focus_ == parts[2] || focus_ == &commandBars.filterBox ? 2 : 1);
+        focus_ == list_ ? 0 : (focus_ == parts[2] || focus_ == &commandBars.filterBox ? 2 : 1);
     for (std::size_t step = 1; step < parts.size(); ++step) {
         Control* next = parts[(from + (forward ? step : parts.size() - step)) % parts.size()];
         if (next != nullptr && next->canTakeFocus()) return setFocus(*next);

@@ -10,6 +10,8 @@
 
 namespace catalogador {
 
+class RecordGrid;
+
 enum class WindowState { normal = 0, minimized = 1, maximized = 2 };
 
 /// A top-level window of the model: its controls in tab order, the focus, the command bars, and
@@ -36,6 +38,10 @@ class Window {
 
     /// Tab order; the panel and labels are among them.
     [[nodiscard]] const std::vector<Control*>& controls() const { return controls_; }
+    /// The control that all others stand in, nullptr when there is none.
+    [[nodiscard]] Panel* panel() const { return panel_; }
+    /// The list of records, nullptr when there is none.
+    [[nodiscard]] RecordGrid* list() const { return list_; }
     /// nullptr when there is none of that name ("filter" is the edit box of the toolbar).
     [[nodiscard]] Control* find(std::string_view name) const;
 
@@ -98,6 +104,8 @@ class Window {
   protected:
     /// Adds a control at the end of the tab order.
     void add(Control& control);
+    void add(Panel& panel);
+    void add(RecordGrid& list);
 
   private:
     void resized();
@@ -108,6 +116,8 @@ class Window {
     Rect place_;
     WindowState state_ = WindowState::normal;
     std::vector<Control*> controls_;
+    Panel* panel_ = nullptr;
+    RecordGrid* list_ = nullptr;
     Control* focus_ = nullptr;
     bool open_ = false;
     bool closed_ = false;
