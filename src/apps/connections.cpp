@@ -8,8 +8,8 @@
 
 #include "adapters/services/settings.h"
 #include "adapters/sqlite/connection.h"
+#include "adapters/system/paths.h"
 #include "runtime/error.h"
-#include "runtime/paths.h"
 #include "runtime/text.h"
 
 namespace catalogador {

@@ -4,11 +4,11 @@
 #include "adapters/demo/demo.h"
 #include "adapters/desktop/folders.h"
 #include "adapters/system/desk.h"
+#include "adapters/system/paths.h"
 #include "adapters/system/replaced_file.h"
 #include "apps/commands.h"
 #include "apps/connections.h"
 #include "runtime/error.h"
-#include "runtime/paths.h"
 
 namespace catalogador {
 

@@ -8,12 +8,12 @@
 #include "adapters/script/scripted_printer.h"
 #include "adapters/script/scripted_services.h"
 #include "adapters/script/windowless_surface.h"
+#include "adapters/system/paths.h"
 #include "apps/commands.h"
 #include "apps/component.h"
 #include "apps/connections.h"
 #include "apps/view_notice.h"
 #include "runtime/error.h"
-#include "runtime/paths.h"
 
 namespace catalogador {
 

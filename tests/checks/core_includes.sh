@@ -1,6 +1,6 @@
 #!/usr/bin/env bash
 # The core sees the standard library and itself, and each layer of it only itself and those below.
-# It does not ask which system it is built for either.
+# It does not ask which system it is built for either, nor for the files of that system.
 #
 #   core_includes.sh [SOURCE-FOLDER]      default: src
 set -euo pipefail
@@ -17,7 +17,7 @@ component: component form modules printing platform runtime"
 standard="algorithm any array atomic barrier bit bitset cassert ccomplex cctype cerrno cfenv cfloat
 charconv chrono cinttypes climits clocale cmath codecvt compare complex concepts
 condition_variable coroutine csetjmp csignal cstdarg cstddef cstdint cstdio cstdlib cstring ctime
-cuchar cwchar cwctype deque exception execution filesystem format forward_list fstream functional
+cuchar cwchar cwctype deque exception execution format forward_list fstream functional
 future initializer_list iomanip ios iosfwd iostream istream iterator latch limits list locale map
 memory memory_resource mutex new numbers numeric optional ostream queue random ranges ratio regex
 scoped_allocator semaphore set shared_mutex source_location span sstream stack stdexcept stop_token

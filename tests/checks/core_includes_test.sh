@@ -37,6 +37,7 @@ for folder in runtime platform/controls printing modules form/grid component; do
     expect refused "$folder" '#include "runtime/../adapters/odbc/odbc_connection.h"'
     expect refused "$folder" '#include HEADER'
     expect refused "$folder" '#include <string.h>'
+    expect refused "$folder" '#include <filesystem>'
     expect refused "$folder" '#ifdef _WIN32'
     expect refused "$folder" '#if defined(__linux__)'
 done

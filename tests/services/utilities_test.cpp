@@ -6,8 +6,8 @@
 #include <cstddef>
 #include <filesystem>
 
+#include "adapters/system/paths.h"
 #include "runtime/error.h"
-#include "runtime/paths.h"
 
 namespace catalogador {
 namespace {

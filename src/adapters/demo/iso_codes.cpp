@@ -5,8 +5,8 @@
 #include <string_view>
 
 #include "adapters/demo/translations.h"
+#include "adapters/system/paths.h"
 #include "runtime/error.h"
-#include "runtime/paths.h"
 
 namespace catalogador {
 

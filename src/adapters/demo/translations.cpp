@@ -7,8 +7,8 @@
 #include <fstream>
 #include <iterator>
 
+#include "adapters/system/paths.h"
 #include "runtime/error.h"
-#include "runtime/paths.h"
 
 namespace catalogador {
 

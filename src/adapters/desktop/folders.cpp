@@ -3,7 +3,7 @@
 #include <filesystem>
 
 #include "adapters/system/desk.h"
-#include "runtime/paths.h"
+#include "adapters/system/paths.h"
 
 namespace catalogador {
 

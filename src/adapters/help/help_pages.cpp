@@ -5,8 +5,8 @@
 #include <iterator>
 #include <sstream>
 
+#include "adapters/system/paths.h"
 #include "runtime/error.h"
-#include "runtime/paths.h"
 #include "runtime/text.h"
 
 namespace catalogador {

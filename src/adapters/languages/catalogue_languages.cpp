@@ -4,8 +4,8 @@
 #include <map>
 
 #include "adapters/languages/po_file.h"
+#include "adapters/system/paths.h"
 #include "runtime/error.h"
-#include "runtime/paths.h"
 #include "runtime/text.h"
 
 namespace catalogador {

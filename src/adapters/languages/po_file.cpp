@@ -4,8 +4,8 @@
 #include <sstream>
 #include <string_view>
 
+#include "adapters/system/paths.h"
 #include "runtime/error.h"
-#include "runtime/paths.h"
 #include "runtime/text.h"
 
 namespace catalogador {

@@ -6,9 +6,9 @@
 #include <system_error>
 
 #include "adapters/services/opening.h"
+#include "adapters/system/paths.h"
 #include "adapters/system/wide_text.h"
 #include "runtime/error.h"
-#include "runtime/paths.h"
 
 namespace catalogador {
 

@@ -4,7 +4,7 @@
 #include <fstream>
 
 #include "adapters/system/desk.h"
-#include "runtime/paths.h"
+#include "adapters/system/paths.h"
 #include "runtime/text.h"
 
 namespace catalogador {

@@ -8,9 +8,9 @@
 #include "adapters/services/opening.h"
 #include "adapters/services/server_clock.h"
 #include "adapters/system/desk.h"
+#include "adapters/system/paths.h"
 #include "runtime/convert.h"
 #include "runtime/error.h"
-#include "runtime/paths.h"
 
 namespace catalogador {
 

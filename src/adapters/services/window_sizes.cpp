@@ -9,9 +9,9 @@
 
 #include "adapters/services/settings.h"
 #include "adapters/system/desk.h"
+#include "adapters/system/paths.h"
 #include "adapters/system/replaced_file.h"
 #include "runtime/error.h"
-#include "runtime/paths.h"
 #include "runtime/text.h"
 
 namespace catalogador {

@@ -4,7 +4,7 @@
 #include <cstdlib>
 
 #include "adapters/system/desk.h"
-#include "runtime/paths.h"
+#include "adapters/system/paths.h"
 
 namespace catalogador {
 

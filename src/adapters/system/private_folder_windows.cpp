@@ -4,9 +4,9 @@
 #include <random>
 #include <system_error>
 
+#include "adapters/system/paths.h"
 #include "adapters/system/private_folder.h"
 #include "adapters/system/wide_text.h"
-#include "runtime/paths.h"
 
 namespace catalogador {
 

@@ -3,9 +3,9 @@
 #include <filesystem>
 #include <system_error>
 
+#include "adapters/system/paths.h"
 #include "adapters/system/storing.h"
 #include "runtime/error.h"
-#include "runtime/paths.h"
 
 namespace catalogador {
 

@@ -18,11 +18,11 @@
 #include <vector>
 
 #include "adapters/help/help_pages.h"
+#include "adapters/system/paths.h"
 #include "adapters/wx/appearance.h"
 #include "adapters/wx/icons.h"
 #include "adapters/wx/png_images.h"
 #include "runtime/error.h"
-#include "runtime/paths.h"
 
 namespace catalogador::wx {
 
