@@ -19,16 +19,8 @@ Window::Window(Surface& surface) : surface_(surface) {
 void Window::add(Control& control) {
     control.window_ = this;
     controls_.push_back(&control);
-}
-
-void Window::add(Panel& panel) {
-    add(static_cast<Control&>(panel));
-    panel_ = &panel;
-}
-
-void Window::add(RecordGrid& list) {
-    add(static_cast<Control&>(list));
-    list_ = &list;
+    if (auto* panel = dynamic_cast<Panel*>(&control)) panel_ = panel;
+    if (auto* list = dynamic_cast<RecordGrid*>(&control)) list_ = list;
 }
 
 Control* Window::find(std::string_view name) const {

@@ -104,8 +104,6 @@ class Window {
   protected:
     /// Adds a control at the end of the tab order.
     void add(Control& control);
-    void add(Panel& panel);
-    void add(RecordGrid& list);
 
   private:
     void resized();
