@@ -35,7 +35,7 @@ class BenchHost : private FormListener {
     Options options_;
     Services services_;
     std::unique_ptr<rdoConnection> connection_;
-    SurfaceMessages messages_;
+    services::SurfaceMessages messages_;
     std::unique_ptr<GridFiles> files_;
     std::unique_ptr<Printer> printer_;
     Host host_;

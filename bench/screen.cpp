@@ -171,7 +171,7 @@ int measure(const std::string& what, const std::string& connection, std::int16_t
         std::find_if(std::begin(measures), std::end(measures),
                      [&](const auto& candidate) { return what == candidate.first; });
     if (found == std::end(measures)) return 2;
-    WindowlessSurface surface;
+    script::WindowlessSurface surface;
     BenchHost host(connection, surface);
     surface.setModalRunner([&](Window& window) {
         found->second(host.form(), rounds);

@@ -15,7 +15,7 @@ namespace {
 /// nullopt where the program has no help beside it.
 std::optional<std::set<std::int64_t>> helpPages() {
     try {
-        const HelpPages pages(helpFolder());
+        const help::HelpPages pages(desktop::helpFolder());
         std::set<std::int64_t> ids;
         for (const auto& [id, page] : pages.ids()) ids.insert(id);
         return ids;
@@ -29,7 +29,7 @@ std::optional<std::set<std::int64_t>> helpPages() {
 int checkCommand(const Options& options) {
     const CheckCall& call = options.check;
     const auto connection = openDatabase(options);
-    const WindowlessSurface measure;
+    const script::WindowlessSurface measure;
     checks::CheckOptions wanted;
     wanted.views.assign(call.views.begin(), call.views.end());
     wanted.company = options.company;

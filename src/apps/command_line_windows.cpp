@@ -15,7 +15,7 @@ CommandLine::CommandLine(int /*argc*/, char** /*argv*/) {
     _setmode(_fileno(stdout), _O_BINARY);
     int count = 0;
     wchar_t** wide = CommandLineToArgvW(GetCommandLineW(), &count);
-    for (int i = 0; i < count; ++i) texts_.push_back(utf8Of(wide[i]));
+    for (int i = 0; i < count; ++i) texts_.push_back(system::utf8Of(wide[i]));
     LocalFree(wide);
     for (const std::string& text : texts_) values_.push_back(text.c_str());
 }

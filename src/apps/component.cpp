@@ -38,18 +38,18 @@ std::int16_t configuredLanguage(const Services& services) {
 }  // namespace
 
 std::string userOf(const Options& options) {
-    return options.user.empty() ? systemUser() : options.user;
+    return options.user.empty() ? system::systemUser() : options.user;
 }
 
 Services servicesOf(const Options& options, HelpViewer help) {
     Services services;
-    services.regional = regionalOf(options.locale);
-    services.utilities =
-        std::make_unique<Utilities>(Settings(Settings::defaultFile(), settingsOf(options)),
-                                    services.regional, programFolder(), std::move(help));
-    services.access = std::make_unique<TableAccessLibrary>(userOf(options));
-    services.languages = std::make_unique<CatalogueLanguages>(
-        options.messages.empty() ? languagesFolder() : options.messages);
+    services.regional = services::regionalOf(options.locale);
+    services.utilities = std::make_unique<services::Utilities>(
+        services::Settings(services::Settings::defaultFile(), settingsOf(options)),
+        services.regional, system::programFolder(), std::move(help));
+    services.access = std::make_unique<services::TableAccessLibrary>(userOf(options));
+    services.languages = std::make_unique<languages::CatalogueLanguages>(
+        options.messages.empty() ? desktop::languagesFolder() : options.messages);
     services.language = options.language.value_or(configuredLanguage(services));
     return services;
 }

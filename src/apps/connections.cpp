@@ -31,7 +31,7 @@ std::string onOneLine(std::string text) {
 constexpr const char* settingsKey = "Database";
 
 /// Leaves the time as it is when the setting is not there.
-void readSeconds(const Settings& settings, const std::string& name,
+void readSeconds(const services::Settings& settings, const std::string& name,
                  std::chrono::milliseconds& time) {
     constexpr int longest = 86'400;
     const auto text = settings.read(settingsKey, name);
@@ -48,7 +48,7 @@ void readSeconds(const Settings& settings, const std::string& name,
 }
 
 sql::Timeouts timeoutsOf(const Options& options) {
-    const Settings settings(Settings::defaultFile(), options.settings);
+    const services::Settings settings(services::Settings::defaultFile(), options.settings);
     sql::Timeouts timeouts;
     readSeconds(settings, "LoginTimeout", timeouts.login);
     readSeconds(settings, "StatementTimeout", timeouts.statement);

@@ -19,22 +19,22 @@ std::filesystem::path write(const Options& options) {
     std::filesystem::create_directories(folder);
     // Written with the separator that every driver understands.
     const std::filesystem::path file = pathOf(options.directory + "/demo.db");
-    ReplacedFile draft(pathText(file));
-    DemoOptions demo;
-    demo.userName = systemUser();
-    writeDemo(*createDatabase(draft.path()), demo);
+    system::ReplacedFile draft(pathText(file));
+    demo::DemoOptions demo;
+    demo.userName = system::systemUser();
+    demo::writeDemo(*createDatabase(draft.path()), demo);
     draft.commit();
     return file;
 }
 
-SchemaDialect schemaOf(Dialect dialect) {
+schema::SchemaDialect schemaOf(Dialect dialect) {
     switch (dialect) {
         case Dialect::postgresql:
-            return SchemaDialect::postgresql;
+            return schema::SchemaDialect::postgresql;
         case Dialect::mariadb:
-            return SchemaDialect::mariadb;
+            return schema::SchemaDialect::mariadb;
         case Dialect::sqlite:
-            return SchemaDialect::sqlite;
+            return schema::SchemaDialect::sqlite;
         default:
             throw RuntimeError(error_number::invalidProcedureCall,
                                "there is no schema for this kind of database; the demonstration "
@@ -44,10 +44,10 @@ SchemaDialect schemaOf(Dialect dialect) {
 
 int fillServer(const Options& options) {
     const auto connection = openServer(options);
-    DemoOptions demo;
-    demo.userName = systemUser();
+    demo::DemoOptions demo;
+    demo.userName = system::systemUser();
     demo.dialect = schemaOf(connection->session()->dialect());
-    writeDemo(*connection, demo);
+    demo::writeDemo(*connection, demo);
     std::cout << "The demonstration is in the database. Open it with: catalogador open --connect "
                  "(the same) --view 1\n";
     return exitPlayed;
@@ -70,7 +70,7 @@ int demoCommand(const Options& options) {
 }
 
 int schemaCommand(const Options& options) {
-    std::cout << schemaStatements(*dialectFromName(options.dialect));
+    std::cout << schema::schemaStatements(*schema::dialectFromName(options.dialect));
     return exitPlayed;
 }
 

@@ -34,7 +34,7 @@ int main(int argc, char** argv) {
     const auto options = catalogador::readOptions(line.count(), line.values(), exitStatus);
     try {
         if (options) exitStatus = perform(*options);
-        if (!std::cout.flush()) throw catalogador::OutputFailed();
+        if (!std::cout.flush()) throw catalogador::script::OutputFailed();
     } catch (const std::exception& error) {
         std::cerr << "catalogador: " << error.what() << '\n';
         return catalogador::exitUnusable;

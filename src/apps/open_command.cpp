@@ -15,25 +15,25 @@ namespace catalogador {
 int openCommand(const Options& options) {
     const auto connection = openDatabase(options);
     tellWhenViewIsMissing(std::cerr, *connection, options);
-    std::unique_ptr<RealScreen> screen;
+    std::unique_ptr<desktop::RealScreen> screen;
     const Services services =
         servicesOf(options, [&screen](Window& window, int command, std::int32_t data) {
             screen->showHelp(window, command, data);
         });
-    screen = realScreen(services.language);
-    if (!options.fresh) screen->rememberSizes(windowMemoryOf(userOf(options)));
-    Transcript transcript(std::cout, options.trace);
-    TranscriptStatements statements(transcript);
+    screen = desktop::realScreen(services.language);
+    if (!options.fresh) screen->rememberSizes(services::windowMemoryOf(userOf(options)));
+    script::Transcript transcript(std::cout, options.trace);
+    script::TranscriptStatements statements(transcript);
     if (options.trace) connection->setListener(&statements);
-    TracedSurface surface(screen->surface(), transcript);
-    TracedUtilities utilities(*services.utilities, transcript, statements);
-    TracedAccess access(*services.access, transcript, statements);
-    SurfaceMessages messages(surface);
-    GridFileWriter gridFiles;
+    script::TracedSurface surface(screen->surface(), transcript);
+    script::TracedUtilities utilities(*services.utilities, transcript, statements);
+    script::TracedAccess access(*services.access, transcript, statements);
+    services::SurfaceMessages messages(surface);
+    exporting::GridFileWriter gridFiles;
     Host host{surface,   utilities,         messages,         access, *services.languages,
               gridFiles, screen->printer(), services.regional};
     const auto component = componentOf(host, options, services.language, *connection);
-    const Activation& activation = options.activation;
+    const script::Activation& activation = options.activation;
     component->ActivarABM(activation.view, activation.code, activation.value);
     return exitPlayed;
 }

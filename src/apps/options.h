@@ -37,7 +37,7 @@ struct Options {
     std::string database;
     std::string connectionString;
 
-    Activation activation;
+    script::Activation activation;
     std::int16_t company = 1;
     std::string appKey = "VEM04";
     std::optional<std::int16_t> language;

@@ -32,7 +32,7 @@ class PlayedHost {
           messages_(surface),
           connection_(connection),
           language_(services.language),
-          printer_(*fonts_, writePdf, transcript, answers),
+          printer_(*fonts_, pdf::writePdf, transcript, answers),
           host_{surface,    utilities_, messages_,         access_,       *services.languages,
                 gridFiles_, printer_,   services.regional, "Catalogador", &surface} {
         connection_.setListener(&statements_);
@@ -54,20 +54,20 @@ class PlayedHost {
         }
     }
 
-    Transcript transcript;
-    ScriptAnswers answers;
-    ScriptedSurface surface;
+    script::Transcript transcript;
+    script::ScriptAnswers answers;
+    script::ScriptedSurface surface;
 
   private:
-    TranscriptStatements statements_;
-    ScriptedUtilities utilities_;
-    TracedAccess access_;
-    SurfaceMessages messages_;
+    script::TranscriptStatements statements_;
+    script::ScriptedUtilities utilities_;
+    script::TracedAccess access_;
+    services::SurfaceMessages messages_;
     rdoConnection& connection_;
     std::int16_t language_;
-    GridFileWriter gridFiles_;
-    std::unique_ptr<FontMeasure> fonts_ = paperFonts();
-    ScriptedPrinter printer_;
+    exporting::GridFileWriter gridFiles_;
+    std::unique_ptr<FontMeasure> fonts_ = pdf::paperFonts();
+    script::ScriptedPrinter printer_;
     Host host_;
 };
 
@@ -82,16 +82,16 @@ std::unique_ptr<std::ifstream> openScript(const std::string& name) {
     return file;
 }
 
-std::unique_ptr<PlayedScreen> screenOf(const Options& options, const Services& services) {
-    if (options.surface == "wx") return realScreen(services.language);
-    return std::make_unique<WindowlessSurface>();
+std::unique_ptr<script::PlayedScreen> screenOf(const Options& options, const Services& services) {
+    if (options.surface == "wx") return desktop::realScreen(services.language);
+    return std::make_unique<script::WindowlessSurface>();
 }
 
 }  // namespace
 
 int runCommand(const Options& options) {
     const auto file = openScript(options.script);
-    Script script(file ? static_cast<std::istream&>(*file) : std::cin);
+    script::Script script(file ? static_cast<std::istream&>(*file) : std::cin);
     const auto connection = openDatabase(options);
     tellWhenViewIsMissing(std::cerr, *connection, options);
     const Services services = servicesOf(options);
@@ -99,20 +99,21 @@ int runCommand(const Options& options) {
     PlayedHost host(options, services, screen->surface(), *connection);
     const auto component = host.component(options);
     if (!component) return exitUnusable;
-    Player player({script, *screen, host.surface, host.transcript, host.answers,
-                   [&options] { return openOtherDesk(options); }, options.keepGoing, std::cerr});
+    script::Player player({script, *screen, host.surface, host.transcript, host.answers,
+                           [&options] { return openOtherDesk(options); }, options.keepGoing,
+                           std::cerr});
     return player.run(*component, options.activation);
 }
 
 int addCommand(const Options& options) {
     const auto connection = openDatabase(options);
     const Services services = servicesOf(options);
-    WindowlessSurface screen;
+    script::WindowlessSurface screen;
     PlayedHost host(options, services, screen, *connection);
     const auto component = host.component(options);
     if (!component) return exitUnusable;
-    host.transcript.print(addedEvent(*component, options.activation.view, options.sequence,
-                                     options.activation.value));
+    host.transcript.print(script::addedEvent(*component, options.activation.view, options.sequence,
+                                             options.activation.value));
     return exitPlayed;
 }
 

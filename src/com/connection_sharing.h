@@ -1,7 +1,7 @@
 #pragma once
 #include "com/automation/com_api.h"
 
-namespace catalogador {
+namespace catalogador::com {
 
 /// {61FA3CF1-995E-49BA-BC3B-39EF981E4878}
 constexpr IID IID_IConnectionSharing = {
@@ -16,4 +16,4 @@ struct IConnectionSharing : public IUnknown {
     virtual HRESULT STDMETHODCALLTYPE Detach() = 0;
 };
 
-}  // namespace catalogador
+}  // namespace catalogador::com

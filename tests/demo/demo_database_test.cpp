@@ -8,7 +8,7 @@
 #include "runtime/error.h"
 #include "runtime/text.h"
 
-namespace catalogador {
+namespace catalogador::demo {
 namespace {
 
 using Row = std::vector<Variant>;
@@ -168,4 +168,4 @@ TEST_F(DemoDatabase, StaysUntouchedWhenTheCodeListsAreMissing) {
 }
 
 }  // namespace
-}  // namespace catalogador
+}  // namespace catalogador::demo

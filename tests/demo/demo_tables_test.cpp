@@ -8,7 +8,7 @@
 #include "adapters/demo/demo.h"
 #include "runtime/error.h"
 
-namespace catalogador {
+namespace catalogador::demo {
 namespace {
 
 using Row = std::vector<Variant>;
@@ -172,4 +172,4 @@ TEST(DemoTables, NameTheFileThatIsDamaged) {
 }
 
 }  // namespace
-}  // namespace catalogador
+}  // namespace catalogador::demo

@@ -8,7 +8,7 @@
 
 #include "runtime/error.h"
 
-namespace catalogador {
+namespace catalogador::demo {
 namespace {
 
 using nlohmann::json;
@@ -113,4 +113,4 @@ TEST(DemoViews, GiveTheListsOfTheGridAsTextsOfEqualLength) {
 }
 
 }  // namespace
-}  // namespace catalogador
+}  // namespace catalogador::demo

@@ -2,7 +2,7 @@
 
 #include <gtest/gtest.h>
 
-namespace catalogador {
+namespace catalogador::demo {
 namespace {
 
 TEST(SqlLiteral, DoublesTheQuotesOfATextAndKeepsEverythingElse) {
@@ -42,4 +42,4 @@ TEST(InsertStatements, AreNoneForATableWithoutRows) {
 }
 
 }  // namespace
-}  // namespace catalogador
+}  // namespace catalogador::demo

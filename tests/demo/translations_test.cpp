@@ -8,7 +8,7 @@
 
 #include "runtime/error.h"
 
-namespace catalogador {
+namespace catalogador::demo {
 namespace {
 
 enum class ByteOrder { little, big };
@@ -95,4 +95,4 @@ TEST(Translations, OfAMissingFileTranslateNothing) {
 }
 
 }  // namespace
-}  // namespace catalogador
+}  // namespace catalogador::demo

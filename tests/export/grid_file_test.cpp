@@ -11,7 +11,7 @@
 #include "platform/controls/record_grid.h"
 #include "runtime/error.h"
 
-namespace catalogador {
+namespace catalogador::exporting {
 namespace {
 
 class GridFileTest : public testing::TestWithParam<int> {
@@ -214,4 +214,4 @@ TEST_P(GridFileTest, AGridWithoutRowsGivesTheHeader) {
 }
 
 }  // namespace
-}  // namespace catalogador
+}  // namespace catalogador::exporting

@@ -4,7 +4,7 @@
 
 #include "adapters/export/workbook_text.h"
 
-namespace catalogador {
+namespace catalogador::exporting {
 namespace {
 
 const Regional spanish{",", ".", DateOrder::dayMonthYear, "/"};
@@ -74,4 +74,4 @@ TEST(SheetName, IsCutAtACharacterToWhatASheetMayHold) {
 }
 
 }  // namespace
-}  // namespace catalogador
+}  // namespace catalogador::exporting

@@ -9,7 +9,7 @@
 #include "adapters/export/grid_file_writer.h"
 #include "platform/controls/record_grid.h"
 
-namespace catalogador {
+namespace catalogador::exporting {
 namespace {
 
 class WorkbookCheckTest : public testing::Test {
@@ -54,4 +54,4 @@ TEST_F(WorkbookCheckTest, AByteThatChangedIsNoticed) {
 }
 
 }  // namespace
-}  // namespace catalogador
+}  // namespace catalogador::exporting

@@ -12,7 +12,7 @@
 #include "platform/controls/record_grid.h"
 #include "runtime/error.h"
 
-namespace catalogador {
+namespace catalogador::exporting {
 namespace {
 
 /// Workbooks as another program reads them.
@@ -184,4 +184,4 @@ TEST_F(WorkbookTest, MoreRowsThanASheetHasAreRefusedUnlessHidden) {
 }
 
 }  // namespace
-}  // namespace catalogador
+}  // namespace catalogador::exporting

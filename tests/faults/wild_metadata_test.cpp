@@ -11,7 +11,7 @@ namespace {
 class WildMetadata : public testing::Test {
   protected:
     WildMetadata() {
-        for (const std::string& sql : schemaStatementList(SchemaDialect::sqlite))
+        for (const std::string& sql : schema::schemaStatementList(schema::SchemaDialect::sqlite))
             desk_.connection().session()->run(sql);
         run("Insert Into Catalogador (ABMIDFormVista, ABMTitulo, ABMNombreVista, ABMConsulta, "
             "ABMColumnasNombre, ABMColumnasAncho, ABMColumnasAlineacion, ABMAnchoForm) Values (7, "

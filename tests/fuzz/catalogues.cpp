@@ -14,7 +14,7 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* bytes, std::size_t siz
     const int file = memfd_create("catalogue", 0);
     if (file < 0 || write(file, bytes, size) != static_cast<ssize_t>(size)) std::abort();
     try {
-        readPoFile("/proc/self/fd/" + std::to_string(file));
+        languages::readPoFile("/proc/self/fd/" + std::to_string(file));
     } catch (const RuntimeError& error) {
         if (error.number() != error_number::cannotCreateObject) throw;
     }

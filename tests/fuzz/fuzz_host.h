@@ -11,7 +11,7 @@
 namespace catalogador::fuzz {
 
 /// A desk without a window whose user answers as the bytes say.
-class FuzzSurface : public WindowlessSurface {
+class FuzzSurface : public script::WindowlessSurface {
   public:
     explicit FuzzSurface(FuzzedDataProvider& data) : data_(data) {}
     int messageBox(const std::string&, int, const std::string&) override {
@@ -35,7 +35,7 @@ struct FuzzHost {
 
     FuzzSurface surface;
     FuzzUtilities utilities;
-    SurfaceMessages messages{surface};
+    services::SurfaceMessages messages{surface};
     PlainAccess access;
     PlainLanguages languages;
     PlainGridFiles gridFiles;

@@ -23,21 +23,22 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* bytes, std::size_t siz
     fuzz::FuzzConnection connection(data);
     std::ostringstream out;
     std::ostringstream complaints;
-    Transcript transcript(out, true);
-    ScriptAnswers answers;
-    ScriptedSurface surface(desk.surface, transcript, answers);
-    SurfaceMessages messages(surface);
-    TranscriptStatements statements(transcript);
-    ScriptedUtilities utilities(desk.utilities, transcript, statements, answers);
+    script::Transcript transcript(out, true);
+    script::ScriptAnswers answers;
+    script::ScriptedSurface surface(desk.surface, transcript, answers);
+    services::SurfaceMessages messages(surface);
+    script::TranscriptStatements statements(transcript);
+    script::ScriptedUtilities utilities(desk.utilities, transcript, statements, answers);
     Host host{surface,        utilities,    messages,   desk.access, desk.languages,
               desk.gridFiles, desk.printer, Regional{}, "Fuzz",      &surface};
     clsCatalogador component(host);
     component.Coneccion(&connection);
     component.Empresa(1);
     component.AppKey("VEM04");
-    Script script(lines);
-    Player player({script, desk.surface, surface, transcript, answers,
-                   [&] { return std::make_unique<fuzz::FuzzConnection>(data); }, true, complaints});
+    script::Script script(lines);
+    script::Player player({script, desk.surface, surface, transcript, answers,
+                           [&] { return std::make_unique<fuzz::FuzzConnection>(data); }, true,
+                           complaints});
     player.run(component, {1, 0, ""});
     return 0;
 }

@@ -8,7 +8,7 @@
 
 #include "runtime/error.h"
 
-namespace catalogador {
+namespace catalogador::help {
 namespace {
 
 constexpr int spanish = 1;
@@ -128,4 +128,4 @@ TEST(HelpPages, AMissingContentsPageIsAnErrorWhenItIsAskedFor) {
     EXPECT_THROW((void)few.page(helpContext, 8, spanish), RuntimeError);
 }
 
-}  // namespace catalogador
+}  // namespace catalogador::help

@@ -14,7 +14,7 @@
 #include "adapters/languages/po_file.h"
 #include "runtime/text.h"
 
-namespace catalogador {
+namespace catalogador::help {
 namespace {
 
 namespace fs = std::filesystem;
@@ -31,7 +31,8 @@ class HelpTexts : public ::testing::TestWithParam<Language> {
   protected:
     [[nodiscard]] static fs::path folder() { return fs::path(HELP_FOLDER) / GetParam().folder; }
     [[nodiscard]] static std::map<std::string, std::string> catalogue() {
-        return readPoFile(std::string(LANGUAGES_FOLDER) + "/" + GetParam().catalogue + ".po");
+        return languages::readPoFile(std::string(LANGUAGES_FOLDER) + "/" + GetParam().catalogue +
+                                     ".po");
     }
 };
 
@@ -214,4 +215,4 @@ INSTANTIATE_TEST_SUITE_P(Languages, HelpTexts,
                                            Language{3, "pt", "LNG_QTX_003"}),
                          [](const auto& tested) { return std::string(tested.param.folder); });
 
-}  // namespace catalogador
+}  // namespace catalogador::help

@@ -10,7 +10,7 @@
 #include "platform/language.h"
 #include "runtime/error.h"
 
-namespace catalogador {
+namespace catalogador::languages {
 namespace {
 
 using Texts = std::map<std::string, std::string>;
@@ -142,4 +142,4 @@ TEST_F(PoFileTest, ALibraryWhoseFileIsBrokenIsNotCreated) {
 }
 
 }  // namespace
-}  // namespace catalogador
+}  // namespace catalogador::languages

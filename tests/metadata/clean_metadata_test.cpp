@@ -31,10 +31,10 @@ void expectNothing(const std::vector<checks::Finding>& findings) {
 TEST_P(CleanMetadata, OfTheDemonstrationGivesNoFinding) {
     const auto database = test::MetadataDatabase::createEmpty(kind_);
     if (!database) GTEST_SKIP() << "There is no server";
-    DemoOptions options;
+    demo::DemoOptions options;
     options.userName = "ana";
     options.dialect = database->dialect();
-    writeDemo(database->connection(), options);
+    demo::writeDemo(database->connection(), options);
     checks::CheckOptions wanted;
     wanted.helpPages = std::set<std::int64_t>{10, 11, 12, 13, 14, 15, 16};
     wanted.textWidth = [](std::string_view text) {
@@ -61,7 +61,7 @@ std::vector<std::string> exampleOfThePage() {
 TEST_P(CleanMetadata, OfTheExampleOnThePageGivesNoFinding) {
     const auto database = test::MetadataDatabase::createEmpty(kind_);
     if (!database) GTEST_SKIP() << "There is no server";
-    database->run(schemaStatementList(database->dialect()));
+    database->run(schema::schemaStatementList(database->dialect()));
     const auto statements = exampleOfThePage();
     ASSERT_EQ(statements.size(), 5U);
     database->run(statements);

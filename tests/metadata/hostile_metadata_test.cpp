@@ -104,12 +104,12 @@ class HostileServer : public testing::TestWithParam<std::string> {
     std::string contents() {
         rdoSession& session = *database_->connection().session();
         std::string text;
-        for (const auto& table :
-             session.query("Select table_name From information_schema.tables Where table_schema "
-                           "In ('public', " +
-                           std::string(database_->dialect() == SchemaDialect::mariadb ? "Database()"
-                                                                                      : "'none'") +
-                           ") Order By table_name")) {
+        for (const auto& table : session.query(
+                 "Select table_name From information_schema.tables Where table_schema "
+                 "In ('public', " +
+                 std::string(database_->dialect() == schema::SchemaDialect::mariadb ? "Database()"
+                                                                                    : "'none'") +
+                 ") Order By table_name")) {
             const std::string name = toText(table[0], Regional{});
             text += name + "\n";
             for (const auto& row : session.query("Select * From " + name)) {
@@ -138,7 +138,7 @@ TEST_P(HostileServer, IsLeftAsItWas) {
 }
 
 TEST_P(HostileServer, RunsNoFunctionThatWrites) {
-    const bool mariadb = database_->dialect() == SchemaDialect::mariadb;
+    const bool mariadb = database_->dialect() == schema::SchemaDialect::mariadb;
     database_->run(mariadb ? "Create Function plant() Returns Integer Begin Insert Into genListas "
                              "(LisIDLista, LisIDClave) Values (9, 9); Return 1; End"
                            : "Create Function plant() Returns Integer As 'Insert Into genListas "
@@ -148,7 +148,7 @@ TEST_P(HostileServer, RunsNoFunctionThatWrites) {
 
 TEST_P(HostileServer, DrawsFromNoSequenceAndWritesNoFile) {
     database_->run("Create Sequence drawn");
-    const bool mariadb = database_->dialect() == SchemaDialect::mariadb;
+    const bool mariadb = database_->dialect() == schema::SchemaDialect::mariadb;
     expectUnchanged(mariadb ? "Select Nextval(drawn), 2" : "Select Nextval('drawn'), 2");
     if (!mariadb)
         expectUnchanged(

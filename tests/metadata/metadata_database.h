@@ -24,7 +24,7 @@ class MetadataDatabase {
     [[nodiscard]] rdoConnection& connection() { return *connection_; }
     /// The connection that is checked; nothing else is done with it.
     [[nodiscard]] rdoConnection& checked() { return *checked_; }
-    [[nodiscard]] SchemaDialect dialect() const { return dialect_; }
+    [[nodiscard]] schema::SchemaDialect dialect() const { return dialect_; }
     /// The file of a SQLite database.
     [[nodiscard]] std::filesystem::path file() const { return folder_ / "metadata.db"; }
 
@@ -38,7 +38,7 @@ class MetadataDatabase {
   private:
     MetadataDatabase() = default;
 
-    SchemaDialect dialect_ = SchemaDialect::sqlite;
+    schema::SchemaDialect dialect_ = schema::SchemaDialect::sqlite;
     std::filesystem::path folder_;
     std::string server_;
     std::string name_;

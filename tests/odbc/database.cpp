@@ -72,9 +72,10 @@ std::unique_ptr<TestedConnection> RdoTest::connect(const sql::Timeouts& timeouts
         odbc::OdbcConnection::open(connectionString_ + options, timeouts, defences);
 #ifdef _WIN32
     if (GetParam().automation) {
-        AutomationObject object(ComPtr<IDispatch>::owning(new ConnectionObject(odbc)));
+        com::AutomationObject object(
+            com::ComPtr<IDispatch>::owning(new com::ConnectionObject(odbc)));
         return std::make_unique<TestedConnection>(
-            odbc, std::make_unique<AutomationConnection>(std::move(object)));
+            odbc, std::make_unique<com::AutomationConnection>(std::move(object)));
     }
 #endif
     return std::make_unique<TestedConnection>(odbc);

@@ -63,7 +63,7 @@ class PdfWriterTest : public testing::Test {
     }
 
     std::filesystem::path folder_;
-    PangoFonts fonts_;
+    pdf::PangoFonts fonts_;
     vsPrinter printer_{fonts_, {}};
 };
 
@@ -72,7 +72,7 @@ TEST_F(PdfWriterTest, OtherProgramsReadPagesTitleAndEveryText) {
     for (const int rows : {1, 130, 10700}) {
         const PrintedDocument& document = printed(rows);
         counts.push_back(printer_.pageCount());
-        writePdf(document, path("list.pdf"));
+        pdf::writePdf(document, path("list.pdf"));
         const std::string info = outputOf("pdfinfo " + path("list.pdf"));
         const std::string count = std::to_string(document.pages.size());
         EXPECT_NE(info.find("Title:           Subdivisiones"), std::string::npos) << info;
@@ -105,7 +105,7 @@ TEST_F(PdfWriterTest, BytesThatAreNoTextArePrintedAsReplacementSigns) {
     printer_.startDocument("Subdivisi\xF3n");
     printer_.renderGrid(grid);
     printer_.endDocument();
-    writePdf(printer_.document(), path("list.pdf"));
+    pdf::writePdf(printer_.document(), path("list.pdf"));
     const std::string text = outputOf("pdftotext -layout " + path("list.pdf") + " -");
     for (const char* printed : {"C\uFFFDdigo", "Espa\uFFFDa", "\uFFFD\uFFFD\n", "\uFFFD\uFFFD fin",
                                 "entero", "Subdivisi\uFFFDn"})
@@ -113,7 +113,7 @@ TEST_F(PdfWriterTest, BytesThatAreNoTextArePrintedAsReplacementSigns) {
 }
 
 TEST_F(PdfWriterTest, AFolderThatIsMissingIsSaidAndNothingIsLeft) {
-    EXPECT_THROW(writePdf(printed(1), path("missing/list.pdf")), RuntimeError);
+    EXPECT_THROW(pdf::writePdf(printed(1), path("missing/list.pdf")), RuntimeError);
     EXPECT_TRUE(std::filesystem::is_empty(folder_));
 }
 
@@ -125,7 +125,7 @@ TEST_F(PdfWriterTest, WhenTheDiskIsFullTheEarlierFileStaysAndNothingElse) {
     auto* const handled = std::signal(SIGXFSZ, SIG_IGN);
     const struct rlimit small { 4096, before.rlim_max };
     ASSERT_EQ(setrlimit(RLIMIT_FSIZE, &small), 0);
-    EXPECT_THROW(writePdf(document, path("list.pdf")), RuntimeError);
+    EXPECT_THROW(pdf::writePdf(document, path("list.pdf")), RuntimeError);
     setrlimit(RLIMIT_FSIZE, &before);
     std::signal(SIGXFSZ, handled);
     std::string content;
@@ -136,7 +136,7 @@ TEST_F(PdfWriterTest, WhenTheDiskIsFullTheEarlierFileStaysAndNothingElse) {
 
 TEST_F(PdfWriterTest, AnEarlierFileIsReplaced) {
     std::ofstream(path("list.pdf")) << "earlier";
-    writePdf(printed(1), path("list.pdf"));
+    pdf::writePdf(printed(1), path("list.pdf"));
     std::string start(5, ' ');
     std::ifstream(path("list.pdf")).read(start.data(), 5);
     EXPECT_EQ(start, "%PDF-");

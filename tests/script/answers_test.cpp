@@ -4,7 +4,7 @@
 
 #include "platform/services.h"
 
-namespace catalogador {
+namespace catalogador::script {
 namespace {
 
 TEST(ScriptAnswers, NoticesAreAcknowledgedAndUseUpNoAnswer) {
@@ -49,4 +49,4 @@ TEST(ScriptAnswers, PrintDialogGivesTheLastPrinterOnce) {
 }
 
 }  // namespace
-}  // namespace catalogador
+}  // namespace catalogador::script

@@ -9,7 +9,7 @@
 #include "plain_services.h"
 #include "small_window.h"
 
-namespace catalogador {
+namespace catalogador::script {
 namespace {
 
 /// A screen that shows something else than the model says while `differs` is set.
@@ -214,4 +214,4 @@ TEST_F(PlayerTest, ADifferenceIsToldAndChangesTheStatus) {
 }
 
 }  // namespace
-}  // namespace catalogador
+}  // namespace catalogador::script

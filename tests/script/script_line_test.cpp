@@ -6,7 +6,7 @@
 #include <functional>
 #include <sstream>
 
-namespace catalogador {
+namespace catalogador::script {
 namespace {
 
 std::string refusalOf(const std::function<void()>& body) {
@@ -89,4 +89,4 @@ TEST(ScriptArguments, QuotedWordIsNoKeyword) {
 }
 
 }  // namespace
-}  // namespace catalogador
+}  // namespace catalogador::script

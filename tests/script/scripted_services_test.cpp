@@ -9,7 +9,7 @@
 #include "plain_services.h"
 #include "small_window.h"
 
-namespace catalogador {
+namespace catalogador::script {
 namespace {
 
 class ScriptedServices : public testing::Test {
@@ -64,4 +64,4 @@ TEST_F(ScriptedServices, TraceQuestionsAboutRights) {
 }
 
 }  // namespace
-}  // namespace catalogador
+}  // namespace catalogador::script

@@ -10,7 +10,7 @@
 #include "form/frmCatalogador.h"
 #include "plain_services.h"
 
-namespace catalogador {
+namespace catalogador::script {
 namespace {
 
 class StateOfForm : public testing::Test {
@@ -186,4 +186,4 @@ TEST_F(PrintedRows, EndWithTheLastRow) {
 }
 
 }  // namespace
-}  // namespace catalogador
+}  // namespace catalogador::script

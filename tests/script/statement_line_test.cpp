@@ -6,7 +6,7 @@
 
 #include "adapters/odbc/odbc_connection.h"
 
-namespace catalogador {
+namespace catalogador::script {
 namespace {
 
 class StatementLine : public testing::Test {
@@ -61,4 +61,4 @@ TEST_F(StatementLine, AConnectionThatFailsIsTold) {
 }
 
 }  // namespace
-}  // namespace catalogador
+}  // namespace catalogador::script

@@ -7,7 +7,7 @@
 #include "platform/services.h"
 #include "small_window.h"
 
-namespace catalogador {
+namespace catalogador::script {
 namespace {
 
 class ScriptedScreen : public testing::Test {
@@ -87,4 +87,4 @@ TEST(WindowlessSurface, AnswersWithTheDefaultButton) {
 }
 
 }  // namespace
-}  // namespace catalogador
+}  // namespace catalogador::script

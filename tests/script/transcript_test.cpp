@@ -4,7 +4,7 @@
 
 #include <sstream>
 
-namespace catalogador {
+namespace catalogador::script {
 namespace {
 
 TEST(Transcript, PrintsOneLineAnEventWithItsKeysInOrder) {
@@ -80,4 +80,4 @@ TEST(TranscriptStatements, AreQuietWhileAServiceWorks) {
 }
 
 }  // namespace
-}  // namespace catalogador
+}  // namespace catalogador::script

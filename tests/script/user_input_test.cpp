@@ -8,7 +8,7 @@
 #include "platform/controls/keys.h"
 #include "small_window.h"
 
-namespace catalogador {
+namespace catalogador::script {
 namespace {
 
 class UserInput : public testing::Test {
@@ -174,4 +174,4 @@ TEST_F(UserInput, ADisabledGridTakesNoClick) {
 }
 
 }  // namespace
-}  // namespace catalogador
+}  // namespace catalogador::script

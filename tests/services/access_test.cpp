@@ -3,7 +3,7 @@
 #include "runtime/error.h"
 #include "service_database.h"
 
-namespace catalogador {
+namespace catalogador::services {
 namespace {
 
 class Access : public test::ServiceDatabase {
@@ -93,4 +93,4 @@ TEST_F(Access, DoesNotShowItsStatementsToTheListener) {
 }
 
 }  // namespace
-}  // namespace catalogador
+}  // namespace catalogador::services

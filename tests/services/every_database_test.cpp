@@ -9,7 +9,7 @@
 #include "adapters/services/utilities.h"
 #include "database.h"
 
-namespace catalogador {
+namespace catalogador::services {
 namespace {
 
 /// The services' tables have fixed names, so that tests of one server must not run side by side.
@@ -214,4 +214,4 @@ TEST_P(ServicesOn, GivesRightsByParametersOnly) {
 }
 
 }  // namespace
-}  // namespace catalogador
+}  // namespace catalogador::services

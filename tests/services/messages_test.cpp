@@ -6,7 +6,7 @@
 
 #include "platform/controls/command_bars.h"
 
-namespace catalogador {
+namespace catalogador::services {
 namespace {
 
 /// Only the boxes are of interest here.
@@ -65,4 +65,4 @@ TEST(SurfaceMessages, ShowsErrorsWithDetailContextAndTask) {
 }
 
 }  // namespace
-}  // namespace catalogador
+}  // namespace catalogador::services

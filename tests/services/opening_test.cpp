@@ -7,7 +7,7 @@
 #include "runtime/error.h"
 #include "service_database.h"
 
-namespace catalogador {
+namespace catalogador::services {
 namespace {
 
 class Opening : public testing::Test {
@@ -69,4 +69,4 @@ TEST_F(Opening, RaisesWhereThereIsNoDesktop) {
 }
 
 }  // namespace
-}  // namespace catalogador
+}  // namespace catalogador::services

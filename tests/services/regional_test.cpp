@@ -5,7 +5,7 @@
 #include "runtime/error.h"
 #include "service_database.h"
 
-namespace catalogador {
+namespace catalogador::services {
 namespace {
 
 TEST(RegionalOf, KnowsCommonLocalesEvenWhereTheyAreNotInstalled) {
@@ -58,4 +58,4 @@ TEST(RegionalOf, LeavesTheLocaleOfTheProcessAlone) {
 }
 
 }  // namespace
-}  // namespace catalogador
+}  // namespace catalogador::services

@@ -7,7 +7,7 @@
 #include "runtime/error.h"
 #include "service_database.h"
 
-namespace catalogador {
+namespace catalogador::services {
 namespace {
 
 class ProximoCodigo : public test::ServiceDatabase {
@@ -124,4 +124,4 @@ TEST_F(ProximoCodigo, GivesEveryProcessItsOwnCodes) {
 }
 
 }  // namespace
-}  // namespace catalogador
+}  // namespace catalogador::services

@@ -5,7 +5,7 @@
 #include "runtime/error.h"
 #include "service_database.h"
 
-namespace catalogador {
+namespace catalogador::services {
 namespace {
 
 std::time_t secondsOf(const Date& date) {
@@ -52,4 +52,4 @@ TEST_F(FechaServidor, GoesOnBetweenTwoQuestions) {
 }
 
 }  // namespace
-}  // namespace catalogador
+}  // namespace catalogador::services

@@ -59,7 +59,7 @@ class ServiceDatabase : public testing::Test {
 
     TemporaryFolder folder_;
     std::unique_ptr<odbc::OdbcConnection> connection_;
-    Utilities utilities_{Settings("", {}), Regional{}, "/opt/program", nullptr};
+    services::Utilities utilities_{services::Settings("", {}), Regional{}, "/opt/program", nullptr};
 };
 
 }  // namespace catalogador::test

@@ -4,7 +4,7 @@
 
 #include "service_database.h"
 
-namespace catalogador {
+namespace catalogador::services {
 namespace {
 
 class SettingsFile : public testing::Test {
@@ -59,4 +59,4 @@ TEST(SettingsDefaultFile, StandsInTheUsersConfigurationFolder) {
 }
 
 }  // namespace
-}  // namespace catalogador
+}  // namespace catalogador::services

@@ -9,7 +9,7 @@
 #include "adapters/system/paths.h"
 #include "runtime/error.h"
 
-namespace catalogador {
+namespace catalogador::services {
 namespace {
 
 Utilities utilitiesWith(const std::map<std::string, std::string>& settings) {
@@ -67,4 +67,4 @@ TEST(Utilities, HandsHelpToTheViewerAndRaisesWithoutOne) {
 }
 
 }  // namespace
-}  // namespace catalogador
+}  // namespace catalogador::services

@@ -8,7 +8,7 @@
 
 #include "temporary_file.h"
 
-namespace catalogador {
+namespace catalogador::services {
 namespace {
 
 class RememberedSizes : public testing::Test {
@@ -61,4 +61,4 @@ TEST_F(RememberedSizes, AreForgottenWhereNothingCanBeWritten) {
 }
 
 }  // namespace
-}  // namespace catalogador
+}  // namespace catalogador::services

@@ -11,7 +11,7 @@ namespace catalogador::test {
 int YesSurface::messageBox(const std::string& text, int style, const std::string& title) {
     if (style != styleExclamation) return answerYes;
     told.push_back(text);
-    return WindowlessSurface::messageBox(text, style, title);
+    return script::WindowlessSurface::messageBox(text, style, title);
 }
 
 void YesSurface::errorBox(const ErrorNotice& error) {

@@ -14,7 +14,7 @@
 namespace catalogador::test {
 
 /// A user who answers Yes to every question and remembers what else was said.
-class YesSurface : public WindowlessSurface {
+class YesSurface : public script::WindowlessSurface {
   public:
     int messageBox(const std::string& text, int style, const std::string& title) override;
     void errorBox(const ErrorNotice& error) override;
@@ -42,8 +42,8 @@ class Desk {
   private:
     std::unique_ptr<rdoConnection> connection_;
     YesSurface surface_;
-    Utilities utilities_{Settings("", {}), Regional{}, "", nullptr};
-    SurfaceMessages messages_{surface_};
+    services::Utilities utilities_{services::Settings("", {}), Regional{}, "", nullptr};
+    services::SurfaceMessages messages_{surface_};
     PlainAccess access_;
     PlainLanguages languages_;
     PlainGridFiles gridFiles_;

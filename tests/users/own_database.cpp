@@ -108,7 +108,8 @@ std::unique_ptr<OwnDatabase> OwnDatabase::create(const std::string& kind) {
     std::unique_ptr<OwnDatabase> database(new OwnDatabase());
     if (!database->prepare(kind)) return nullptr;
     const std::string dialect = kind == "galera" ? "mariadb" : kind.substr(0, kind.find('-'));
-    std::vector<std::string> statements = schemaStatementList(dialectFromName(dialect).value());
+    std::vector<std::string> statements =
+        schema::schemaStatementList(schema::dialectFromName(dialect).value());
     for (std::string& sql : contents()) statements.push_back(std::move(sql));
     run(database->connectionStrings().front(), statements);
     return database;

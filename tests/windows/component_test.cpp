@@ -35,7 +35,7 @@ class Component : public testing::Test {
     void connect(IDispatch* connection, const char* key = "VEM04") {
         EXPECT_EQ(component_->putref_Coneccion(connection), S_OK);
         EXPECT_EQ(component_->put_Empresa(1), S_OK);
-        BSTR made = newText(key);
+        BSTR made = com::newText(key);
         EXPECT_EQ(component_->put_AppKey(made), S_OK);
         SysFreeString(made);
         EXPECT_EQ(component_->put_Idioma(1), S_OK);
@@ -47,19 +47,19 @@ class Component : public testing::Test {
     }
 
     Apartment apartment_;
-    ComPtr<_clsCatalogador> component_;
+    com::ComPtr<com::_clsCatalogador> component_;
     std::vector<VARIANT> given_;
 };
 
 TEST_F(Component, CountsItsReferencesToTheLastRelease) {
     EXPECT_EQ(component_->AddRef(), 2U);
     EXPECT_EQ(component_->Release(), 1U);
-    ComPtr<ISupportErrorInfo> errors;
+    com::ComPtr<ISupportErrorInfo> errors;
     ASSERT_EQ(component_->QueryInterface(IID_ISupportErrorInfo, errors.putVoid()), S_OK);
     EXPECT_EQ(component_->AddRef(), 3U);
     EXPECT_EQ(component_->Release(), 2U);
-    ComPtr<IUnknown> one;
-    ComPtr<IUnknown> other;
+    com::ComPtr<IUnknown> one;
+    com::ComPtr<IUnknown> other;
     errors->QueryInterface(IID_IUnknown, one.putVoid());
     component_->QueryInterface(IID_IUnknown, other.putVoid());
     EXPECT_EQ(one.get(), other.get());
@@ -106,7 +106,7 @@ TEST_F(Component, GivesNoInterfaceThatItLacksAndTakesNoNullPointer) {
 }
 
 TEST_F(Component, IsFoundByTheNamesOfItsMembersInAnyCase) {
-    const AutomationObject object(ComPtr<IDispatch>::sharing(component_.get()));
+    const com::AutomationObject object(com::ComPtr<IDispatch>::sharing(component_.get()));
     EXPECT_EQ(object.idOf(L"coneccion"), coneccion);
     EXPECT_EQ(object.idOf(L"EMPRESA"), empresa);
     EXPECT_EQ(object.idOf(L"AppKey"), member_id::appKey);
@@ -118,7 +118,7 @@ TEST_F(Component, IsFoundByTheNamesOfItsMembersInAnyCase) {
     UINT count = 0;
     EXPECT_EQ(component_->GetTypeInfoCount(&count), S_OK);
     EXPECT_EQ(count, 1U);
-    ComPtr<ITypeInfo> type;
+    com::ComPtr<ITypeInfo> type;
     EXPECT_EQ(component_->GetTypeInfo(0, 0, type.put()), S_OK);
     EXPECT_EQ(component_->GetTypeInfo(1, 0, type.put()), DISP_E_BADINDEX);
 }
@@ -150,13 +150,14 @@ TEST_F(Component, ArgumentsOfTheWrongTypeAreErrors) {
     // An object without the members of a connection is none.
     const Outcome noConnection = call(coneccion, DISPATCH_PROPERTYPUTREF, {object});
     EXPECT_EQ(noConnection.result, DISP_E_EXCEPTION);
-    EXPECT_EQ(noConnection.info.scode, resultOf(error_number::typeMismatch));
-    EXPECT_EQ(component_->putref_Coneccion(component_.get()), resultOf(error_number::typeMismatch));
-    ComPtr<IErrorInfo> info;
+    EXPECT_EQ(noConnection.info.scode, com::resultOf(error_number::typeMismatch));
+    EXPECT_EQ(component_->putref_Coneccion(component_.get()),
+              com::resultOf(error_number::typeMismatch));
+    com::ComPtr<IErrorInfo> info;
     ASSERT_EQ(GetErrorInfo(0, info.put()), S_OK);
     BSTR description = nullptr;
     info->GetDescription(&description);
-    EXPECT_NE(textOf(description).find("OpenResultset"), std::string::npos);
+    EXPECT_NE(com::textOf(description).find("OpenResultset"), std::string::npos);
     SysFreeString(description);
 }
 
@@ -266,12 +267,12 @@ TEST_F(Component, ErrorsOfAConnectionAreShownAndLeaveTheResult) {
 TEST(ClassObject, IsGivenForTheOneClassAndMakesNoPartsOfOthers) {
     const Apartment apartment;
     const auto get = exported<HRESULT(WINAPI*)(REFCLSID, REFIID, void**)>("DllGetClassObject");
-    ComPtr<IClassFactory> factory;
+    com::ComPtr<IClassFactory> factory;
     EXPECT_EQ(get(IID_NULL, IID_IClassFactory, factory.putVoid()), CLASS_E_CLASSNOTAVAILABLE);
-    EXPECT_EQ(get(CLSID_clsCatalogador, IID_IClassFactory, nullptr), E_POINTER);
-    ASSERT_EQ(get(CLSID_clsCatalogador, IID_IClassFactory, factory.putVoid()), S_OK);
+    EXPECT_EQ(get(com::CLSID_clsCatalogador, IID_IClassFactory, nullptr), E_POINTER);
+    ASSERT_EQ(get(com::CLSID_clsCatalogador, IID_IClassFactory, factory.putVoid()), S_OK);
     EXPECT_EQ(canUnload(), S_FALSE);
-    ComPtr<IUnknown> object;
+    com::ComPtr<IUnknown> object;
     EXPECT_EQ(factory->CreateInstance(factory.get(), IID_IUnknown, object.putVoid()),
               CLASS_E_NOAGGREGATION);
     EXPECT_EQ(factory->CreateInstance(nullptr, IID_IPersist, object.putVoid()), E_NOINTERFACE);
@@ -279,7 +280,7 @@ TEST(ClassObject, IsGivenForTheOneClassAndMakesNoPartsOfOthers) {
     EXPECT_EQ(factory->LockServer(TRUE), S_OK);
     factory.reset();
     EXPECT_EQ(canUnload(), S_FALSE);
-    ASSERT_EQ(get(CLSID_clsCatalogador, IID_IClassFactory, factory.putVoid()), S_OK);
+    ASSERT_EQ(get(com::CLSID_clsCatalogador, IID_IClassFactory, factory.putVoid()), S_OK);
     EXPECT_EQ(factory->LockServer(FALSE), S_OK);
     factory.reset();
     EXPECT_EQ(canUnload(), S_OK);

@@ -63,7 +63,7 @@ void setClassIdAt(const wchar_t* key, const std::wstring& classId) {
 }
 
 /// A language library of another maker: it has no text, and keeps what it is told.
-class WordlessLibrary : public LateBoundObject {
+class WordlessLibrary : public com::LateBoundObject {
   public:
     static inline VARTYPE secondaryType = VT_EMPTY;
     static inline int secondary = -1;
@@ -75,16 +75,17 @@ class WordlessLibrary : public LateBoundObject {
             secondaryType = parameters->rgvarg[0].vt;
             secondary = parameters->rgvarg[0].bVal;
         }
-        return LateBoundObject::Invoke(member, iid, locale, kind, parameters, result, info, wrong);
+        return com::LateBoundObject::Invoke(member, iid, locale, kind, parameters, result, info,
+                                            wrong);
     }
 
   protected:
-    [[nodiscard]] const std::vector<LateBoundMember>& members() const override {
-        static const std::vector<LateBoundMember> all{{L"IDAppName", 1}, {L"IDSLng", 2}};
+    [[nodiscard]] const std::vector<com::LateBoundMember>& members() const override {
+        static const std::vector<com::LateBoundMember> all{{L"IDAppName", 1}, {L"IDSLng", 2}};
         return all;
     }
     [[nodiscard]] std::string sourceName() const override { return "Wordless"; }
-    AutomationValue invoke(DISPID, const Arguments&) override { return {}; }
+    com::AutomationValue invoke(DISPID, const com::Arguments&) override { return {}; }
 };
 
 class WordlessFactory : public IClassFactory {
@@ -98,7 +99,7 @@ class WordlessFactory : public IClassFactory {
     ULONG STDMETHODCALLTYPE AddRef() override { return 2; }
     ULONG STDMETHODCALLTYPE Release() override { return 1; }
     HRESULT STDMETHODCALLTYPE CreateInstance(IUnknown*, REFIID iid, void** object) override {
-        const auto library = ComPtr<IDispatch>::owning(new WordlessLibrary);
+        const auto library = com::ComPtr<IDispatch>::owning(new WordlessLibrary);
         return library->QueryInterface(iid, object);
     }
     HRESULT STDMETHODCALLTYPE LockServer(BOOL) override { return S_OK; }
@@ -140,7 +141,7 @@ TEST(Creation, AThousandObjectsLeaveNothingBehind) {
         for (int round = 0; round < count; ++round) {
             const auto component = createdComponent();
             component->putref_Coneccion(connection.object().get());
-            BSTR key = newText("VEM04");
+            BSTR key = com::newText("VEM04");
             component->put_AppKey(key);
             SysFreeString(key);
             SHORT view = 0;
@@ -149,8 +150,8 @@ TEST(Creation, AThousandObjectsLeaveNothingBehind) {
             VARIANT_BOOL shown = VARIANT_TRUE;
             ASSERT_EQ(component->ActivarABM(&view, &code, &none, &shown), S_OK);
             SHORT target = 1;
-            BSTR sequence = newText("x");
-            BSTR known = newText("AD");
+            BSTR sequence = com::newText("x");
+            BSTR known = com::newText("AD");
             BYTE result = 9;
             ASSERT_EQ(component->AddNew(&target, &sequence, &known, &result), S_OK);
             ASSERT_EQ(result, 0);
@@ -196,21 +197,22 @@ TEST(Creation, IsRefusedWithTheStatedErrorWhenTheTextsAreMissing) {
     ASSERT_FALSE(library.empty());
     setClassIdAt(key, L"{00000000-0000-0000-0000-000000000001}");
     BoxCloser boxes;
-    ComPtr<_clsCatalogador> component;
-    const HRESULT result = CoCreateInstance(CLSID_clsCatalogador, nullptr, CLSCTX_INPROC_SERVER,
-                                            IID__clsCatalogador, component.putVoid());
-    ComPtr<IErrorInfo> info;
+    com::ComPtr<com::_clsCatalogador> component;
+    const HRESULT result =
+        CoCreateInstance(com::CLSID_clsCatalogador, nullptr, CLSCTX_INPROC_SERVER,
+                         com::IID__clsCatalogador, component.putVoid());
+    com::ComPtr<IErrorInfo> info;
     const HRESULT told = GetErrorInfo(0, info.put());
     setClassIdAt(key, library);
-    EXPECT_EQ(result, resultOf(9000));
+    EXPECT_EQ(result, com::resultOf(9000));
     EXPECT_FALSE(component);
     ASSERT_EQ(told, S_OK);
     BSTR source = nullptr;
     BSTR description = nullptr;
     info->GetSource(&source);
     info->GetDescription(&description);
-    EXPECT_EQ(textOf(source), "ObjetoLenguaje");
-    EXPECT_EQ(textOf(description), "Falta componente de lenguaje.");
+    EXPECT_EQ(com::textOf(source), "ObjetoLenguaje");
+    EXPECT_EQ(com::textOf(description), "Falta componente de lenguaje.");
     SysFreeString(source);
     SysFreeString(description);
     const auto texts = boxes.texts();

@@ -16,7 +16,7 @@ namespace {
 /// Passes calls on, and has nothing but IDispatch.
 class Foreign : public IDispatch {
   public:
-    explicit Foreign(IDispatch* object) : object_(ComPtr<IDispatch>::sharing(object)) {}
+    explicit Foreign(IDispatch* object) : object_(com::ComPtr<IDispatch>::sharing(object)) {}
     virtual ~Foreign() = default;
 
     HRESULT STDMETHODCALLTYPE QueryInterface(REFIID iid, void** object) override {
@@ -50,13 +50,13 @@ class Foreign : public IDispatch {
 
   private:
     ULONG references_ = 1;
-    ComPtr<IDispatch> object_;
+    com::ComPtr<IDispatch> object_;
 };
 
 std::string windowText(HWND window) {
     std::array<wchar_t, 2000> text{};
     GetWindowTextW(window, text.data(), static_cast<int>(text.size()));
-    return utf8Of(text.data());
+    return system::utf8Of(text.data());
 }
 
 BOOL CALLBACK findBox(HWND window, LPARAM found) {
@@ -79,19 +79,20 @@ BOOL CALLBACK addText(HWND window, LPARAM text) {
 
 }  // namespace
 
-AutomationObject created(const wchar_t* progId) {
+com::AutomationObject created(const wchar_t* progId) {
     CLSID classId{};
-    ComPtr<IDispatch> object;
+    com::ComPtr<IDispatch> object;
     if (SUCCEEDED(CLSIDFromProgID(progId, &classId)))
         CoCreateInstance(classId, nullptr, CLSCTX_INPROC_SERVER, IID_IDispatch, object.putVoid());
-    if (!object) throw RuntimeError(error_number::cannotCreateObject, utf8Of(progId));
-    return AutomationObject(std::move(object));
+    if (!object) throw RuntimeError(error_number::cannotCreateObject, system::utf8Of(progId));
+    return com::AutomationObject(std::move(object));
 }
 
-ComPtr<_clsCatalogador> createdComponent() {
-    ComPtr<_clsCatalogador> component;
-    const HRESULT result = CoCreateInstance(CLSID_clsCatalogador, nullptr, CLSCTX_INPROC_SERVER,
-                                            IID__clsCatalogador, component.putVoid());
+com::ComPtr<com::_clsCatalogador> createdComponent() {
+    com::ComPtr<com::_clsCatalogador> component;
+    const HRESULT result =
+        CoCreateInstance(com::CLSID_clsCatalogador, nullptr, CLSCTX_INPROC_SERVER,
+                         com::IID__clsCatalogador, component.putVoid());
     EXPECT_EQ(result, S_OK);
     return component;
 }
@@ -107,18 +108,18 @@ DemoConnection::DemoConnection() : connection_(created(L"vemDatos.rdoConnection"
 }
 
 DemoConnection::~DemoConnection() {
-    connection_ = AutomationObject();
+    connection_ = com::AutomationObject();
     std::error_code ignored;
     std::filesystem::remove(file_, ignored);
 }
 
 Variant DemoConnection::value(const std::string& sql) const {
-    const AutomationObject rows = objectIn(connection_.call(L"OpenResultset", {sql}));
-    return variantOf(objectIn(rows.get(L"rdoColumns", {0})).get(L"Value").get());
+    const com::AutomationObject rows = com::objectIn(connection_.call(L"OpenResultset", {sql}));
+    return com::variantOf(com::objectIn(rows.get(L"rdoColumns", {0})).get(L"Value").get());
 }
 
-ComPtr<IDispatch> asForeign(IDispatch* object) {
-    return ComPtr<IDispatch>::owning(new Foreign(object));
+com::ComPtr<IDispatch> asForeign(IDispatch* object) {
+    return com::ComPtr<IDispatch>::owning(new Foreign(object));
 }
 
 Outcome invoked(IDispatch* object, DISPID member, WORD kind, std::vector<VARIANT> arguments) {
@@ -189,7 +190,7 @@ std::string boxOfAClosedConnection() {
 }
 
 SettingsFile::SettingsFile(const std::string& content)
-    : file_(configurationFolder() / "catalogador" / "catalogador.ini") {
+    : file_(system::configurationFolder() / "catalogador" / "catalogador.ini") {
     std::filesystem::create_directories(file_.parent_path());
     std::ofstream(file_) << content;
 }
@@ -201,9 +202,9 @@ SettingsFile::~SettingsFile() {
 
 std::string messageText(std::int32_t number) {
     constexpr std::int32_t offset = 1000;
-    const AutomationObject texts = created(L"LNG_QTX_001.clsResources");
+    const com::AutomationObject texts = created(L"LNG_QTX_001.clsResources");
     const std::string text =
-        toTextOrEmpty(variantOf(texts.call(L"resLoad", {number + offset}).get()), Regional{});
+        toTextOrEmpty(com::variantOf(texts.call(L"resLoad", {number + offset}).get()), Regional{});
     return text.substr(0, text.find("[p]"));
 }
 
@@ -224,7 +225,7 @@ VARIANT longInteger(LONG value) {
 VARIANT text(const char* value) {
     VARIANT made{};
     made.vt = VT_BSTR;
-    made.bstrVal = newText(value);
+    made.bstrVal = com::newText(value);
     return made;
 }
 

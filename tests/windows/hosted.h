@@ -23,9 +23,9 @@ class Apartment {
 };
 
 /// An object by its registered name.
-AutomationObject created(const wchar_t* progId);
+com::AutomationObject created(const wchar_t* progId);
 /// The public class as a compiled host holds it.
-ComPtr<_clsCatalogador> createdComponent();
+com::ComPtr<com::_clsCatalogador> createdComponent();
 /// A copy of the demonstration database that nothing else uses, as a connection of vemDatos.
 class DemoConnection {
   public:
@@ -34,22 +34,22 @@ class DemoConnection {
     DemoConnection(const DemoConnection&) = delete;
     DemoConnection& operator=(const DemoConnection&) = delete;
 
-    [[nodiscard]] const AutomationObject& object() const { return connection_; }
+    [[nodiscard]] const com::AutomationObject& object() const { return connection_; }
     /// The first value of a query.
     [[nodiscard]] Variant value(const std::string& sql) const;
 
   private:
     std::string file_;
-    AutomationObject connection_;
+    com::AutomationObject connection_;
 };
 
 /// The same members without anything else, as the library of another maker offers them.
-ComPtr<IDispatch> asForeign(IDispatch* object);
+com::ComPtr<IDispatch> asForeign(IDispatch* object);
 
 /// What a call by name gives: its result, or the code of its failure.
 struct Outcome {
     HRESULT result = S_OK;
-    AutomationValue value;
+    com::AutomationValue value;
     EXCEPINFO info{};
 };
 /// Arguments in the order in which they are written.

@@ -17,11 +17,11 @@ TEST(Manifest, LetsAHostUseTheLibrariesWithoutRegisteringThem) {
     ULONG_PTR cookie = 0;
     ASSERT_NE(ActivateActCtx(context, &cookie), 0);
     {
-        const AutomationObject component = created(L"Catalogador.clsCatalogador");
-        const AutomationObject connection = created(L"vemDatos.rdoConnection");
+        const com::AutomationObject component = created(L"Catalogador.clsCatalogador");
+        const com::AutomationObject connection = created(L"vemDatos.rdoConnection");
         EXPECT_EQ(component.idOf(L"ActivarABM"), member_id::activarABM);
         EXPECT_TRUE(connection.has(L"EstablishConnection"));
-        EXPECT_EQ(variantOf(component.call(L"ActivarABM", {1}).get()), Variant(false));
+        EXPECT_EQ(com::variantOf(component.call(L"ActivarABM", {1}).get()), Variant(false));
     }
     DeactivateActCtx(0, cookie);
     ReleaseActCtx(context);

@@ -33,7 +33,7 @@ class Screen : public testing::Test {
   protected:
     Screen() : component_(createdComponent()) {
         component_->putref_Coneccion(asForeign(connection_.object().get()).get());
-        BSTR key = newText("VEM04");
+        BSTR key = com::newText("VEM04");
         component_->put_AppKey(key);
         SysFreeString(key);
         component_->put_Empresa(1);
@@ -62,7 +62,7 @@ class Screen : public testing::Test {
     Apartment apartment_;
     DemoConnection connection_;
     HostWindow host_;
-    ComPtr<_clsCatalogador> component_;
+    com::ComPtr<com::_clsCatalogador> component_;
 };
 
 TEST_F(Screen, HasTheHostsWindowsDisabledMeanwhileAndKeepsTheLibraryFromThenOn) {

@@ -55,10 +55,10 @@ std::string parameterText(const ELEMDESC& parameter, BSTR name) {
     if ((flags & PARAMFLAG_FOUT) != 0) all += "out ";
     if ((flags & PARAMFLAG_FRETVAL) != 0) all += "retval ";
     all += typeText(parameter.tdesc);
-    if (name != nullptr) all += " " + textOf(name);
+    if (name != nullptr) all += " " + com::textOf(name);
     if ((flags & PARAMFLAG_FHASDEFAULT) != 0) {
         const VARIANT& value = parameter.paramdesc.pparamdescex->varDefaultValue;
-        all += value.vt == VT_BSTR ? " = \"" + textOf(value.bstrVal) + "\""
+        all += value.vt == VT_BSTR ? " = \"" + com::textOf(value.bstrVal) + "\""
                                    : " = " + std::to_string(value.lVal);
     }
     return all;
@@ -77,7 +77,7 @@ std::vector<std::string> membersOf(ITypeInfo* type) {
         type->GetNames(function->memid, names, 8, &count);
         std::ostringstream line;
         line << function->oVft / static_cast<SHORT>(sizeof(void*)) << " " << function->memid << " "
-             << kindText(function->invkind) << textOf(names[0]) << "(";
+             << kindText(function->invkind) << com::textOf(names[0]) << "(";
         for (SHORT i = 0; i < function->cParams; ++i)
             line << (i == 0 ? "" : ", ")
                  << parameterText(function->lprgelemdescParam[i],
@@ -96,13 +96,13 @@ class TypeLibrary : public testing::Test {
     void SetUp() override {
         ASSERT_EQ(LoadTypeLibEx(L"vemCatalogador.dll", REGKIND_NONE, library_.put()), S_OK);
     }
-    ComPtr<ITypeLib> library_;
+    com::ComPtr<ITypeLib> library_;
 };
 
 TEST_F(TypeLibrary, IsNamedAndNumberedAsHostsExpectIt) {
     TLIBATTR* attributes = nullptr;
     ASSERT_EQ(library_->GetLibAttr(&attributes), S_OK);
-    EXPECT_EQ(attributes->guid, LIBID_Catalogador);
+    EXPECT_EQ(attributes->guid, com::LIBID_Catalogador);
     EXPECT_EQ(attributes->wMajorVerNum, 1);
     EXPECT_EQ(attributes->wMinorVerNum, 1);
     EXPECT_EQ(attributes->lcid, 0x409U);
@@ -110,15 +110,15 @@ TEST_F(TypeLibrary, IsNamedAndNumberedAsHostsExpectIt) {
     BSTR name = nullptr;
     BSTR help = nullptr;
     ASSERT_EQ(library_->GetDocumentation(-1, &name, &help, nullptr, nullptr), S_OK);
-    EXPECT_EQ(textOf(name), "Catalogador");
-    EXPECT_EQ(textOf(help), "VEM -  Catalogador");
+    EXPECT_EQ(com::textOf(name), "Catalogador");
+    EXPECT_EQ(com::textOf(help), "VEM -  Catalogador");
     SysFreeString(name);
     SysFreeString(help);
 }
 
 TEST_F(TypeLibrary, HasOneCreatableClassWithTheInterfaceAsItsDefault) {
-    ComPtr<ITypeInfo> type;
-    ASSERT_EQ(library_->GetTypeInfoOfGuid(CLSID_clsCatalogador, type.put()), S_OK);
+    com::ComPtr<ITypeInfo> type;
+    ASSERT_EQ(library_->GetTypeInfoOfGuid(com::CLSID_clsCatalogador, type.put()), S_OK);
     TYPEATTR* attributes = nullptr;
     ASSERT_EQ(type->GetTypeAttr(&attributes), S_OK);
     EXPECT_EQ(attributes->typekind, TKIND_COCLASS);
@@ -129,24 +129,24 @@ TEST_F(TypeLibrary, HasOneCreatableClassWithTheInterfaceAsItsDefault) {
     ASSERT_EQ(type->GetImplTypeFlags(0, &flags), S_OK);
     EXPECT_EQ(flags, IMPLTYPEFLAG_FDEFAULT);
     HREFTYPE reference = 0;
-    ComPtr<ITypeInfo> implemented;
+    com::ComPtr<ITypeInfo> implemented;
     ASSERT_EQ(type->GetRefTypeOfImplType(0, &reference), S_OK);
     ASSERT_EQ(type->GetRefTypeInfo(reference, implemented.put()), S_OK);
     ASSERT_EQ(implemented->GetTypeAttr(&attributes), S_OK);
-    EXPECT_EQ(attributes->guid, IID__clsCatalogador);
+    EXPECT_EQ(attributes->guid, com::IID__clsCatalogador);
     implemented->ReleaseTypeAttr(attributes);
 }
 
 TEST_F(TypeLibrary, DescribesTheMembersInTheirSlots) {
-    ComPtr<ITypeInfo> dispatch;
-    ASSERT_EQ(library_->GetTypeInfoOfGuid(IID__clsCatalogador, dispatch.put()), S_OK);
+    com::ComPtr<ITypeInfo> dispatch;
+    ASSERT_EQ(library_->GetTypeInfoOfGuid(com::IID__clsCatalogador, dispatch.put()), S_OK);
     TYPEATTR* attributes = nullptr;
     ASSERT_EQ(dispatch->GetTypeAttr(&attributes), S_OK);
     EXPECT_NE(attributes->wTypeFlags & TYPEFLAG_FDUAL, 0);
     const bool isDispatch = attributes->typekind == TKIND_DISPATCH;
     dispatch->ReleaseTypeAttr(attributes);
     // The other half of a dual interface is the table that compiled programs call.
-    ComPtr<ITypeInfo> table = dispatch;
+    com::ComPtr<ITypeInfo> table = dispatch;
     if (isDispatch) {
         HREFTYPE reference = 0;
         ASSERT_EQ(dispatch->GetRefTypeOfImplType(static_cast<UINT>(-1), &reference), S_OK);

@@ -43,29 +43,29 @@ struct Expected {
     std::set<Contents> fitting;
 };
 
-Expected expectedOf(ColumnType type, Dialect dialect) {
+Expected expectedOf(schema::ColumnType type, Dialect dialect) {
     switch (type) {
-        case ColumnType::smallInteger:
-        case ColumnType::integer:
+        case schema::ColumnType::smallInteger:
+        case schema::ColumnType::integer:
             return {"a whole number", {Contents::integer, Contents::number}};
-        case ColumnType::single:
+        case schema::ColumnType::single:
             return {"a number", {Contents::integer, Contents::number}};
-        case ColumnType::number:
+        case schema::ColumnType::number:
             // SQLite keeps decimals in a column of whole numbers too.
             if (dialect == Dialect::sqlite)
                 return {"a number", {Contents::integer, Contents::number}};
             return {"a number with decimals", {Contents::number}};
-        case ColumnType::yesNo:
+        case schema::ColumnType::yesNo:
             return {"yes or no", {Contents::yesNo}};
-        case ColumnType::dateTime:
+        case schema::ColumnType::dateTime:
             return {"date and time", {Contents::dateTime}};
         default:
             return {"a text", {Contents::text}};
     }
 }
 
-void checkColumn(const Context& context, const TableDefinition& table, const TableColumn& column,
-                 const TableFacts& facts) {
+void checkColumn(const Context& context, const schema::TableDefinition& table,
+                 const schema::TableColumn& column, const TableFacts& facts) {
     const Place place{std::nullopt, std::string(table.name), std::string(column.name), {}};
     const ColumnFacts* found = facts.column(column.name);
     if (found == nullptr) {
@@ -79,11 +79,12 @@ void checkColumn(const Context& context, const TableDefinition& table, const Tab
         return;
     }
     const bool onlyDays = equalText(found->type, "date");
-    if (column.type == ColumnType::dateTime && (found->fraction == 0 || onlyDays))
+    if (column.type == schema::ColumnType::dateTime && (found->fraction == 0 || onlyDays))
         context.findings.add(kind::stampWholeSeconds, place, found->type);
 }
 
-void checkKey(const Context& context, const TableDefinition& table, const TableFacts& facts) {
+void checkKey(const Context& context, const schema::TableDefinition& table,
+              const TableFacts& facts) {
     if (table.primaryKey.empty()) return;
     std::set<std::string> wanted;
     for (const std::string& column : splitText(table.primaryKey, ", "))
@@ -101,7 +102,7 @@ void checkKey(const Context& context, const TableDefinition& table, const TableF
 }  // namespace
 
 void checkSchema(const Context& context) {
-    for (const TableDefinition& table : schemaTables()) {
+    for (const schema::TableDefinition& table : schema::schemaTables()) {
         const Place place{std::nullopt, std::string(table.name), {}, {}};
         const TableFacts* facts = context.metadata.schema.table(table.name);
         if (facts == nullptr) {
@@ -110,7 +111,8 @@ void checkSchema(const Context& context) {
                                  table.name);
             continue;
         }
-        for (const TableColumn& column : table.columns) checkColumn(context, table, column, *facts);
+        for (const schema::TableColumn& column : table.columns)
+            checkColumn(context, table, column, *facts);
         checkKey(context, table, *facts);
     }
 }

@@ -40,10 +40,10 @@ constexpr FieldValue limitedFieldTexts[] = {{"ACoCaption", &FieldRow::caption},
 
 /// Characters that the component's own schema gives a column; 0 when it sets no limit.
 int roomOf(std::string_view table, std::string_view column) {
-    for (const TableDefinition& definition : schemaTables()) {
+    for (const schema::TableDefinition& definition : schema::schemaTables()) {
         if (definition.name != table) continue;
-        for (const TableColumn& defined : definition.columns)
-            if (defined.name == column) return longestText(defined.type);
+        for (const schema::TableColumn& defined : definition.columns)
+            if (defined.name == column) return schema::longestText(defined.type);
     }
     return 0;
 }

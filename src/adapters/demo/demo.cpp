@@ -9,7 +9,7 @@
 #include "adapters/demo/records.h"
 #include "runtime/error.h"
 
-namespace catalogador {
+namespace catalogador::demo {
 
 namespace {
 
@@ -69,10 +69,10 @@ std::vector<TableRows> demoTables(const DemoOptions& options) {
 
 void writeDemo(rdoConnection& connection, const DemoOptions& options) {
     const std::vector<TableRows> tables = demoTables(options);
-    for (const std::string& statement : schemaStatementList(options.dialect)) {
+    for (const std::string& statement : schema::schemaStatementList(options.dialect)) {
         connection.Execute(statement);
     }
     writeRows(connection, tables);
 }
 
-}  // namespace catalogador
+}  // namespace catalogador::demo

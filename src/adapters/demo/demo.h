@@ -6,7 +6,7 @@
 #include "adapters/schema/schema.h"
 #include "platform/rdo.h"
 
-namespace catalogador {
+namespace catalogador::demo {
 
 struct DemoOptions {
     /// Where the package iso-codes keeps its JSON files and its translations.
@@ -14,7 +14,7 @@ struct DemoOptions {
     std::string translationsFolder = "/usr/share/locale";
     /// The person who gets user id 1 and every right; nobody does when it is empty.
     std::string userName = {};
-    SchemaDialect dialect = SchemaDialect::sqlite;
+    schema::SchemaDialect dialect = schema::SchemaDialect::sqlite;
 };
 
 /// Everything that a demonstration database holds. Raises RuntimeError when the code lists are not
@@ -26,4 +26,4 @@ std::vector<TableRows> demoTables(const DemoOptions& options);
 /// the database refuses (a table that exists already, for one).
 void writeDemo(rdoConnection& connection, const DemoOptions& options);
 
-}  // namespace catalogador
+}  // namespace catalogador::demo

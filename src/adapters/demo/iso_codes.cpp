@@ -8,7 +8,7 @@
 #include "adapters/system/paths.h"
 #include "runtime/error.h"
 
-namespace catalogador {
+namespace catalogador::demo {
 
 namespace {
 
@@ -90,4 +90,4 @@ IsoCodes readIsoCodes(const std::string& folder, const std::string& translations
     return codes;
 }
 
-}  // namespace catalogador
+}  // namespace catalogador::demo

@@ -3,7 +3,7 @@
 #include <string>
 #include <vector>
 
-namespace catalogador {
+namespace catalogador::demo {
 
 struct IsoCountry {
     int number = 0;
@@ -54,4 +54,4 @@ struct IsoCodes {
 /// names the package when a list is missing, and one that names the file when it is damaged.
 IsoCodes readIsoCodes(const std::string& folder, const std::string& translationsFolder);
 
-}  // namespace catalogador
+}  // namespace catalogador::demo

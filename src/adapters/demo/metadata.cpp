@@ -7,7 +7,7 @@
 
 #include "runtime/error.h"
 
-namespace catalogador {
+namespace catalogador::demo {
 
 /// Generated from demo/views.json.
 extern const char* const demoMetadataText;
@@ -152,4 +152,4 @@ Variant variantOf(const json& value) {
     return value.get<std::string>();
 }
 
-}  // namespace catalogador
+}  // namespace catalogador::demo

@@ -5,7 +5,7 @@
 
 #include "adapters/demo/table_rows.h"
 
-namespace catalogador {
+namespace catalogador::demo {
 
 /// The description of the demonstration's views (demo/views.json), built into the program.
 const nlohmann::json& demoMetadata();
@@ -27,4 +27,4 @@ std::vector<TableRows> viewRows(const nlohmann::json& metadata);
 /// A JSON null, boolean, number or text as a value.
 Variant variantOf(const nlohmann::json& value);
 
-}  // namespace catalogador
+}  // namespace catalogador::demo

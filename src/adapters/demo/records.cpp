@@ -11,7 +11,7 @@
 #include "adapters/demo/metadata.h"
 #include "runtime/error.h"
 
-namespace catalogador {
+namespace catalogador::demo {
 
 namespace {
 
@@ -138,4 +138,4 @@ TableRows sequences(const json& metadata, const TableRows& records) {
     return table;
 }
 
-}  // namespace catalogador
+}  // namespace catalogador::demo

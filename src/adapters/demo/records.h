@@ -4,7 +4,7 @@
 #include "adapters/demo/iso_codes.h"
 #include "adapters/demo/table_rows.h"
 
-namespace catalogador {
+namespace catalogador::demo {
 
 /// The rows of genCodigoTexto: those of the standards and those that the metadata lists.
 TableRows codeRecords(const nlohmann::json& metadata, const IsoCodes& codes);
@@ -12,4 +12,4 @@ TableRows codeRecords(const nlohmann::json& metadata, const IsoCodes& codes);
 /// The rows of genNumeradores: for each view's name the highest code in `records`, 0 without any.
 TableRows sequences(const nlohmann::json& metadata, const TableRows& records);
 
-}  // namespace catalogador
+}  // namespace catalogador::demo

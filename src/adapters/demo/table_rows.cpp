@@ -9,7 +9,7 @@
 #include "runtime/convert.h"
 #include "runtime/text.h"
 
-namespace catalogador {
+namespace catalogador::demo {
 
 namespace {
 
@@ -59,4 +59,4 @@ std::vector<std::string> insertStatements(const TableRows& table, std::size_t ro
     return statements;
 }
 
-}  // namespace catalogador
+}  // namespace catalogador::demo

@@ -5,7 +5,7 @@
 
 #include "runtime/variant.h"
 
-namespace catalogador {
+namespace catalogador::demo {
 
 /// Rows to be inserted into a table.
 struct TableRows {
@@ -22,4 +22,4 @@ std::string sqlLiteral(const Variant& value);
 std::vector<std::string> insertStatements(const TableRows& table,
                                           std::size_t rowsPerStatement = 500);
 
-}  // namespace catalogador
+}  // namespace catalogador::demo

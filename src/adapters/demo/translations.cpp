@@ -10,7 +10,7 @@
 #include "adapters/system/paths.h"
 #include "runtime/error.h"
 
-namespace catalogador {
+namespace catalogador::demo {
 
 namespace {
 
@@ -89,4 +89,4 @@ std::string Translations::of(const std::string& text) const {
     return found == texts_.end() ? text : found->second;
 }
 
-}  // namespace catalogador
+}  // namespace catalogador::demo

@@ -3,7 +3,7 @@
 #include <string_view>
 #include <unordered_map>
 
-namespace catalogador {
+namespace catalogador::demo {
 
 /// The translations of one compiled message catalogue (GNU .mo file, UTF-8).
 class Translations {
@@ -26,4 +26,4 @@ class Translations {
     std::unordered_map<std::string, std::string> texts_;
 };
 
-}  // namespace catalogador
+}  // namespace catalogador::demo

@@ -5,13 +5,13 @@
 #include "adapters/system/desk.h"
 #include "adapters/system/paths.h"
 
-namespace catalogador {
+namespace catalogador::desktop {
 
 namespace {
 
 /// A folder of the program's data: installed beside the program, or the one it was built with.
 std::string installedFolder(const char* name, [[maybe_unused]] const char* source) {
-    const auto program = pathOf(programFolder());
+    const auto program = pathOf(system::programFolder());
 #ifdef _WIN32
     return pathText(program / name);
 #else
@@ -31,4 +31,4 @@ std::string helpFolder() {
     return installedFolder("help", CATALOGADOR_SOURCE_HELP);
 }
 
-}  // namespace catalogador
+}  // namespace catalogador::desktop

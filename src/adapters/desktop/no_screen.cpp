@@ -1,7 +1,7 @@
 #include "adapters/desktop/real_screen.h"
 #include "runtime/error.h"
 
-namespace catalogador {
+namespace catalogador::desktop {
 
 std::unique_ptr<RealScreen> realScreen(std::int16_t /*language*/) {
     throw RuntimeError(error_number::cannotCreateObject,
@@ -9,4 +9,4 @@ std::unique_ptr<RealScreen> realScreen(std::int16_t /*language*/) {
                        "use 'run' with --surface script");
 }
 
-}  // namespace catalogador
+}  // namespace catalogador::desktop

@@ -6,10 +6,10 @@
 #include "platform/printer.h"
 #include "platform/window_memory.h"
 
-namespace catalogador {
+namespace catalogador::desktop {
 
 /// A screen with real windows and the printers of this desk.
-class RealScreen : public PlayedScreen {
+class RealScreen : public script::PlayedScreen {
   public:
     [[nodiscard]] virtual Printer& printer() = 0;
     /// Windows that a user works with get the size that this remembers of them.
@@ -23,4 +23,4 @@ class RealScreen : public PlayedScreen {
 /// RuntimeError when this program was built without windows, or when there is no display.
 std::unique_ptr<RealScreen> realScreen(std::int16_t language);
 
-}  // namespace catalogador
+}  // namespace catalogador::desktop

@@ -8,7 +8,7 @@
 #include "runtime/error.h"
 #include "runtime/text.h"
 
-namespace catalogador {
+namespace catalogador::desktop {
 
 namespace {
 
@@ -47,7 +47,7 @@ class WxScreen : public RealScreen {
             throw RuntimeError(error_number::cannotCreateObject,
                                "There is no window that the help could be shown over");
         const std::int16_t language = surface_.language();
-        wx::showHelp(*native, HelpPages(helpFolder()), helpLabelsOf(language),
+        wx::showHelp(*native, help::HelpPages(helpFolder()), helpLabelsOf(language),
                      {command, data, language});
     }
 
@@ -62,4 +62,4 @@ std::unique_ptr<RealScreen> realScreen(std::int16_t language) {
     return std::make_unique<WxScreen>(language);
 }
 
-}  // namespace catalogador
+}  // namespace catalogador::desktop

@@ -4,14 +4,14 @@
 #include "adapters/export/workbook.h"
 #include "runtime/error.h"
 
-namespace catalogador {
+namespace catalogador::exporting {
 
 void GridFileWriter::save(const RecordGrid& grid, const std::string& path, int format,
                           const GridFileOptions& options) {
     if (format != grid_format::workbook && format != grid_format::tabText)
         throw RuntimeError(error_number::invalidProcedureCall,
                            "There is no save format " + std::to_string(format));
-    ReplacedFile file(path);
+    system::ReplacedFile file(path);
     if (format == grid_format::workbook)
         writeWorkbook(grid, file, path, options);
     else
@@ -19,4 +19,4 @@ void GridFileWriter::save(const RecordGrid& grid, const std::string& path, int f
     file.commit();
 }
 
-}  // namespace catalogador
+}  // namespace catalogador::exporting

@@ -1,7 +1,7 @@
 #pragma once
 #include "platform/grid_files.h"
 
-namespace catalogador {
+namespace catalogador::exporting {
 
 /// Writes grids to files of this system.
 class GridFileWriter : public GridFiles {
@@ -10,4 +10,4 @@ class GridFileWriter : public GridFiles {
               const GridFileOptions& options) override;
 };
 
-}  // namespace catalogador
+}  // namespace catalogador::exporting

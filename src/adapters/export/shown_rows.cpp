@@ -7,7 +7,7 @@
 
 #include "runtime/error.h"
 
-namespace catalogador {
+namespace catalogador::exporting {
 
 namespace {
 
@@ -84,4 +84,4 @@ void tellProgress(const GridFileOptions& options, int done, int total) {
         throw RuntimeError(interruptedByUser, "The export was stopped; no file was written");
 }
 
-}  // namespace catalogador
+}  // namespace catalogador::exporting

@@ -7,7 +7,7 @@
 #include "platform/grid_files.h"
 #include "runtime/regional.h"
 
-namespace catalogador {
+namespace catalogador::exporting {
 
 /// Numbers of the columns that are not hidden.
 std::vector<int> shownColumns(const RecordGrid& grid);
@@ -30,4 +30,4 @@ ColumnKind kindOfColumn(const RecordGrid& grid, int column, const Regional& regi
 /// Tells every few thousand rows how far an export is; raises RuntimeError when it is to stop.
 void tellProgress(const GridFileOptions& options, int done, int total);
 
-}  // namespace catalogador
+}  // namespace catalogador::exporting

@@ -9,7 +9,7 @@
 #include "adapters/export/shown_rows.h"
 #include "adapters/system/open_file.h"
 
-namespace catalogador {
+namespace catalogador::exporting {
 
 namespace {
 
@@ -32,9 +32,9 @@ void appendCell(std::string& line, const RecordGrid& grid, int row, int column) 
 
 }  // namespace
 
-void writeTabText(const RecordGrid& grid, const ReplacedFile& file,
+void writeTabText(const RecordGrid& grid, const system::ReplacedFile& file,
                   const GridFileOptions& options) {
-    const std::unique_ptr<std::FILE, int (*)(std::FILE*)> out(openFile(file.path(), "wb"),
+    const std::unique_ptr<std::FILE, int (*)(std::FILE*)> out(system::openFile(file.path(), "wb"),
                                                               std::fclose);
     if (!out) file.fail(std::strerror(errno));
     std::string text = "\xEF\xBB\xBF";
@@ -63,4 +63,4 @@ void writeTabText(const RecordGrid& grid, const ReplacedFile& file,
     if (std::fflush(out.get()) != 0) file.fail(std::strerror(errno));
 }
 
-}  // namespace catalogador
+}  // namespace catalogador::exporting

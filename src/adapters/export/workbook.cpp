@@ -17,7 +17,7 @@
 #include "adapters/system/open_file.h"
 #include "runtime/error.h"
 
-namespace catalogador {
+namespace catalogador::exporting {
 
 namespace {
 
@@ -38,13 +38,13 @@ constexpr lxw_color_t headerFill = 0xDEE6F0;
 /// A workbook that is being written. Ends with close(), or without a usable file.
 class Workbook {
   public:
-    Workbook(const ReplacedFile& file, std::string target)
-        : file_(file), target_(std::move(target)), folder_(narrowPath(file.folder())) {
+    Workbook(const system::ReplacedFile& file, std::string target)
+        : file_(file), target_(std::move(target)), folder_(system::narrowPath(file.folder())) {
         lxw_workbook_options options{};
         options.constant_memory = LXW_TRUE;
         // Beside the target, so that a full disk shows in one place.
         options.tmpdir = folder_.data();
-        book_ = workbook_new_opt(narrowPath(file.path()).c_str(), &options);
+        book_ = workbook_new_opt(system::narrowPath(file.path()).c_str(), &options);
         if (book_ == nullptr) file.fail(std::strerror(errno));
     }
     ~Workbook() {
@@ -107,7 +107,7 @@ class Workbook {
         refuseWorkbook(target_, where + " has " + what);
     }
 
-    const ReplacedFile& file_;
+    const system::ReplacedFile& file_;
     std::string target_;
     std::string folder_;
     lxw_workbook* book_ = nullptr;
@@ -190,8 +190,8 @@ void writeRows(const RecordGrid& grid, Workbook& book, const std::vector<SheetCo
 
 }  // namespace
 
-void writeWorkbook(const RecordGrid& grid, const ReplacedFile& file, const std::string& target,
-                   const GridFileOptions& options) {
+void writeWorkbook(const RecordGrid& grid, const system::ReplacedFile& file,
+                   const std::string& target, const GridFileOptions& options) {
     if (grid.visibleRows() > mostRows)
         refuseWorkbook(target, "a workbook has no more than " + std::to_string(mostRows) + " rows");
     Workbook book(file, target);
@@ -202,4 +202,4 @@ void writeWorkbook(const RecordGrid& grid, const ReplacedFile& file, const std::
     book.close();
 }
 
-}  // namespace catalogador
+}  // namespace catalogador::exporting

@@ -5,7 +5,7 @@
 #include "platform/controls/record_grid.h"
 #include "platform/grid_files.h"
 
-namespace catalogador {
+namespace catalogador::exporting {
 
 /// Writes the rows shown as a workbook (.xlsx) of one sheet: the header styled, frozen and with a
 /// filter, columns as wide as on the screen. A column that holds nothing but numbers holds numbers,
@@ -13,7 +13,7 @@ namespace catalogador {
 /// Needs the same memory for any number of rows. Raises RuntimeError, which calls the file by its
 /// `target`, for more rows than a sheet has, a text longer than a cell holds (32,767 UTF-16 units)
 /// or one that no workbook can hold, since nothing is cut silently.
-void writeWorkbook(const RecordGrid& grid, const ReplacedFile& file, const std::string& target,
-                   const GridFileOptions& options);
+void writeWorkbook(const RecordGrid& grid, const system::ReplacedFile& file,
+                   const std::string& target, const GridFileOptions& options);
 
-}  // namespace catalogador
+}  // namespace catalogador::exporting

@@ -9,7 +9,7 @@
 #include <type_traits>
 #include <vector>
 
-namespace catalogador {
+namespace catalogador::exporting {
 
 namespace {
 
@@ -75,4 +75,4 @@ bool workbookIsWhole(const std::string& path, std::uint64_t leastSheetBytes) {
     return found == UNZ_END_OF_LIST_OF_FILE && sheetFound;
 }
 
-}  // namespace catalogador
+}  // namespace catalogador::exporting

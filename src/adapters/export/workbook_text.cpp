@@ -6,7 +6,7 @@
 #include "runtime/text.h"
 #include "runtime/utf8.h"
 
-namespace catalogador {
+namespace catalogador::exporting {
 
 namespace {
 
@@ -77,4 +77,4 @@ std::string sheetName(const std::string& title) {
     return name.empty() ? "1" : name;
 }
 
-}  // namespace catalogador
+}  // namespace catalogador::exporting

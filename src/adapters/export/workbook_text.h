@@ -3,7 +3,7 @@
 #include <string>
 #include <string_view>
 
-namespace catalogador {
+namespace catalogador::exporting {
 
 /// How long a text is for a spreadsheet program: UTF-16 units, not characters.
 std::size_t utf16Units(std::string_view text);
@@ -20,4 +20,4 @@ std::string workbookText(std::string_view text);
 /// apostrophe at an end, 31 UTF-16 units at most; "1" where nothing is left.
 std::string sheetName(const std::string& title);
 
-}  // namespace catalogador
+}  // namespace catalogador::exporting

@@ -9,7 +9,7 @@
 #include "runtime/error.h"
 #include "runtime/text.h"
 
-namespace catalogador {
+namespace catalogador::help {
 
 namespace {
 
@@ -114,4 +114,4 @@ std::vector<HelpTopic> HelpPages::topics(int language) const {
     return topics;
 }
 
-}  // namespace catalogador
+}  // namespace catalogador::help

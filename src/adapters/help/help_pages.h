@@ -5,7 +5,7 @@
 #include <string>
 #include <vector>
 
-namespace catalogador {
+namespace catalogador::help {
 
 /// Commands of a call for help.
 constexpr int helpContents = 3;
@@ -52,4 +52,4 @@ class HelpPages {
     std::map<std::int32_t, std::string> ids_;
 };
 
-}  // namespace catalogador
+}  // namespace catalogador::help

@@ -8,7 +8,7 @@
 #include "runtime/error.h"
 #include "runtime/text.h"
 
-namespace catalogador {
+namespace catalogador::languages {
 
 namespace {
 
@@ -39,4 +39,4 @@ std::unique_ptr<clsResources> CatalogueLanguages::create(const std::string& prog
     return std::make_unique<CatalogueTexts>(readPoFile(pathText(file)));
 }
 
-}  // namespace catalogador
+}  // namespace catalogador::languages

@@ -4,7 +4,7 @@
 
 #include "platform/language.h"
 
-namespace catalogador {
+namespace catalogador::languages {
 
 /// Language libraries kept as gettext catalogues in a folder: LNG_QTX_001.po stands for the
 /// library LNG_QTX_001.
@@ -17,4 +17,4 @@ class CatalogueLanguages : public LanguageLibraries {
     std::string folder_;
 };
 
-}  // namespace catalogador
+}  // namespace catalogador::languages

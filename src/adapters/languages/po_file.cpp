@@ -8,7 +8,7 @@
 #include "runtime/error.h"
 #include "runtime/text.h"
 
-namespace catalogador {
+namespace catalogador::languages {
 
 namespace {
 
@@ -148,4 +148,4 @@ std::map<std::string, std::string> readPoText(const std::string& content, const 
     return PoReader(name, text).read();
 }
 
-}  // namespace catalogador
+}  // namespace catalogador::languages

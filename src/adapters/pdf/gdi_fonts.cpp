@@ -7,7 +7,7 @@
 #include "adapters/pdf/paper_fonts.h"
 #include "adapters/system/wide_text.h"
 
-namespace catalogador {
+namespace catalogador::pdf {
 
 namespace {
 
@@ -27,7 +27,7 @@ class GdiFonts : public FontMeasure {
 
     [[nodiscard]] int width(std::string_view text, const PrintFont& font) const override {
         select(font);
-        const std::wstring wide = wideOf(text);
+        const std::wstring wide = system::wideOf(text);
         SIZE size{};
         GetTextExtentPoint32W(context_, wide.data(), static_cast<int>(wide.size()), &size);
         return size.cx;
@@ -48,7 +48,7 @@ class GdiFonts : public FontMeasure {
             made = CreateFontW(-static_cast<int>(std::lround(font.points * twipsPerPoint)), 0, 0, 0,
                                font.bold ? FW_BOLD : FW_NORMAL, FALSE, FALSE, FALSE,
                                DEFAULT_CHARSET, OUT_TT_PRECIS, CLIP_DEFAULT_PRECIS, DEFAULT_QUALITY,
-                               DEFAULT_PITCH, wideOf(font.name).c_str());
+                               DEFAULT_PITCH, system::wideOf(font.name).c_str());
         SelectObject(context_, made);
     }
 
@@ -62,4 +62,4 @@ std::unique_ptr<FontMeasure> paperFonts() {
     return std::make_unique<GdiFonts>();
 }
 
-}  // namespace catalogador
+}  // namespace catalogador::pdf

@@ -1,7 +1,7 @@
 #include "adapters/pdf/pdf_writer.h"
 #include "runtime/error.h"
 
-namespace catalogador {
+namespace catalogador::pdf {
 
 void writePdf(const PrintedDocument& /*document*/, const std::string& path) {
     throw RuntimeError(error_number::invalidProcedureCall,
@@ -10,4 +10,4 @@ void writePdf(const PrintedDocument& /*document*/, const std::string& path) {
                            "to a printer; Windows has one that writes PDF files");
 }
 
-}  // namespace catalogador
+}  // namespace catalogador::pdf

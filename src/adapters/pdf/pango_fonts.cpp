@@ -3,7 +3,7 @@
 #include "adapters/pdf/pango_layout.h"
 #include "adapters/pdf/paper_fonts.h"
 
-namespace catalogador {
+namespace catalogador::pdf {
 
 namespace {
 
@@ -65,4 +65,4 @@ int PangoFonts::lineHeight(const PrintFont& font) const {
     return twipsOf(height);
 }
 
-}  // namespace catalogador
+}  // namespace catalogador::pdf

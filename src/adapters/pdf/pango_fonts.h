@@ -3,7 +3,7 @@
 
 #include "platform/printed_document.h"
 
-namespace catalogador {
+namespace catalogador::pdf {
 
 /// Measures texts as they are drawn on paper, without a display. A font that the system does not
 /// have is replaced by the nearest one it has.
@@ -21,4 +21,4 @@ class PangoFonts : public FontMeasure {
     PangoLayout* layout_;
 };
 
-}  // namespace catalogador
+}  // namespace catalogador::pdf

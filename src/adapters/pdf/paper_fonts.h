@@ -3,9 +3,9 @@
 
 #include "platform/printed_document.h"
 
-namespace catalogador {
+namespace catalogador::pdf {
 
 /// Measures texts as they are drawn on paper, with what this system has for that.
 std::unique_ptr<FontMeasure> paperFonts();
 
-}  // namespace catalogador
+}  // namespace catalogador::pdf

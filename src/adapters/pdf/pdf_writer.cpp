@@ -8,7 +8,7 @@
 #include "adapters/pdf/pango_layout.h"
 #include "adapters/system/replaced_file.h"
 
-namespace catalogador {
+namespace catalogador::pdf {
 
 namespace {
 
@@ -46,7 +46,7 @@ void drawPage(cairo_t* context, const PrintedDocument& document, std::size_t pag
 }
 
 void writePdf(const PrintedDocument& document, const std::string& path) {
-    ReplacedFile file(path);
+    system::ReplacedFile file(path);
     const std::unique_ptr<cairo_surface_t, decltype(&cairo_surface_destroy)> surface(
         cairo_pdf_surface_create(file.path().c_str(), document.setup.paper.width / twipsPerPoint,
                                  document.setup.paper.height / twipsPerPoint),
@@ -66,4 +66,4 @@ void writePdf(const PrintedDocument& document, const std::string& path) {
     file.commit();
 }
 
-}  // namespace catalogador
+}  // namespace catalogador::pdf

@@ -6,7 +6,7 @@
 
 #include "adapters/schema/tables.h"
 
-namespace catalogador {
+namespace catalogador::schema {
 
 namespace {
 
@@ -81,4 +81,4 @@ std::string schemaStatements(SchemaDialect dialect) {
     return text;
 }
 
-}  // namespace catalogador
+}  // namespace catalogador::schema

@@ -4,7 +4,7 @@
 #include <string_view>
 #include <vector>
 
-namespace catalogador {
+namespace catalogador::schema {
 
 /// The databases for which there is a schema.
 enum class SchemaDialect { sqlite, postgresql, mariadb };
@@ -19,4 +19,4 @@ std::vector<std::string> schemaStatementList(SchemaDialect dialect);
 /// The same as one text for a database's own command line: each statement ends in ";\n".
 std::string schemaStatements(SchemaDialect dialect);
 
-}  // namespace catalogador
+}  // namespace catalogador::schema

@@ -2,7 +2,7 @@
 
 #include <utility>
 
-namespace catalogador {
+namespace catalogador::schema {
 
 namespace {
 
@@ -117,4 +117,4 @@ int longestText(ColumnType type) {
     }
 }
 
-}  // namespace catalogador
+}  // namespace catalogador::schema

@@ -2,7 +2,7 @@
 #include <string_view>
 #include <vector>
 
-namespace catalogador {
+namespace catalogador::schema {
 
 /// What the columns of the component's tables hold, whatever a database calls it.
 enum class ColumnType {
@@ -44,4 +44,4 @@ const std::vector<TableDefinition>& schemaTables();
 /// How many characters a text column of that type holds; 0 when it has no limit.
 int longestText(ColumnType type);
 
-}  // namespace catalogador
+}  // namespace catalogador::schema

@@ -4,7 +4,7 @@
 
 #include "platform/services.h"
 
-namespace catalogador {
+namespace catalogador::script {
 
 namespace {
 constexpr int buttonsOfStyle = 7;
@@ -37,4 +37,4 @@ std::optional<std::string> ScriptAnswers::takePrint() {
     return printer_;
 }
 
-}  // namespace catalogador
+}  // namespace catalogador::script

@@ -6,7 +6,7 @@
 #include "platform/surface.h"
 #include "runtime/variant.h"
 
-namespace catalogador {
+namespace catalogador::script {
 
 /// Whether a message box of that style has more than one button.
 bool isQuestion(int style);
@@ -40,4 +40,4 @@ class ScriptAnswers {
     bool print_ = false;
 };
 
-}  // namespace catalogador
+}  // namespace catalogador::script

@@ -4,7 +4,7 @@
 #include "platform/controls/record_grid.h"
 #include "runtime/text.h"
 
-namespace catalogador {
+namespace catalogador::script {
 
 namespace {
 
@@ -85,4 +85,4 @@ void useGrid(Window& window, Arguments& line) {
     click(window, grid, MouseButton::left, headerRow, column);
 }
 
-}  // namespace catalogador
+}  // namespace catalogador::script

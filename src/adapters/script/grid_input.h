@@ -2,10 +2,10 @@
 #include "adapters/script/script_line.h"
 #include "platform/controls/window.h"
 
-namespace catalogador {
+namespace catalogador::script {
 
 /// Carries out a `grid …` line: what the mouse does to the record grid of the window. Raises
 /// Refusal where a user could not do it.
 void useGrid(Window& window, Arguments& line);
 
-}  // namespace catalogador
+}  // namespace catalogador::script

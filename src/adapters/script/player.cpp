@@ -4,7 +4,7 @@
 
 #include "form/frmCatalogador.h"
 
-namespace catalogador {
+namespace catalogador::script {
 
 Player::Player(Stage stage) : stage_(std::move(stage)) {
     stage_.screen.setModalRunner([this](Window& window) { play(window); });
@@ -113,4 +113,4 @@ const Player::Command& Player::commandOf(const std::string& name) {
     return *found;
 }
 
-}  // namespace catalogador
+}  // namespace catalogador::script

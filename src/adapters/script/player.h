@@ -13,8 +13,10 @@
 #include "component/clsCatalogador.h"
 
 namespace catalogador {
-
 class frmCatalogador;
+}
+
+namespace catalogador::script {
 
 /// What a played screen is made of. All references must outlive the player.
 struct Stage {
@@ -112,4 +114,4 @@ class Player {
 Json addedEvent(clsCatalogador& component, std::int16_t view, const std::string& sequence,
                 const std::string& value);
 
-}  // namespace catalogador
+}  // namespace catalogador::script

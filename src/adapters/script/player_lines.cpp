@@ -10,7 +10,7 @@
 #include "runtime/convert.h"
 #include "runtime/text.h"
 
-namespace catalogador {
+namespace catalogador::script {
 
 const std::vector<Player::Command>& Player::commands() {
     static const std::vector<Command> table{
@@ -221,4 +221,4 @@ void Player::sqlLine(Arguments& line) {
     stage_.transcript.print(runStatement(stage_.connect, sql));
 }
 
-}  // namespace catalogador
+}  // namespace catalogador::script

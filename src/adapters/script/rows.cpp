@@ -2,7 +2,7 @@
 
 #include <algorithm>
 
-namespace catalogador {
+namespace catalogador::script {
 
 namespace {
 
@@ -42,4 +42,4 @@ void printRows(Transcript& transcript, const RecordGrid& grid, int first, int co
     out << "]}\n" << std::flush;
 }
 
-}  // namespace catalogador
+}  // namespace catalogador::script

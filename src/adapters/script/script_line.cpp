@@ -2,7 +2,7 @@
 
 #include <nlohmann/json.hpp>
 
-namespace catalogador {
+namespace catalogador::script {
 
 namespace {
 
@@ -82,4 +82,4 @@ void Arguments::end() const {
     if (left()) throw Refusal("one argument too many: " + words_[at_].text);
 }
 
-}  // namespace catalogador
+}  // namespace catalogador::script

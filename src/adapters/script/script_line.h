@@ -7,7 +7,7 @@
 #include <string_view>
 #include <vector>
 
-namespace catalogador {
+namespace catalogador::script {
 
 /// Why a line of a script cannot be carried out.
 class Refusal : public std::runtime_error {
@@ -77,4 +77,4 @@ class Arguments {
     std::size_t at_ = 0;
 };
 
-}  // namespace catalogador
+}  // namespace catalogador::script

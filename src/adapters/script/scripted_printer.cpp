@@ -2,7 +2,7 @@
 
 #include "runtime/error.h"
 
-namespace catalogador {
+namespace catalogador::script {
 
 namespace {
 
@@ -34,4 +34,4 @@ void ScriptedPrinter::show(Window& /*window*/, const PrintedDocument& document,
     transcript_.print({{"event", "printed"}, {"path", choice.file}, {"pages", std::move(pages)}});
 }
 
-}  // namespace catalogador
+}  // namespace catalogador::script

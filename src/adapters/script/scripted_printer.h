@@ -6,7 +6,7 @@
 #include "adapters/script/transcript.h"
 #include "platform/printer.h"
 
-namespace catalogador {
+namespace catalogador::script {
 
 using PdfWriter = std::function<void(const PrintedDocument& document, const std::string& path)>;
 
@@ -34,4 +34,4 @@ class ScriptedPrinter : public Printer {
     ScriptAnswers& answers_;
 };
 
-}  // namespace catalogador
+}  // namespace catalogador::script

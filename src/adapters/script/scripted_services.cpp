@@ -2,7 +2,7 @@
 
 #include "runtime/convert.h"
 
-namespace catalogador {
+namespace catalogador::script {
 
 namespace {
 
@@ -73,4 +73,4 @@ std::unique_ptr<clsAccesos> TracedAccess::create() {
     return std::make_unique<TracedQuestions>(real_.create(), transcript_, statements_);
 }
 
-}  // namespace catalogador
+}  // namespace catalogador::script

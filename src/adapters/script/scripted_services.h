@@ -3,7 +3,7 @@
 #include "adapters/script/transcript.h"
 #include "platform/services.h"
 
-namespace catalogador {
+namespace catalogador::script {
 
 /// The utility object with its calls traced.
 class TracedUtilities : public clsUtilidades {
@@ -81,4 +81,4 @@ class TracedAccess : public AccessLibrary {
     TranscriptStatements& statements_;
 };
 
-}  // namespace catalogador
+}  // namespace catalogador::script

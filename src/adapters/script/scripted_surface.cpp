@@ -3,7 +3,7 @@
 #include "modules/modLenguaje.h"
 #include "platform/controls/window.h"
 
-namespace catalogador {
+namespace catalogador::script {
 
 void ScriptedSurface::formOpening(std::int16_t view) {
     ++depth_;
@@ -66,4 +66,4 @@ void ScriptedSurface::showMenu(Window& window, const Menu& menu) {
     menu_ = menu;
 }
 
-}  // namespace catalogador
+}  // namespace catalogador::script

@@ -7,7 +7,7 @@
 #include "platform/controls/command_bars.h"
 #include "platform/host.h"
 
-namespace catalogador {
+namespace catalogador::script {
 
 /// Stands between the model and a screen: prints what a user would be told and answers for that
 /// user as the script has said. Boxes, dialogs and menus never reach the screen.
@@ -38,4 +38,4 @@ class ScriptedSurface : public TracedSurface, public FormListener {
     std::optional<Menu> menu_;
 };
 
-}  // namespace catalogador
+}  // namespace catalogador::script

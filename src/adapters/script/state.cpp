@@ -3,7 +3,7 @@
 #include "form/frmCatalogador.h"
 #include "runtime/text.h"
 
-namespace catalogador {
+namespace catalogador::script {
 
 namespace {
 
@@ -181,4 +181,4 @@ Json stateOf(frmCatalogador& form, int depth, int pointer) {
     return state;
 }
 
-}  // namespace catalogador
+}  // namespace catalogador::script

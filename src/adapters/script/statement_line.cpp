@@ -6,7 +6,7 @@
 #include "runtime/error.h"
 #include "runtime/text.h"
 
-namespace catalogador {
+namespace catalogador::script {
 
 namespace {
 
@@ -50,4 +50,4 @@ Json runStatement(const ConnectionFactory& connect, const std::string& sql) {
     return event;
 }
 
-}  // namespace catalogador
+}  // namespace catalogador::script

@@ -5,7 +5,7 @@
 
 #include "adapters/script/transcript.h"
 
-namespace catalogador {
+namespace catalogador::script {
 
 /// Opens a connection to the database that the screen works on.
 using ConnectionFactory = std::function<std::unique_ptr<rdoConnection>()>;
@@ -14,4 +14,4 @@ using ConnectionFactory = std::function<std::unique_ptr<rdoConnection>()>;
 /// is told in the event's "error".
 Json runStatement(const ConnectionFactory& connect, const std::string& sql);
 
-}  // namespace catalogador
+}  // namespace catalogador::script

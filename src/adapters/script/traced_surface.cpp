@@ -2,7 +2,7 @@
 
 #include "platform/controls/window.h"
 
-namespace catalogador {
+namespace catalogador::script {
 
 void TracedSurface::focusChanged(Window& window) {
     const Control* focus = window.focus();
@@ -16,4 +16,4 @@ void TracedSurface::pointerChanged(int pointer) {
     inner_.pointerChanged(pointer);
 }
 
-}  // namespace catalogador
+}  // namespace catalogador::script

@@ -2,7 +2,7 @@
 #include "adapters/script/transcript.h"
 #include "platform/surface.h"
 
-namespace catalogador {
+namespace catalogador::script {
 
 /// Hands everything to another surface and traces what a picture of the screen does not tell: the
 /// focus and the mouse pointer.
@@ -61,4 +61,4 @@ class TracedSurface : public Surface {
     int pointer_ = 0;
 };
 
-}  // namespace catalogador
+}  // namespace catalogador::script

@@ -5,7 +5,7 @@
 
 #include "runtime/convert.h"
 
-namespace catalogador {
+namespace catalogador::script {
 
 namespace {
 
@@ -91,4 +91,4 @@ void TranscriptStatements::written(std::string_view kind, const std::string& tab
     trace(event);
 }
 
-}  // namespace catalogador
+}  // namespace catalogador::script

@@ -6,7 +6,7 @@
 #include "platform/rdo.h"
 #include "runtime/variant.h"
 
-namespace catalogador {
+namespace catalogador::script {
 
 /// Keys stay in the order in which they are written.
 using Json = nlohmann::ordered_json;
@@ -73,4 +73,4 @@ class TranscriptStatements : public StatementListener {
     int quiet_ = 0;
 };
 
-}  // namespace catalogador
+}  // namespace catalogador::script

@@ -9,7 +9,7 @@
 #include "runtime/text.h"
 #include "runtime/utf8.h"
 
-namespace catalogador {
+namespace catalogador::script {
 
 namespace {
 
@@ -145,4 +145,4 @@ void placeWindow(Window& window, const Rect& place, WindowState state) {
     window.surface().windowChanged(window);
 }
 
-}  // namespace catalogador
+}  // namespace catalogador::script

@@ -5,7 +5,7 @@
 
 #include "platform/controls/window.h"
 
-namespace catalogador {
+namespace catalogador::script {
 
 /// What a user does to a window, through the model's own input members. Everything raises Refusal
 /// where a user could not do it.
@@ -29,4 +29,4 @@ void executeAction(Window& window, int id);
 /// Resizes, minimises or restores the window and has the screen follow.
 void placeWindow(Window& window, const Rect& place, WindowState state);
 
-}  // namespace catalogador
+}  // namespace catalogador::script

@@ -6,7 +6,7 @@
 #include "platform/controls/window.h"
 #include "runtime/text.h"
 
-namespace catalogador {
+namespace catalogador::script {
 
 namespace {
 constexpr int characterWidth = 105;
@@ -42,4 +42,4 @@ Rect WindowlessSurface::clientRect(const Window& window) const {
             std::max(0, window.place().height - barsHeight)};
 }
 
-}  // namespace catalogador
+}  // namespace catalogador::script

@@ -1,7 +1,7 @@
 #pragma once
 #include "adapters/script/screen.h"
 
-namespace catalogador {
+namespace catalogador::script {
 
 /// A surface without any window: what it measures depends on no font and no display, boxes get
 /// their default answer and dialogs are cancelled.
@@ -35,4 +35,4 @@ class WindowlessSurface : public Surface, public PlayedScreen {
     std::function<void(Window&)> runner_;
 };
 
-}  // namespace catalogador
+}  // namespace catalogador::script

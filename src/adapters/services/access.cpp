@@ -3,7 +3,7 @@
 #include "adapters/services/service_queries.h"
 #include "runtime/convert.h"
 
-namespace catalogador {
+namespace catalogador::services {
 
 namespace {
 
@@ -47,4 +47,4 @@ std::unique_ptr<clsAccesos> TableAccessLibrary::create() {
     return std::make_unique<TableAccess>(userName_);
 }
 
-}  // namespace catalogador
+}  // namespace catalogador::services

@@ -4,7 +4,7 @@
 
 #include "platform/services.h"
 
-namespace catalogador {
+namespace catalogador::services {
 
 /// Users and their rights in the tables accUsuarios and accPermisos. The rights of a person are
 /// those of the option and company asked for, whatever the application; a person who is not in
@@ -20,4 +20,4 @@ class TableAccessLibrary : public AccessLibrary {
     std::string userName_;
 };
 
-}  // namespace catalogador
+}  // namespace catalogador::services

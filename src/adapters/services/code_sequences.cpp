@@ -8,7 +8,7 @@
 #include "runtime/error.h"
 #include "runtime/text.h"
 
-namespace catalogador {
+namespace catalogador::services {
 
 namespace {
 
@@ -140,4 +140,4 @@ std::int32_t drawCode(rdoConnection& connection, const std::string& name) {
     return *code;
 }
 
-}  // namespace catalogador
+}  // namespace catalogador::services

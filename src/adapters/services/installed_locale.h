@@ -4,7 +4,7 @@
 
 #include "runtime/regional.h"
 
-namespace catalogador {
+namespace catalogador::services {
 
 /// What the operating system has about a locale with a name like "es_AR".
 std::optional<Regional> installedRegional(const std::string& territory);
@@ -22,4 +22,4 @@ Regional personalRegional();
 void setDateFormat(Regional& regional, const std::string& format, const char* day,
                    const char* month, const char* year);
 
-}  // namespace catalogador
+}  // namespace catalogador::services

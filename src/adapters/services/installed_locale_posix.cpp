@@ -7,7 +7,7 @@
 
 #include "adapters/services/installed_locale.h"
 
-namespace catalogador {
+namespace catalogador::services {
 
 namespace {
 
@@ -58,4 +58,4 @@ Regional personalRegional() {
     return {};
 }
 
-}  // namespace catalogador
+}  // namespace catalogador::services

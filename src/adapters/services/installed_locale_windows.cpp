@@ -6,14 +6,14 @@
 #include "adapters/services/installed_locale.h"
 #include "adapters/system/wide_text.h"
 
-namespace catalogador {
+namespace catalogador::services {
 
 namespace {
 
 std::string localeText(const wchar_t* locale, LCTYPE item) {
     std::array<wchar_t, 80> text{};
     const int length = GetLocaleInfoEx(locale, item, text.data(), static_cast<int>(text.size()));
-    return length > 0 ? utf8Of(text.data()) : std::string();
+    return length > 0 ? system::utf8Of(text.data()) : std::string();
 }
 
 Regional regionalFrom(const wchar_t* locale, LCTYPE flags) {
@@ -29,7 +29,7 @@ Regional regionalFrom(const wchar_t* locale, LCTYPE flags) {
 }  // namespace
 
 std::optional<Regional> installedRegional(const std::string& territory) {
-    std::wstring name = wideOf(territory);
+    std::wstring name = system::wideOf(territory);
     std::replace(name.begin(), name.end(), L'_', L'-');
     if (IsValidLocaleName(name.c_str()) == 0) return std::nullopt;
     return regionalFrom(name.c_str(), LOCALE_NOUSEROVERRIDE);
@@ -43,4 +43,4 @@ Regional personalRegional() {
     return regionalFrom(LOCALE_NAME_USER_DEFAULT, 0);
 }
 
-}  // namespace catalogador
+}  // namespace catalogador::services

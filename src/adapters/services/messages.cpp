@@ -1,6 +1,6 @@
 #include "adapters/services/messages.h"
 
-namespace catalogador {
+namespace catalogador::services {
 
 int SurfaceMessages::MostrarMensaje(const std::string& text, int style, const std::string& title) {
     return surface_.messageBox(text, style, title);
@@ -12,4 +12,4 @@ void SurfaceMessages::MostrarError(const std::string& text, const std::string& t
     surface_.errorBox({text, title, detail, context, task});
 }
 
-}  // namespace catalogador
+}  // namespace catalogador::services

@@ -2,7 +2,7 @@
 #include "platform/services.h"
 #include "platform/surface.h"
 
-namespace catalogador {
+namespace catalogador::services {
 
 /// The message object over a surface's own boxes.
 class SurfaceMessages : public clsMensajes {
@@ -19,4 +19,4 @@ class SurfaceMessages : public clsMensajes {
     Surface& surface_;
 };
 
-}  // namespace catalogador
+}  // namespace catalogador::services

@@ -12,7 +12,7 @@
 #include "adapters/services/opening.h"
 #include "runtime/error.h"
 
-namespace catalogador {
+namespace catalogador::services {
 
 namespace {
 
@@ -67,4 +67,4 @@ void openWithDesktop(const std::string& path) {
     if (told) fail(path, std::string(opener) + ": " + std::strerror(reason));
 }
 
-}  // namespace catalogador
+}  // namespace catalogador::services

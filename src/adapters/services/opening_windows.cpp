@@ -10,7 +10,7 @@
 #include "adapters/system/wide_text.h"
 #include "runtime/error.h"
 
-namespace catalogador {
+namespace catalogador::services {
 
 namespace {
 
@@ -35,4 +35,4 @@ void openWithDesktop(const std::string& path) {
         fail(path, std::system_category().message(static_cast<int>(GetLastError())));
 }
 
-}  // namespace catalogador
+}  // namespace catalogador::services

@@ -8,7 +8,7 @@
 #include "adapters/services/installed_locale.h"
 #include "runtime/error.h"
 
-namespace catalogador {
+namespace catalogador::services {
 
 namespace {
 
@@ -84,4 +84,4 @@ Regional regionalOf(const std::string& localeName) {
                        "The locale " + name + " is not known; give one like es_AR or en_US");
 }
 
-}  // namespace catalogador
+}  // namespace catalogador::services

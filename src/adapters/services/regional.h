@@ -3,7 +3,7 @@
 
 #include "runtime/regional.h"
 
-namespace catalogador {
+namespace catalogador::services {
 
 /// How numbers and dates are written in a locale ("es_AR", "en_US.UTF-8"), without changing the
 /// locale of the process; "" stands for the environment's. "C" and "POSIX" say nothing about the
@@ -12,4 +12,4 @@ namespace catalogador {
 /// but an unknown locale of the environment gives the defaults.
 Regional regionalOf(const std::string& localeName);
 
-}  // namespace catalogador
+}  // namespace catalogador::services

@@ -8,7 +8,7 @@
 #include "runtime/convert.h"
 #include "runtime/error.h"
 
-namespace catalogador {
+namespace catalogador::services {
 
 namespace {
 
@@ -45,7 +45,7 @@ Date timeOfThisMachine() {
     const auto now = system_clock::now();
     const auto second = floor<seconds>(now);
     const std::time_t time = system_clock::to_time_t(second);
-    const std::tm local = localTime(time);
+    const std::tm local = system::localTime(time);
     const auto fraction = duration_cast<microseconds>(now - second).count();
     return {local.tm_year + 1900,
             local.tm_mon + 1,
@@ -79,4 +79,4 @@ Date serverTime(rdoConnection& connection) {
     }
 }
 
-}  // namespace catalogador
+}  // namespace catalogador::services

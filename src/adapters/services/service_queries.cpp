@@ -4,7 +4,7 @@
 
 #include "runtime/convert.h"
 
-namespace catalogador {
+namespace catalogador::services {
 
 namespace {
 
@@ -61,4 +61,4 @@ std::vector<std::vector<Variant>> rowsWhere(rdoConnection& connection,
     return readAll(connection, question);
 }
 
-}  // namespace catalogador
+}  // namespace catalogador::services

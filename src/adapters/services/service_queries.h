@@ -6,7 +6,7 @@
 #include "platform/rdo.h"
 #include "runtime/variant.h"
 
-namespace catalogador {
+namespace catalogador::services {
 
 /// Columns of the rows of one table in which other columns have given values (never Null). Texts
 /// are the same when they are byte for byte, whatever the database calls the same. There is at
@@ -23,4 +23,4 @@ struct TableQuestion {
 std::vector<std::vector<Variant>> rowsWhere(rdoConnection& connection,
                                             const TableQuestion& question);
 
-}  // namespace catalogador
+}  // namespace catalogador::services

@@ -7,7 +7,7 @@
 #include "adapters/system/paths.h"
 #include "runtime/text.h"
 
-namespace catalogador {
+namespace catalogador::services {
 
 namespace {
 
@@ -44,7 +44,7 @@ Settings::Settings(const std::string& file, const std::map<std::string, std::str
 }
 
 std::string Settings::defaultFile() {
-    const std::filesystem::path folder = configurationFolder();
+    const std::filesystem::path folder = system::configurationFolder();
     return folder.empty() ? "" : pathText(folder / "catalogador" / "catalogador.ini");
 }
 
@@ -56,4 +56,4 @@ std::optional<std::string> Settings::read(const std::string& key, const std::str
     return stored->second;
 }
 
-}  // namespace catalogador
+}  // namespace catalogador::services

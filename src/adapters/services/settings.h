@@ -3,7 +3,7 @@
 #include <optional>
 #include <string>
 
-namespace catalogador {
+namespace catalogador::services {
 
 /// Settings by key and name: those given with the call first, whatever the key, then the user's
 /// INI file, where the key is the section:
@@ -29,4 +29,4 @@ class Settings {
     std::map<std::string, std::string> stored_;
 };
 
-}  // namespace catalogador
+}  // namespace catalogador::services

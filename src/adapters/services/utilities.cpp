@@ -12,7 +12,7 @@
 #include "runtime/convert.h"
 #include "runtime/error.h"
 
-namespace catalogador {
+namespace catalogador::services {
 
 namespace {
 
@@ -51,7 +51,7 @@ Date Utilities::FechaServidor(rdoConnection& connection) {
 
 Date Utilities::Ahora() const {
     const std::time_t now = std::time(nullptr);
-    const std::tm local = localTime(now);
+    const std::tm local = system::localTime(now);
     return {local.tm_year + 1900, local.tm_mon + 1, local.tm_mday,
             local.tm_hour,        local.tm_min,     local.tm_sec};
 }
@@ -68,8 +68,9 @@ std::string Utilities::TextoDe(const Variant& value) const {
 std::string Utilities::RutaAplicacion(const std::string& appKey) const {
     if (const auto setting = settings_.read(appKey, "Ruta")) return *setting;
     // What is kept beside the program's folder goes to the user's where nobody may write there.
-    const std::filesystem::path own = userFolder();
-    if (own.empty() || mayWriteTo(pathOf(programFolder_).parent_path())) return programFolder_;
+    const std::filesystem::path own = system::userFolder();
+    if (own.empty() || system::mayWriteTo(pathOf(programFolder_).parent_path()))
+        return programFolder_;
     return pathText(own / pathOf(appKey));
 }
 
@@ -94,4 +95,4 @@ void Utilities::MostrarAyuda(Window& window, int command, std::int32_t data) {
     help_(window, command, data);
 }
 
-}  // namespace catalogador
+}  // namespace catalogador::services

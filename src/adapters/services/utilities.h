@@ -6,7 +6,7 @@
 #include "platform/services.h"
 #include "runtime/regional.h"
 
-namespace catalogador {
+namespace catalogador::services {
 
 /// The utility object over the tables of the host's own database and the user's settings.
 class Utilities : public clsUtilidades {
@@ -37,4 +37,4 @@ class Utilities : public clsUtilidades {
     HelpViewer help_;
 };
 
-}  // namespace catalogador
+}  // namespace catalogador::services

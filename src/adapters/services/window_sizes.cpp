@@ -14,7 +14,7 @@
 #include "runtime/error.h"
 #include "runtime/text.h"
 
-namespace catalogador {
+namespace catalogador::services {
 
 namespace {
 
@@ -52,7 +52,7 @@ WindowSizes::WindowSizes(std::string file, const std::string& user) : file_(std:
 }
 
 std::string WindowSizes::defaultFile() {
-    const std::filesystem::path folder = configurationFolder();
+    const std::filesystem::path folder = system::configurationFolder();
     return folder.empty() ? "" : pathText(folder / "catalogador" / "window-sizes.ini");
 }
 
@@ -78,7 +78,7 @@ void WindowSizes::write(const std::string& window, const WindowSize& size) const
     putLine(lines, "[" + user_ + "]", window, line);
     try {
         std::filesystem::create_directories(pathOf(file_).parent_path());
-        ReplacedFile replaced(file_);
+        system::ReplacedFile replaced(file_);
         std::ofstream output(pathOf(replaced.path()));
         for (const std::string& each : lines) output << each << '\n';
         output.close();
@@ -95,4 +95,4 @@ WindowMemory windowMemoryOf(const std::string& user) {
             [sizes](const std::string& name, const WindowSize& size) { sizes->write(name, size); }};
 }
 
-}  // namespace catalogador
+}  // namespace catalogador::services

@@ -4,7 +4,7 @@
 
 #include "platform/window_memory.h"
 
-namespace catalogador {
+namespace catalogador::services {
 
 /// The sizes that a user gave the windows at this desk, in a file of their own:
 ///
@@ -32,4 +32,4 @@ class WindowSizes {
 /// Reads and writes the default file for a user.
 WindowMemory windowMemoryOf(const std::string& user);
 
-}  // namespace catalogador
+}  // namespace catalogador::services

@@ -4,7 +4,7 @@
 #include <filesystem>
 #include <string>
 
-namespace catalogador {
+namespace catalogador::system {
 
 // What the operating system knows about the desk that the program runs at. Paths are UTF-8.
 
@@ -24,4 +24,4 @@ bool mayWriteTo(const std::filesystem::path& folder);
 /// The time at this desk.
 std::tm localTime(std::time_t time);
 
-}  // namespace catalogador
+}  // namespace catalogador::system

@@ -6,7 +6,7 @@
 #include "adapters/system/desk.h"
 #include "adapters/system/paths.h"
 
-namespace catalogador {
+namespace catalogador::system {
 
 namespace {
 
@@ -55,4 +55,4 @@ std::tm localTime(std::time_t time) {
     return local;
 }
 
-}  // namespace catalogador
+}  // namespace catalogador::system

@@ -9,7 +9,7 @@
 #include "adapters/system/desk.h"
 #include "adapters/system/wide_text.h"
 
-namespace catalogador {
+namespace catalogador::system {
 
 namespace {
 
@@ -73,4 +73,4 @@ std::tm localTime(std::time_t time) {
     return local;
 }
 
-}  // namespace catalogador
+}  // namespace catalogador::system

@@ -2,7 +2,7 @@
 #include <cstdio>
 #include <string>
 
-namespace catalogador {
+namespace catalogador::system {
 
 /// std::fopen for a UTF-8 path.
 std::FILE* openFile(const std::string& path, const char* mode);
@@ -11,4 +11,4 @@ std::FILE* openFile(const std::string& path, const char* mode);
 /// system. It is the path itself where these are UTF-8.
 std::string narrowPath(const std::string& path);
 
-}  // namespace catalogador
+}  // namespace catalogador::system

@@ -1,6 +1,6 @@
 #include "adapters/system/open_file.h"
 
-namespace catalogador {
+namespace catalogador::system {
 
 std::FILE* openFile(const std::string& path, const char* mode) {
     return std::fopen(path.c_str(), mode);
@@ -10,4 +10,4 @@ std::string narrowPath(const std::string& path) {
     return path;
 }
 
-}  // namespace catalogador
+}  // namespace catalogador::system

@@ -5,7 +5,7 @@
 #include "adapters/system/open_file.h"
 #include "adapters/system/wide_text.h"
 
-namespace catalogador {
+namespace catalogador::system {
 
 std::FILE* openFile(const std::string& path, const char* mode) {
     return _wfopen(wideOf(path).c_str(), wideOf(mode).c_str());
@@ -23,4 +23,4 @@ std::string narrowPath(const std::string& path) {
     return narrow.data();
 }
 
-}  // namespace catalogador
+}  // namespace catalogador::system

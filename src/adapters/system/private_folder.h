@@ -2,7 +2,7 @@
 #include <cstdint>
 #include <string>
 
-namespace catalogador {
+namespace catalogador::system {
 
 /// A new folder that only this user may enter, for files that are not complete yet: nobody else can
 /// put a link or a file of their own into it. It is marked as in use, so that another program that
@@ -25,4 +25,4 @@ class PrivateFolder {
     std::intptr_t mark_;
 };
 
-}  // namespace catalogador
+}  // namespace catalogador::system

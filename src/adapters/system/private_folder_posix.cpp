@@ -10,7 +10,7 @@
 
 #include "adapters/system/private_folder.h"
 
-namespace catalogador {
+namespace catalogador::system {
 
 namespace {
 
@@ -66,4 +66,4 @@ PrivateFolder::~PrivateFolder() {
     if (mark_ != none) close(static_cast<int>(mark_));
 }
 
-}  // namespace catalogador
+}  // namespace catalogador::system

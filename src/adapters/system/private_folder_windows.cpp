@@ -8,7 +8,7 @@
 #include "adapters/system/private_folder.h"
 #include "adapters/system/wide_text.h"
 
-namespace catalogador {
+namespace catalogador::system {
 
 namespace {
 
@@ -77,4 +77,4 @@ PrivateFolder::~PrivateFolder() {
     RemoveDirectoryW(folder.c_str());
 }
 
-}  // namespace catalogador
+}  // namespace catalogador::system

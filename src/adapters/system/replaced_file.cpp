@@ -7,7 +7,7 @@
 #include "adapters/system/storing.h"
 #include "runtime/error.h"
 
-namespace catalogador {
+namespace catalogador::system {
 
 namespace {
 
@@ -42,4 +42,4 @@ void ReplacedFile::fail(const std::string& reason) const {
                                             "again; what was there before is as it was");
 }
 
-}  // namespace catalogador
+}  // namespace catalogador::system

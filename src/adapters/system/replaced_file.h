@@ -4,7 +4,7 @@
 
 #include "adapters/system/private_folder.h"
 
-namespace catalogador {
+namespace catalogador::system {
 
 /// A file that is written beside its target and takes the target's place when it is complete. Until
 /// then, and when it never gets there, an earlier file of that name stays as it was. It is written
@@ -33,4 +33,4 @@ class ReplacedFile {
     std::string path_;
 };
 
-}  // namespace catalogador
+}  // namespace catalogador::system

@@ -1,7 +1,7 @@
 #pragma once
 #include <string>
 
-namespace catalogador {
+namespace catalogador::system {
 
 /// Creates an empty file that must not exist yet: its user's alone, or open to whom the file
 /// `earlier` is open where there is one. Raises std::system_error.
@@ -11,4 +11,4 @@ void createLike(const std::string& path, const std::string& earlier);
 /// file system, in the place of what has that name. Raises std::system_error.
 void storeAs(const std::string& path, const std::string& target);
 
-}  // namespace catalogador
+}  // namespace catalogador::system

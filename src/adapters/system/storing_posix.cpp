@@ -8,7 +8,7 @@
 
 #include "adapters/system/storing.h"
 
-namespace catalogador {
+namespace catalogador::system {
 
 namespace {
 
@@ -36,4 +36,4 @@ void storeAs(const std::string& path, const std::string& target) {
     if (std::rename(path.c_str(), target.c_str()) != 0) fail(errno);
 }
 
-}  // namespace catalogador
+}  // namespace catalogador::system

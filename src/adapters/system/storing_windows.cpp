@@ -5,7 +5,7 @@
 #include "adapters/system/storing.h"
 #include "adapters/system/wide_text.h"
 
-namespace catalogador {
+namespace catalogador::system {
 
 namespace {
 
@@ -29,4 +29,4 @@ void storeAs(const std::string& path, const std::string& target) {
         fail();
 }
 
-}  // namespace catalogador
+}  // namespace catalogador::system

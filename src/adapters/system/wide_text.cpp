@@ -2,7 +2,7 @@
 
 #include "runtime/utf16.h"
 
-namespace catalogador {
+namespace catalogador::system {
 
 std::wstring wideOf(std::string_view text) {
     const std::u16string units = utf16Of(text);
@@ -13,4 +13,4 @@ std::string utf8Of(std::wstring_view text) {
     return utf8Of(std::u16string(text.begin(), text.end()));
 }
 
-}  // namespace catalogador
+}  // namespace catalogador::system

@@ -45,8 +45,8 @@ class PageName : public wxTreeItemData {
 
 class HelpFrame : public wxFrame {
   public:
-    HelpFrame(wxWindow& parent, const HelpPages& pages, HelpLabels labels, int language);
-    void visit(HelpPage page);
+    HelpFrame(wxWindow& parent, const help::HelpPages& pages, HelpLabels labels, int language);
+    void visit(help::HelpPage page);
 
   private:
     wxButton* addButton(wxWindow& bar, wxSizer& row, const std::string& label, const char* art,
@@ -64,10 +64,10 @@ class HelpFrame : public wxFrame {
     void onKey(wxKeyEvent& event);
     void placeBeside(const wxWindow& parent);
 
-    HelpPages pages_;
+    help::HelpPages pages_;
     HelpLabels labels_;
     int language_;
-    std::vector<HelpPage> visited_;
+    std::vector<help::HelpPage> visited_;
     std::size_t at_ = 0;
     std::vector<wxTreeItemId> entries_;
     bool selecting_ = false;
@@ -79,7 +79,8 @@ class HelpFrame : public wxFrame {
     wxHtmlWindow* html_ = nullptr;
 };
 
-HelpFrame::HelpFrame(wxWindow& parent, const HelpPages& pages, HelpLabels labels, int language)
+HelpFrame::HelpFrame(wxWindow& parent, const help::HelpPages& pages, HelpLabels labels,
+                     int language)
     : wxFrame(&parent, wxID_ANY, wxText(labels.help), wxDefaultPosition, parent.FromDIP(usualSize),
               wxDEFAULT_FRAME_STYLE),
       pages_(pages),
@@ -149,7 +150,7 @@ void HelpFrame::createPages() {
 void HelpFrame::fillContents() {
     const wxTreeItemId root = list_->AddRoot("");
     wxTreeItemId group = root;
-    for (const HelpTopic& topic : pages_.topics(language_)) {
+    for (const help::HelpTopic& topic : pages_.topics(language_)) {
         if (topic.page.empty()) {
             group = list_->AppendItem(root, wxText(topic.title));
             list_->SetItemBold(group);
@@ -169,7 +170,7 @@ void HelpFrame::follow(const std::string& link) {
     }
 }
 
-void HelpFrame::visit(HelpPage page) {
+void HelpFrame::visit(help::HelpPage page) {
     if (!visited_.empty() && visited_[at_].html == page.html) return show();
     if (!visited_.empty()) visited_.resize(at_ + 1);
     visited_.push_back(std::move(page));
@@ -185,7 +186,7 @@ void HelpFrame::step(std::ptrdiff_t by) {
 }
 
 void HelpFrame::show() {
-    const HelpPage& page = visited_[at_];
+    const help::HelpPage& page = visited_[at_];
     html_->GetParser()->GetFS()->ChangePathTo(wxText(pathText(page.folder)), true);
     html_->SetPage(wxText(page.html));
     html_->Scroll(0, 0);
@@ -231,9 +232,9 @@ void HelpFrame::placeBeside(const wxWindow& parent) {
 
 }  // namespace
 
-void showHelp(wxWindow& parent, const HelpPages& pages, const HelpLabels& labels,
+void showHelp(wxWindow& parent, const help::HelpPages& pages, const HelpLabels& labels,
               const HelpRequest& request) {
-    HelpPage page = pages.page(request.command, request.data, request.language);
+    help::HelpPage page = pages.page(request.command, request.data, request.language);
     HelpFrame* frame = nullptr;
     for (wxWindow* child : parent.GetChildren())
         if (frame == nullptr) frame = dynamic_cast<HelpFrame*>(child);

@@ -4,7 +4,7 @@
 
 class wxWindow;
 
-namespace catalogador {
+namespace catalogador::help {
 class HelpPages;
 }
 
@@ -30,7 +30,7 @@ struct HelpLabels {
 /// Shows a page of help in a window of its own beside `parent`, which stays usable; a second call
 /// goes on in the same window. The window ends with its parent at the latest. Raises RuntimeError
 /// when the page cannot be read.
-void showHelp(wxWindow& parent, const HelpPages& pages, const HelpLabels& labels,
+void showHelp(wxWindow& parent, const help::HelpPages& pages, const HelpLabels& labels,
               const HelpRequest& request);
 
 }  // namespace catalogador::wx

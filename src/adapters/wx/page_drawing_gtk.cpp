@@ -27,7 +27,7 @@ bool drawPrintedPage(wxPrintout& printout, const PrintedDocument& document, std:
         const double scale = 1 / (twipsPerPoint * std::hypot(given.xx, given.yx));
         cairo_scale(context, scale, scale);
     }
-    drawPage(context, document, page);
+    pdf::drawPage(context, document, page);
     cairo_restore(context);
     return true;
 }

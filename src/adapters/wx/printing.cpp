@@ -118,7 +118,7 @@ std::optional<PrinterChoice> WxPrinter::setUp(Window& window) {
 }
 
 void WxPrinter::show(Window& window, const PrintedDocument& document, const PrinterChoice& choice) {
-    if (!choice.file.empty()) return writePdf(document, choice.file);
+    if (!choice.file.empty()) return pdf::writePdf(document, choice.file);
     const UsualPointer arrow;
     wxPrintDialogData data(setup_.GetPrintData());
     auto* preview = new wxPrintPreview(new Printout(document), new Printout(document), &data);

@@ -22,7 +22,7 @@ class WxPrinter : public Printer {
 
   private:
     WxSurface& surface_;
-    std::unique_ptr<FontMeasure> fonts_ = paperFonts();
+    std::unique_ptr<FontMeasure> fonts_ = pdf::paperFonts();
     /// What was chosen last is offered again.
     wxPageSetupDialogData setup_;
 };

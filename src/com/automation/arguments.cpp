@@ -2,7 +2,7 @@
 
 #include "com/automation/automation_values.h"
 
-namespace catalogador {
+namespace catalogador::com {
 
 namespace {
 
@@ -95,4 +95,4 @@ Variant Arguments::value(UINT index) const {
     return variantOf(at(index));
 }
 
-}  // namespace catalogador
+}  // namespace catalogador::com

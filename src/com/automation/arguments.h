@@ -6,7 +6,7 @@
 #include "com/automation/com_api.h"
 #include "runtime/variant.h"
 
-namespace catalogador {
+namespace catalogador::com {
 
 /// A call of automation could not be understood: one of the DISP_E_… codes.
 struct CallError {
@@ -45,4 +45,4 @@ class Arguments {
     WORD kind_;
 };
 
-}  // namespace catalogador
+}  // namespace catalogador::com

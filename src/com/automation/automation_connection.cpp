@@ -7,7 +7,7 @@
 #include "runtime/convert.h"
 #include "runtime/text.h"
 
-namespace catalogador {
+namespace catalogador::com {
 
 namespace {
 
@@ -166,4 +166,4 @@ bool AutomationConnection::accepts(const AutomationObject& object) {
     return object.has(L"OpenResultset") && object.has(L"Execute");
 }
 
-}  // namespace catalogador
+}  // namespace catalogador::com

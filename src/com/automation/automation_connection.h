@@ -5,7 +5,7 @@
 #include "com/automation/automation_object.h"
 #include "platform/rdo.h"
 
-namespace catalogador {
+namespace catalogador::com {
 
 /// A connection that the host has opened with a data-access library of its own, driven by the names
 /// of that library's members.
@@ -28,4 +28,4 @@ class AutomationConnection : public rdoConnection {
     StatementListener* listener_ = nullptr;
 };
 
-}  // namespace catalogador
+}  // namespace catalogador::com

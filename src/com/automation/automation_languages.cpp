@@ -4,7 +4,7 @@
 #include "com/automation/automation_object.h"
 #include "runtime/convert.h"
 
-namespace catalogador {
+namespace catalogador::com {
 
 namespace {
 
@@ -34,7 +34,7 @@ class AutomationTexts : public clsResources {
 
 std::unique_ptr<clsResources> AutomationLanguages::create(const std::string& progId) {
     CLSID classId{};
-    HRESULT result = CLSIDFromProgID(wideOf(progId).c_str(), &classId);
+    HRESULT result = CLSIDFromProgID(system::wideOf(progId).c_str(), &classId);
     if (FAILED(result)) fail(progId, result);
     ComPtr<IDispatch> library;
     result = CoCreateInstance(classId, nullptr, CLSCTX_INPROC_SERVER | CLSCTX_LOCAL_SERVER,
@@ -43,4 +43,4 @@ std::unique_ptr<clsResources> AutomationLanguages::create(const std::string& pro
     return std::make_unique<AutomationTexts>(AutomationObject(std::move(library)));
 }
 
-}  // namespace catalogador
+}  // namespace catalogador::com

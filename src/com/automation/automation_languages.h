@@ -4,7 +4,7 @@
 
 #include "platform/language.h"
 
-namespace catalogador {
+namespace catalogador::com {
 
 /// Language libraries that are registered on this computer, found by their ProgID.
 class AutomationLanguages : public LanguageLibraries {
@@ -12,4 +12,4 @@ class AutomationLanguages : public LanguageLibraries {
     std::unique_ptr<clsResources> create(const std::string& progId) override;
 };
 
-}  // namespace catalogador
+}  // namespace catalogador::com

@@ -4,7 +4,7 @@
 
 #include "adapters/system/wide_text.h"
 
-namespace catalogador {
+namespace catalogador::com {
 
 namespace {
 
@@ -38,7 +38,7 @@ DISPID AutomationObject::idOf(const wchar_t* member) const {
     DISPID id = DISPID_UNKNOWN;
     auto* name = const_cast<wchar_t*>(member);
     if (FAILED(object_->GetIDsOfNames(IID_NULL, &name, 1, LOCALE_USER_DEFAULT, &id)))
-        throw RuntimeError(noSuchMember, "The object has no member " + utf8Of(member));
+        throw RuntimeError(noSuchMember, "The object has no member " + system::utf8Of(member));
     return id;
 }
 
@@ -115,4 +115,4 @@ AutomationObject objectIn(const AutomationValue& value) {
     return AutomationObject(std::move(object));
 }
 
-}  // namespace catalogador
+}  // namespace catalogador::com

@@ -7,7 +7,7 @@
 #include "com/automation/automation_values.h"
 #include "com/automation/com_ptr.h"
 
-namespace catalogador {
+namespace catalogador::com {
 
 /// An object of another library, driven by the names of its members. What the object reports as an
 /// error is raised as a RuntimeError with its number and description.
@@ -43,4 +43,4 @@ class AutomationObject {
 /// The object in a value. Raises RuntimeError (objectNotSet) when there is none.
 AutomationObject objectIn(const AutomationValue& value);
 
-}  // namespace catalogador
+}  // namespace catalogador::com

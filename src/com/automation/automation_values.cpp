@@ -6,7 +6,7 @@
 
 #include "adapters/system/wide_text.h"
 
-namespace catalogador {
+namespace catalogador::com {
 
 namespace {
 
@@ -79,7 +79,7 @@ struct Writer {
     }
     void operator()(const Decimal& value) const {
         DECIMAL number{};
-        if (FAILED(VarDecFromStr(wideOf(value.text).data(), LOCALE_INVARIANT, 0, &number)))
+        if (FAILED(VarDecFromStr(system::wideOf(value.text).data(), LOCALE_INVARIANT, 0, &number)))
             return setText(target, value.text);
         target.decVal = number;
         target.vt = VT_DECIMAL;
@@ -111,11 +111,11 @@ AutomationValue::AutomationValue(const Variant& value) {
 }
 
 std::string textOf(BSTR text) {
-    return utf8Of(std::wstring_view(text, SysStringLen(text)));
+    return system::utf8Of(std::wstring_view(text, SysStringLen(text)));
 }
 
 BSTR newText(std::string_view text) {
-    const std::wstring wide = wideOf(text);
+    const std::wstring wide = system::wideOf(text);
     BSTR made = SysAllocStringLen(wide.data(), static_cast<UINT>(wide.size()));
     if (made == nullptr) throw std::bad_alloc();
     return made;
@@ -177,4 +177,4 @@ std::string systemText(HRESULT result) {
     return text;
 }
 
-}  // namespace catalogador
+}  // namespace catalogador::com

@@ -6,7 +6,7 @@
 #include "runtime/error.h"
 #include "runtime/variant.h"
 
-namespace catalogador {
+namespace catalogador::com {
 
 /// A VARIANT that is cleared with its owner.
 class AutomationValue {
@@ -55,4 +55,4 @@ std::int32_t errorNumberOf(HRESULT result);
 /// "The system's text for a code", without a line end.
 std::string systemText(HRESULT result);
 
-}  // namespace catalogador
+}  // namespace catalogador::com

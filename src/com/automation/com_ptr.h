@@ -3,7 +3,7 @@
 
 #include "com/automation/com_api.h"
 
-namespace catalogador {
+namespace catalogador::com {
 
 /// Owns one reference to a COM object.
 template <class Interface>
@@ -49,4 +49,4 @@ class ComPtr {
     Interface* pointer_ = nullptr;
 };
 
-}  // namespace catalogador
+}  // namespace catalogador::com

@@ -3,7 +3,7 @@
 #include <cwchar>
 #include <new>
 
-namespace catalogador {
+namespace catalogador::com {
 
 HRESULT LateBoundObject::QueryInterface(REFIID iid, void** object) {
     if (object == nullptr) return E_POINTER;
@@ -87,4 +87,4 @@ HRESULT tellException(EXCEPINFO* info, std::int32_t number, const std::string& s
     return DISP_E_EXCEPTION;
 }
 
-}  // namespace catalogador
+}  // namespace catalogador::com

@@ -8,7 +8,7 @@
 #include "com/automation/com_ptr.h"
 #include "com/automation/library.h"
 
-namespace catalogador {
+namespace catalogador::com {
 
 /// A member of an object that is known by its names alone. Several members may share a number.
 struct LateBoundMember {
@@ -55,4 +55,4 @@ AutomationValue objectValue(IDispatch* object);
 HRESULT tellException(EXCEPINFO* info, std::int32_t number, const std::string& source,
                       const std::string& description);
 
-}  // namespace catalogador
+}  // namespace catalogador::com

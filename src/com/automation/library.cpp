@@ -6,7 +6,7 @@
 #include "com/automation/automation_values.h"
 #include "com/automation/com_ptr.h"
 
-namespace catalogador {
+namespace catalogador::com {
 
 namespace {
 
@@ -100,12 +100,12 @@ HRESULT reportError(std::int32_t number, const std::string& source, const std::s
     ComPtr<ICreateErrorInfo> made;
     if (FAILED(CreateErrorInfo(made.put()))) return result;
     made->SetGUID(iid);
-    made->SetSource(wideOf(source).data());
-    made->SetDescription(wideOf(description).data());
+    made->SetSource(system::wideOf(source).data());
+    made->SetDescription(system::wideOf(description).data());
     ComPtr<IErrorInfo> info;
     if (SUCCEEDED(made->QueryInterface(IID_IErrorInfo, info.putVoid())))
         SetErrorInfo(0, info.get());
     return result;
 }
 
-}  // namespace catalogador
+}  // namespace catalogador::com

@@ -4,7 +4,7 @@
 
 #include "com/automation/com_api.h"
 
-namespace catalogador {
+namespace catalogador::com {
 
 /// What keeps a COM library in memory.
 namespace library_use {
@@ -54,4 +54,4 @@ HRESULT classObject(const LibraryClass* classes, std::size_t count, REFCLSID cla
 HRESULT reportError(std::int32_t number, const std::string& source, const std::string& description,
                     const GUID& iid);
 
-}  // namespace catalogador
+}  // namespace catalogador::com

@@ -5,7 +5,7 @@
 
 #include "com/automation/com_ptr.h"
 
-namespace catalogador {
+namespace catalogador::com {
 
 namespace {
 
@@ -208,4 +208,4 @@ HRESULT unregisterLibrary(const std::vector<LibraryClass>& classes, const Librar
     return result;
 }
 
-}  // namespace catalogador
+}  // namespace catalogador::com

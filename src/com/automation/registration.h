@@ -3,7 +3,7 @@
 
 #include "com/automation/library.h"
 
-namespace catalogador {
+namespace catalogador::com {
 
 /// Registers the classes of the library that this code is part of, and its type library, for the
 /// whole computer, or for this user where that is not allowed. What was begun is taken back when it
@@ -17,4 +17,4 @@ LSTATUS writeClasses(HKEY root, const std::vector<LibraryClass>& classes,
                      const LibraryTypes& types);
 LSTATUS removeClasses(HKEY root, const std::vector<LibraryClass>& classes);
 
-}  // namespace catalogador
+}  // namespace catalogador::com

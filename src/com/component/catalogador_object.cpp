@@ -8,7 +8,7 @@
 #include "com/component/window_scope.h"
 #include "modules/modLenguaje.h"
 
-namespace catalogador {
+namespace catalogador::com {
 
 namespace {
 
@@ -226,4 +226,4 @@ void CatalogadorObject::callMember(DISPID member, WORD /*kind*/, const Arguments
     }
 }
 
-}  // namespace catalogador
+}  // namespace catalogador::com

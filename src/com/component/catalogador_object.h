@@ -10,7 +10,7 @@
 #include "com/component/interface.h"
 #include "component/clsCatalogador.h"
 
-namespace catalogador {
+namespace catalogador::com {
 
 /// The public class as the platform's programs see it, compiled ones and those that call by name.
 class CatalogadorObject : public _clsCatalogador, public ISupportErrorInfo {
@@ -66,4 +66,4 @@ class CatalogadorObject : public _clsCatalogador, public ISupportErrorInfo {
 /// Description of the interface, from the type library that is part of this library.
 HRESULT interfaceDescription(ITypeInfo** info);
 
-}  // namespace catalogador
+}  // namespace catalogador::com

@@ -6,7 +6,7 @@
 #include "com/automation/automation_languages.h"
 #include "platform/host.h"
 
-namespace catalogador {
+namespace catalogador::com {
 
 /// Everything that an object of the component needs, made of what this desk has.
 class ComponentHost {
@@ -19,12 +19,12 @@ class ComponentHost {
 
   private:
     Regional regional_;
-    Utilities utilities_;
-    SurfaceMessages messages_;
-    TableAccessLibrary access_;
+    services::Utilities utilities_;
+    services::SurfaceMessages messages_;
+    services::TableAccessLibrary access_;
     AutomationLanguages languages_;
-    GridFileWriter gridFiles_;
+    exporting::GridFileWriter gridFiles_;
     Host host_;
 };
 
-}  // namespace catalogador
+}  // namespace catalogador::com

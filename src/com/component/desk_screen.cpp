@@ -11,7 +11,7 @@
 #include "platform/services.h"
 #include "runtime/error.h"
 
-namespace catalogador {
+namespace catalogador::com {
 
 namespace {
 
@@ -40,7 +40,7 @@ class LabelledButtons {
             for (const auto& [button, text] :
                  {std::pair{IDYES, shown->yes}, std::pair{IDNO, shown->no},
                   std::pair{IDOK, shown->ok}, std::pair{IDCANCEL, shown->ok}})
-                SetDlgItemTextW(window, button, wideOf(text).c_str());
+                SetDlgItemTextW(window, button, system::wideOf(text).c_str());
         }
         return CallNextHookEx(nullptr, code, wparam, lparam);
     }
@@ -65,7 +65,7 @@ bool DeskScreen::isOnItsThread() const {
 int DeskScreen::systemBox(const std::string& text, unsigned style, const std::string& title) const {
     const wx::BoxLabels labels = wx::boxLabels(language_);
     const LabelledButtons labelled(labels);
-    return MessageBoxW(nullptr, wideOf(text).c_str(), wideOf(title).c_str(),
+    return MessageBoxW(nullptr, system::wideOf(text).c_str(), system::wideOf(title).c_str(),
                        style | MB_TASKMODAL | MB_SETFOREGROUND);
 }
 
@@ -85,8 +85,8 @@ void DeskScreen::open(Window& window) {
                            "there again");
     if (!screen_) {
         library_use::stay();
-        screen_ = realScreen(language_);
-        screen_->rememberSizes(windowMemoryOf(systemUser()));
+        screen_ = desktop::realScreen(language_);
+        screen_->rememberSizes(services::windowMemoryOf(system::systemUser()));
         thread_ = GetCurrentThreadId();
     }
     screen().open(window);
@@ -114,4 +114,4 @@ void DeskScreen::errorBox(const ErrorNotice& error) {
     systemBox(whole, MB_ICONERROR | MB_OK, error.title + (both ? " - " : "") + error.context);
 }
 
-}  // namespace catalogador
+}  // namespace catalogador::com

@@ -5,7 +5,7 @@
 #include "adapters/desktop/real_screen.h"
 #include "platform/surface.h"
 
-namespace catalogador {
+namespace catalogador::com {
 
 /// The screen of the process that has loaded the library. The toolkit is started with the first
 /// window and stays; until then boxes are the system's own, so that a host that never opens the
@@ -65,9 +65,9 @@ class DeskScreen : public Surface, public Printer {
     [[nodiscard]] Surface& screen() const { return screen_->surface(); }
     [[nodiscard]] Printer& printer() const { return screen_->printer(); }
 
-    std::unique_ptr<RealScreen> screen_;
+    std::unique_ptr<desktop::RealScreen> screen_;
     unsigned long thread_ = 0;
     std::atomic<std::uint8_t> language_ = 1;
 };
 
-}  // namespace catalogador
+}  // namespace catalogador::com

@@ -4,7 +4,7 @@
 #include "com/automation/registration.h"
 #include "com/component/catalogador_object.h"
 
-namespace catalogador {
+namespace catalogador::com {
 
 namespace {
 
@@ -28,7 +28,7 @@ HRESULT interfaceDescription(ITypeInfo** info) {
     return FAILED(result) ? result : library->GetTypeInfoOfGuid(IID__clsCatalogador, info);
 }
 
-}  // namespace catalogador
+}  // namespace catalogador::com
 
 // NOLINTBEGIN(readability-identifier-naming): the names are the platform's
 extern "C" BOOL WINAPI DllMain(HINSTANCE instance, DWORD reason, void* /*reserved*/) {

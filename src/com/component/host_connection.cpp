@@ -5,7 +5,7 @@
 #include "com/automation/automation_connection.h"
 #include "com/automation/automation_values.h"
 
-namespace catalogador {
+namespace catalogador::com {
 
 namespace {
 
@@ -65,4 +65,4 @@ HostConnection::Use::~Use() {
     if (attached_) attached_->Detach();
 }
 
-}  // namespace catalogador
+}  // namespace catalogador::com

@@ -6,7 +6,7 @@
 #include "component/clsCatalogador.h"
 #include "platform/rdo.h"
 
-namespace catalogador {
+namespace catalogador::com {
 
 /// The connection that the host has handed over: driven by the names of its members or, when it is
 /// one of this project's own, used directly.
@@ -40,4 +40,4 @@ class HostConnection {
     std::shared_ptr<rdoConnection> automation_;
 };
 
-}  // namespace catalogador
+}  // namespace catalogador::com

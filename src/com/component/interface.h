@@ -2,7 +2,7 @@
 #include "com/automation/com_api.h"
 #include "com/automation/library.h"
 
-namespace catalogador {
+namespace catalogador::com {
 
 /// {7BF389A7-6F13-43D6-8C37-9DA81BF5566F}
 constexpr GUID LIBID_Catalogador = {
@@ -42,4 +42,4 @@ struct _clsCatalogador : public IDispatch {
                                              BYTE* result) = 0;
 };
 
-}  // namespace catalogador
+}  // namespace catalogador::com

@@ -1,6 +1,6 @@
 #include "com/component/window_scope.h"
 
-namespace catalogador {
+namespace catalogador::com {
 
 namespace {
 
@@ -46,4 +46,4 @@ WindowScope::~WindowScope() {
     if (set != nullptr && before_ != nullptr) set(before_);
 }
 
-}  // namespace catalogador
+}  // namespace catalogador::com

@@ -1,7 +1,7 @@
 #pragma once
 #include "com/automation/com_api.h"
 
-namespace catalogador {
+namespace catalogador::com {
 
 /// While it lives, the calling thread makes windows as the screen needs them: sharp on every
 /// display and with the controls of today. The rest of the host's process stays as it is.
@@ -18,4 +18,4 @@ class WindowScope {
     bool activated_ = false;
 };
 
-}  // namespace catalogador
+}  // namespace catalogador::com

@@ -5,7 +5,7 @@
 #include "com/automation/automation_values.h"
 #include "com/connections/resultset_object.h"
 
-namespace catalogador {
+namespace catalogador::com {
 
 namespace {
 
@@ -112,4 +112,4 @@ AutomationValue ConnectionObject::invoke(DISPID member, const Arguments& argumen
     }
 }
 
-}  // namespace catalogador
+}  // namespace catalogador::com

@@ -5,7 +5,7 @@
 #include "com/automation/late_bound_object.h"
 #include "com/connection_sharing.h"
 
-namespace catalogador {
+namespace catalogador::com {
 
 /// {CD1193C1-341F-4FDB-A88C-44C63893EEE4}
 constexpr CLSID CLSID_rdoConnection = {
@@ -48,4 +48,4 @@ class ConnectionObject : public LateBoundObject, public IConnectionSharing {
     int attached_ = 0;
 };
 
-}  // namespace catalogador
+}  // namespace catalogador::com

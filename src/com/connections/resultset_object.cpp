@@ -3,7 +3,7 @@
 #include "runtime/convert.h"
 #include "runtime/text.h"
 
-namespace catalogador {
+namespace catalogador::com {
 
 namespace {
 
@@ -145,4 +145,4 @@ AutomationValue ResultsetObject::invoke(DISPID member, const Arguments& argument
     }
 }
 
-}  // namespace catalogador
+}  // namespace catalogador::com

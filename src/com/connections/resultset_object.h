@@ -5,7 +5,7 @@
 #include "com/automation/late_bound_object.h"
 #include "platform/rdo.h"
 
-namespace catalogador {
+namespace catalogador::com {
 
 /// The rows of a statement: EOF, rdoColumns, MoveNext, AddNew, Edit, Update, Delete, Close.
 class ResultsetObject : public LateBoundObject {
@@ -26,4 +26,4 @@ class ResultsetObject : public LateBoundObject {
     std::unique_ptr<rdoResultset> rows_;
 };
 
-}  // namespace catalogador
+}  // namespace catalogador::com

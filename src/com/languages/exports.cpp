@@ -6,7 +6,7 @@
 #include "com/languages/resource_id.h"
 #include "runtime/text.h"
 
-namespace catalogador {
+namespace catalogador::com {
 
 namespace {
 
@@ -21,7 +21,7 @@ Texts readTexts() {
         throw RuntimeError(error_number::cannotCreateObject, "The library has no texts");
     const std::string content(static_cast<const char*>(LockResource(loaded)),
                               SizeofResource(ownLibrary, found));
-    return readPoText(content, "of " LIBRARY_NAME);
+    return languages::readPoText(content, "of " LIBRARY_NAME);
 }
 
 /// The catalogue is read once, by whoever comes first.
@@ -78,7 +78,7 @@ const std::vector<LibraryClass>& classes() {
 
 }  // namespace
 
-}  // namespace catalogador
+}  // namespace catalogador::com
 
 // NOLINTBEGIN(readability-identifier-naming): the names are the platform's
 extern "C" BOOL WINAPI DllMain(HINSTANCE instance, DWORD reason, void* /*reserved*/) {

@@ -7,7 +7,7 @@
 #include "com/automation/com_ptr.h"
 #include "com/component/interface.h"
 
-namespace catalogador {
+namespace catalogador::com {
 namespace {
 
 struct Failure {
@@ -175,7 +175,7 @@ void writeLibrary(const std::wstring& file, SYSKIND system) {
 }
 
 }  // namespace
-}  // namespace catalogador
+}  // namespace catalogador::com
 
 int main(int argc, char** argv) {
     if (argc < 2) return 2;
