@@ -1,8 +1,7 @@
 #include <clocale>
 
 #include "adapters/system/wide_text.h"
-#include "host_process.h"
-#include "hosted.h"
+#include "hosted_screen.h"
 #include "runtime/convert.h"
 
 namespace catalogador::test {
@@ -14,56 +13,7 @@ HRESULT canUnload() {
         reinterpret_cast<void*>(GetProcAddress(library, "DllCanUnloadNow")))();
 }
 
-/// The screen, once it is there; null when it does not come.
-HWND shownScreen() {
-    for (int tries = 0; tries < 300; ++tries) {
-        Sleep(50);
-        const HWND window = FindWindowW(nullptr, L"Escrituras");
-        if (window != nullptr && IsWindowVisible(window) != 0) {
-            Sleep(500);
-            return window;
-        }
-    }
-    return nullptr;
-}
-
-/// A host with the screen's connection and a window of its own; the demonstration's list of scripts
-/// is opened on it.
-class Screen : public testing::Test {
-  protected:
-    Screen() : component_(createdComponent()) {
-        component_->putref_Coneccion(asForeign(connection_.object().get()).get());
-        BSTR key = com::newText("VEM04");
-        component_->put_AppKey(key);
-        SysFreeString(key);
-        component_->put_Empresa(1);
-    }
-
-    /// Opens the screen; another thread looks at it with `look`, and closes it then if it shall.
-    bool activate(const std::function<void(HWND)>& look, bool close = true) {
-        SHORT view = 5;
-        LONG code = 0;
-        BSTR none = nullptr;
-        VARIANT_BOOL shown = VARIANT_FALSE;
-        bool seen = false;
-        std::thread other([&] {
-            const HWND window = shownScreen();
-            if (window == nullptr) return;
-            seen = true;
-            look(window);
-            if (close) PostMessageW(window, WM_CLOSE, 0, 0);
-        });
-        EXPECT_EQ(component_->ActivarABM(&view, &code, &none, &shown), S_OK);
-        other.join();
-        EXPECT_TRUE(seen) << "the screen did not come";
-        return shown != VARIANT_FALSE;
-    }
-
-    Apartment apartment_;
-    DemoConnection connection_;
-    HostWindow host_;
-    com::ComPtr<com::_clsCatalogador> component_;
-};
+class Screen : public HostedScreen {};
 
 TEST_F(Screen, HasTheHostsWindowsDisabledMeanwhileAndKeepsTheLibraryFromThenOn) {
     HostWindow disabledBefore;

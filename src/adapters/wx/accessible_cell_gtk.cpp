@@ -6,27 +6,12 @@ namespace catalogador::wx {
 
 namespace {
 
-/// A cell of the table or the header of a column (row -1), as long as a reader holds it.
-struct CellObject {
-    AtkObject parent;
-    AtkObject* table;
-    int row;
-    int column;
-};
-struct CellClass {
-    AtkObjectClass parent;
-};
-
 GType cellType();
-
-CellObject* cellOf(gpointer cell) {
-    return reinterpret_cast<CellObject*>(cell);
-}
 
 /// The table that a cell belongs to while the cell is still in it, else null.
 GridTable* tableOfCell(gpointer object) {
-    const CellObject* cell = cellOf(object);
-    GridTable* table = cell->table == nullptr ? nullptr : gridOf(cell->table);
+    const ChildObject* cell = childOf(object);
+    GridTable* table = cell->owner == nullptr ? nullptr : gridOf(cell->owner);
     if (table == nullptr) return nullptr;
     const bool there = cell->row == headerRow ? cell->column < table->columns()
                                               : table->has(cell->row, cell->column);
@@ -34,17 +19,13 @@ GridTable* tableOfCell(gpointer object) {
 }
 
 void cellFinalize(GObject* object) {
-    CellObject* cell = cellOf(object);
-    if (cell->table != nullptr)
-        g_object_remove_weak_pointer(G_OBJECT(cell->table),
-                                     reinterpret_cast<gpointer*>(&cell->table));
-    G_OBJECT_CLASS(classAbove(cellType()))->finalize(object);
+    finalizeChild(object, cellType());
 }
 
 const char* cellName(AtkObject* object) {
     GridTable* table = tableOfCell(object);
     if (table == nullptr) return "";
-    const CellObject* cell = cellOf(object);
+    const ChildObject* cell = childOf(object);
     const std::string text =
         cell->row == headerRow ? table->header(cell->column) : table->text(cell->row, cell->column);
     // The name must live as long as the object; the base class keeps it.
@@ -57,7 +38,7 @@ const char* cellName(AtkObject* object) {
 int cellIndex(AtkObject* object) {
     GridTable* table = tableOfCell(object);
     if (table == nullptr) return -1;
-    return (cellOf(object)->row + 1) * table->columns() + cellOf(object)->column;
+    return (childOf(object)->row + 1) * table->columns() + childOf(object)->column;
 }
 
 AtkStateSet* cellStates(AtkObject* object) {
@@ -67,7 +48,7 @@ AtkStateSet* cellStates(AtkObject* object) {
         atk_state_set_add_state(states, ATK_STATE_DEFUNCT);
         return states;
     }
-    const CellObject* cell = cellOf(object);
+    const ChildObject* cell = childOf(object);
     for (const AtkStateType state :
          {ATK_STATE_ENABLED, ATK_STATE_SENSITIVE, ATK_STATE_VISIBLE, ATK_STATE_TRANSIENT})
         atk_state_set_add_state(states, state);
@@ -92,17 +73,17 @@ AtkStateSet* cellStates(AtkObject* object) {
 
 AtkAttributeSet* cellAttributes(AtkObject* object) {
     GridTable* table = tableOfCell(object);
-    if (table == nullptr || cellOf(object)->row != headerRow) return nullptr;
+    if (table == nullptr || childOf(object)->row != headerRow) return nullptr;
     auto* attribute = g_new(AtkAttribute, 1);
     attribute->name = g_strdup("sort");
-    attribute->value = g_strdup(table->sortOf(cellOf(object)->column));
+    attribute->value = g_strdup(table->sortOf(childOf(object)->column));
     return g_slist_append(nullptr, attribute);
 }
 
 gboolean cellPosition(AtkTableCell* object, gint* row, gint* column) {
     if (tableOfCell(object) == nullptr) return FALSE;
-    if (row != nullptr) *row = cellOf(object)->row;
-    if (column != nullptr) *column = cellOf(object)->column;
+    if (row != nullptr) *row = childOf(object)->row;
+    if (column != nullptr) *column = childOf(object)->column;
     return TRUE;
 }
 
@@ -112,14 +93,14 @@ gint oneCell(AtkTableCell* /*object*/) {
 
 GPtrArray* cellHeaders(AtkTableCell* object) {
     GPtrArray* headers = g_ptr_array_new_with_free_func(g_object_unref);
-    const CellObject* cell = cellOf(object);
+    const ChildObject* cell = childOf(object);
     if (tableOfCell(object) != nullptr && cell->row != headerRow)
-        g_ptr_array_add(headers, newAccessibleCell(cell->table, headerRow, cell->column));
+        g_ptr_array_add(headers, newAccessibleCell(cell->owner, headerRow, cell->column));
     return headers;
 }
 
 AtkObject* cellTable(AtkTableCell* object) {
-    AtkObject* table = cellOf(object)->table;
+    AtkObject* table = childOf(object)->owner;
     return table == nullptr ? nullptr : ATK_OBJECT(g_object_ref(table));
 }
 
@@ -144,8 +125,8 @@ void cellClass(gpointer klass, gpointer /*data*/) {
 GType cellType() {
     static const GType type = [] {
         const GType made =
-            g_type_register_static_simple(ATK_TYPE_OBJECT, "CatalogadorCell", sizeof(CellClass),
-                                          cellClass, sizeof(CellObject), nullptr, GTypeFlags{});
+            g_type_register_static_simple(ATK_TYPE_OBJECT, "CatalogadorCell", sizeof(ChildClass),
+                                          cellClass, sizeof(ChildObject), nullptr, GTypeFlags{});
         const GInterfaceInfo cell{tableCellInterface, nullptr, nullptr};
         g_type_add_interface_static(made, ATK_TYPE_TABLE_CELL, &cell);
         return made;
@@ -156,15 +137,8 @@ GType cellType() {
 }  // namespace
 
 AtkObject* newAccessibleCell(gpointer table, int row, int column) {
-    auto* cell = cellOf(g_object_new(cellType(), nullptr));
-    cell->table = ATK_OBJECT(table);
-    g_object_add_weak_pointer(G_OBJECT(table), reinterpret_cast<gpointer*>(&cell->table));
-    cell->row = row;
-    cell->column = column;
-    AtkObject* object = &cell->parent;
-    object->role = row == headerRow ? ATK_ROLE_COLUMN_HEADER : ATK_ROLE_TABLE_CELL;
-    atk_object_set_parent(object, ATK_OBJECT(table));
-    return object;
+    const AtkRole role = row == headerRow ? ATK_ROLE_COLUMN_HEADER : ATK_ROLE_TABLE_CELL;
+    return newChild(cellType(), table, row, column, role);
 }
 
 }  // namespace catalogador::wx

@@ -17,16 +17,6 @@ struct ComboObject {
 struct ComboClass {
     GtkWidgetAccessibleClass parent;
 };
-/// An entry, as long as a reader holds it; it may outlive the combo.
-struct EntryObject {
-    AtkObject parent;
-    AtkObject* owner;
-    int index;
-};
-struct EntryClass {
-    AtkObjectClass parent;
-};
-
 GType comboType();
 GType entryType();
 
@@ -39,33 +29,25 @@ int currentEntry(const ComboBox& combo) {
     return combo.listOpen() ? combo.marked() : combo.listIndex();
 }
 
-EntryObject* entryOf(gpointer object) {
-    return reinterpret_cast<EntryObject*>(object);
-}
-
 /// Null for an entry that is not there any more.
 ComboBox* comboOfEntry(gpointer object) {
-    const EntryObject* entry = entryOf(object);
+    const ChildObject* entry = childOf(object);
     ComboBox* combo = entry->owner == nullptr ? nullptr : comboOf(entry->owner);
-    return combo != nullptr && entry->index < combo->listCount() ? combo : nullptr;
+    return combo != nullptr && entry->row < combo->listCount() ? combo : nullptr;
 }
 
 void entryFinalize(GObject* object) {
-    EntryObject* entry = entryOf(object);
-    if (entry->owner != nullptr)
-        g_object_remove_weak_pointer(G_OBJECT(entry->owner),
-                                     reinterpret_cast<gpointer*>(&entry->owner));
-    G_OBJECT_CLASS(classAbove(entryType()))->finalize(object);
+    finalizeChild(object, entryType());
 }
 
 const char* entryName(AtkObject* object) {
     const ComboBox* combo = comboOfEntry(object);
     if (combo == nullptr) return "";
-    return combo->items()[static_cast<std::size_t>(entryOf(object)->index)].text.c_str();
+    return combo->items()[static_cast<std::size_t>(childOf(object)->row)].text.c_str();
 }
 
 int entryIndex(AtkObject* object) {
-    return entryOf(object)->index;
+    return childOf(object)->row;
 }
 
 AtkStateSet* entryStates(AtkObject* object) {
@@ -79,7 +61,7 @@ AtkStateSet* entryStates(AtkObject* object) {
                                      ATK_STATE_SELECTABLE, ATK_STATE_TRANSIENT})
         atk_state_set_add_state(states, state);
     if (combo->listOpen()) atk_state_set_add_state(states, ATK_STATE_SHOWING);
-    if (entryOf(object)->index != currentEntry(*combo)) return states;
+    if (childOf(object)->row != currentEntry(*combo)) return states;
     atk_state_set_add_state(states, ATK_STATE_SELECTED);
     if (combo->hasFocus()) atk_state_set_add_state(states, ATK_STATE_FOCUSED);
     return states;
@@ -95,19 +77,13 @@ void entryClass(gpointer klass, gpointer /*data*/) {
 
 GType entryType() {
     static const GType type =
-        g_type_register_static_simple(ATK_TYPE_OBJECT, "CatalogadorEntry", sizeof(EntryClass),
-                                      entryClass, sizeof(EntryObject), nullptr, GTypeFlags{});
+        g_type_register_static_simple(ATK_TYPE_OBJECT, "CatalogadorEntry", sizeof(ChildClass),
+                                      entryClass, sizeof(ChildObject), nullptr, GTypeFlags{});
     return type;
 }
 
 AtkObject* newEntry(gpointer owner, int index) {
-    auto* entry = entryOf(g_object_new(entryType(), nullptr));
-    entry->owner = ATK_OBJECT(owner);
-    g_object_add_weak_pointer(G_OBJECT(owner), reinterpret_cast<gpointer*>(&entry->owner));
-    entry->index = index;
-    entry->parent.role = ATK_ROLE_LIST_ITEM;
-    atk_object_set_parent(&entry->parent, ATK_OBJECT(owner));
-    return &entry->parent;
+    return newChild(entryType(), owner, index, 0, ATK_ROLE_LIST_ITEM);
 }
 
 int comboChildren(AtkObject* object) {
@@ -185,17 +161,12 @@ GType comboType() {
 
 class GtkComboAccessible : public ComboAccessible {
   public:
-    GtkComboAccessible(GtkWidget* widget, ComboBox& combo) : combo_(combo) {
-        object_ = ATK_OBJECT(g_object_new(comboType(), "widget", widget, nullptr));
-        atk_object_initialize(object_, widget);
-        object_->role = ATK_ROLE_COMBO_BOX;
-        reinterpret_cast<ComboObject*>(object_)->combo = &combo;
-        useAccessible(widget, object_);
+    GtkComboAccessible(GtkWidget* widget, ComboBox& combo)
+        : combo_(combo), own_(widget, comboType(), ATK_ROLE_COMBO_BOX) {
+        reinterpret_cast<ComboObject*>(own_.object())->combo = &combo;
     }
     ~GtkComboAccessible() override {
-        reinterpret_cast<ComboObject*>(object_)->combo = nullptr;
-        if (active_ != nullptr) g_object_unref(active_);
-        g_object_unref(object_);
+        reinterpret_cast<ComboObject*>(own_.object())->combo = nullptr;
     }
     GtkComboAccessible(const GtkComboAccessible&) = delete;
     GtkComboAccessible& operator=(const GtkComboAccessible&) = delete;
@@ -203,24 +174,21 @@ class GtkComboAccessible : public ComboAccessible {
     void changed() override {
         if (combo_.listOpen() != open_) {
             open_ = combo_.listOpen();
-            atk_object_notify_state_change(object_, ATK_STATE_EXPANDED, open_ ? TRUE : FALSE);
+            atk_object_notify_state_change(own_.object(), ATK_STATE_EXPANDED, open_ ? TRUE : FALSE);
         }
         const int entry = currentEntry(combo_);
         const bool focused = combo_.hasFocus();
         if (entry == entry_ && focused == focused_) return;
         entry_ = entry;
         focused_ = focused;
-        g_signal_emit_by_name(object_, "selection-changed");
+        g_signal_emit_by_name(own_.object(), "selection-changed");
         if (entry < 0 || !focused) return;
-        if (active_ != nullptr) g_object_unref(active_);
-        active_ = newEntry(object_, entry);
-        g_signal_emit_by_name(object_, "active-descendant-changed", active_);
+        own_.tellActive(newEntry(own_.object(), entry));
     }
 
   private:
     ComboBox& combo_;
-    AtkObject* object_ = nullptr;
-    AtkObject* active_ = nullptr;
+    OwnAccessible own_;
     bool open_ = false;
     bool focused_ = false;
     int entry_ = -1;

@@ -3,6 +3,7 @@
 
 #include "adapters/wx/appearance.h"
 #include "adapters/wx/combo_accessible.h"
+#include "adapters/wx/field_accessible_msw.h"
 #include "runtime/text.h"
 
 namespace catalogador::wx {
@@ -23,8 +24,10 @@ class EntriesAccessible : public wxAccessible {
         return wxACC_OK;
     }
     wxAccStatus GetName(int number, wxString* name) override {
-        // The combo is called by the label before it, as every other field is.
-        if (number == 0) return wxACC_NOT_IMPLEMENTED;
+        if (number == 0) {
+            *name = GetWindow()->GetLabel();
+            return wxACC_OK;
+        }
         if (number > combo_.listCount()) return wxACC_INVALID_ARG;
         *name = textOf(number - 1);
         return wxACC_OK;
@@ -53,7 +56,7 @@ class EntriesAccessible : public wxAccessible {
     }
     wxAccStatus GetDescription(int number, wxString* description) override {
         if (number != 0) return wxACC_NOT_IMPLEMENTED;
-        *description = wxText(combo_.problem());
+        *description = fieldDescription(combo_.required(), wxText(combo_.problem()));
         return wxACC_OK;
     }
 
@@ -78,6 +81,11 @@ class MswComboAccessible : public ComboAccessible {
 
     void changed() override {
         const int entry = combo_.listOpen() ? combo_.marked() : combo_.listIndex();
+        const wxString description = fieldDescription(combo_.required(), wxText(combo_.problem()));
+        if (description != description_) {
+            description_ = description;
+            tell(wxACC_EVENT_OBJECT_DESCRIPTIONCHANGE);
+        }
         if (combo_.listOpen() != open_) {
             open_ = combo_.listOpen();
             tell(wxACC_EVENT_OBJECT_STATECHANGE);
@@ -92,6 +100,7 @@ class MswComboAccessible : public ComboAccessible {
 
     wxWindow& window_;
     ComboBox& combo_;
+    wxString description_;
     bool open_ = false;
     int entry_ = -1;
 };

@@ -1,8 +1,8 @@
 #include <wx/app.h>
-#include <wx/window.h>
 
 #include "adapters/wx/accessible_cell_gtk.h"
 #include "adapters/wx/grid_accessible.h"
+#include "adapters/wx/grid_view.h"
 #include "platform/controls/window.h"
 #include "runtime/text.h"
 
@@ -191,18 +191,12 @@ GType tableType() {
 
 class GtkGridAccessible : public GridAccessible {
   public:
-    GtkGridAccessible(GtkWidget* widget, RecordGrid& grid) : table_(grid) {
-        object_ = ATK_OBJECT(g_object_new(tableType(), "widget", widget, nullptr));
-        atk_object_initialize(object_, widget);
-        object_->role = ATK_ROLE_TABLE;
-        reinterpret_cast<TableObject*>(object_)->table = &table_;
-        useAccessible(widget, object_);
+    GtkGridAccessible(GtkWidget* widget, RecordGrid& grid)
+        : table_(grid), own_(widget, tableType(), ATK_ROLE_TABLE) {
+        reinterpret_cast<TableObject*>(own_.object())->table = &table_;
     }
-
     ~GtkGridAccessible() override {
-        reinterpret_cast<TableObject*>(object_)->table = nullptr;
-        if (active_ != nullptr) g_object_unref(active_);
-        g_object_unref(object_);
+        reinterpret_cast<TableObject*>(own_.object())->table = nullptr;
     }
     GtkGridAccessible(const GtkGridAccessible&) = delete;
     GtkGridAccessible& operator=(const GtkGridAccessible&) = delete;
@@ -213,7 +207,7 @@ class GtkGridAccessible : public GridAccessible {
         if (rows != rows_ || columns != columns_) {
             rows_ = rows;
             columns_ = columns;
-            g_signal_emit_by_name(object_, "model-changed");
+            g_signal_emit_by_name(own_.object(), "model-changed");
         }
         tellSelection();
     }
@@ -229,16 +223,13 @@ class GtkGridAccessible : public GridAccessible {
         row_ = row;
         text_ = text;
         focused_ = focused;
-        if (moved) g_signal_emit_by_name(object_, "selection-changed");
+        if (moved) g_signal_emit_by_name(own_.object(), "selection-changed");
         if (row < 0 || columns_ == 0 || !focused) return;
-        if (active_ != nullptr) g_object_unref(active_);
-        active_ = newAccessibleCell(object_, row, 0);
-        g_signal_emit_by_name(object_, "active-descendant-changed", active_);
+        own_.tellActive(newAccessibleCell(own_.object(), row, 0));
     }
 
     GridTable table_;
-    AtkObject* object_ = nullptr;
-    AtkObject* active_ = nullptr;
+    OwnAccessible own_;
     int rows_ = -1;
     int columns_ = -1;
     int row_ = -1;
@@ -248,8 +239,8 @@ class GtkGridAccessible : public GridAccessible {
 
 }  // namespace
 
-std::unique_ptr<GridAccessible> GridAccessible::of(wxWindow& window, RecordGrid& grid) {
-    return std::make_unique<GtkGridAccessible>(window.GetConnectWidget(), grid);
+std::unique_ptr<GridAccessible> GridAccessible::of(GridView& view, RecordGrid& grid) {
+    return std::make_unique<GtkGridAccessible>(view.GetConnectWidget(), grid);
 }
 
 }  // namespace catalogador::wx

@@ -1,5 +1,7 @@
 #include "adapters/wx/grid_table.h"
 
+#include <algorithm>
+
 namespace catalogador::wx {
 
 std::vector<int> GridTable::shownColumns() const {
@@ -7,6 +9,12 @@ std::vector<int> GridTable::shownColumns() const {
     for (int column = 0; column < grid_->columns() - 1; ++column)
         if (!grid_->columnHidden(column)) shown.push_back(column);
     return shown;
+}
+
+int GridTable::columnOf(int gridColumn) const {
+    const std::vector<int> shown = shownColumns();
+    const auto found = std::find(shown.begin(), shown.end(), gridColumn);
+    return found == shown.end() ? -1 : static_cast<int>(found - shown.begin());
 }
 
 std::string GridTable::header(int column) const {

@@ -33,6 +33,8 @@ class GridTable {
     [[nodiscard]] int gridColumn(int column) const {
         return shownColumns()[static_cast<std::size_t>(column)];
     }
+    /// The column of the table that a grid column is, -1 for one that is none.
+    [[nodiscard]] int columnOf(int gridColumn) const;
 
   private:
     /// Grid columns in sight; the narrow last one has no data and is none for a reader.

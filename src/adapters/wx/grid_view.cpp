@@ -278,11 +278,23 @@ void GridView::fitColumn(int column) {
     grid_.userResized(column, twipsOf(*this, widest + FromDIP(fittedMargin)));
 }
 
-wxRect GridView::selectedRowOnScreen() const {
-    const int place = grid_.visibleIndex(grid_.row()) - firstVisible();
-    if (grid_.visibleIndex(grid_.row()) < 0 || place < 0 || place > rowsThatFit()) return {};
-    const wxPoint corner = ClientToScreen(wxPoint(0, headerHeight() + place * rowHeight()));
-    return {corner, wxSize(GetClientSize().GetWidth(), rowHeight())};
+wxRect GridView::cellOnScreen(int row, int column) const {
+    const wxSize room = GetClientSize();
+    wxRect place(0, 0, room.GetWidth(), headerHeight());
+    if (row != 0) {
+        const int index = grid_.visibleIndex(row);
+        const int line = index - firstVisible();
+        if (index < 0 || line < 0 || line > rowsThatFit()) return {};
+        place.y = headerHeight() + line * rowHeight();
+        place.height = rowHeight();
+    }
+    if (column >= 0) {
+        const wxRect cell = columnRect(column);
+        place.x = cell.x;
+        place.width = cell.width;
+        if (!place.Intersects(wxRect(room))) return {};
+    }
+    return {ClientToScreen(place.GetPosition()), place.GetSize()};
 }
 
 }  // namespace catalogador::wx

@@ -29,7 +29,19 @@ class GridView : public wxWindow {
     /// To the first or the last column.
     void scrollToSide(bool end) { scrollSideways(end ? contentWidth() : 0); }
     /// Where the selected row is on the screen; empty when it is out of sight.
-    [[nodiscard]] wxRect selectedRowOnScreen() const;
+    [[nodiscard]] wxRect selectedRowOnScreen() const { return cellOnScreen(grid_.row(), -1); }
+    /// Where a cell is on the screen, in pixels; empty when it is out of sight. `row` is the grid's
+    /// own number, 0 for the header; column -1 stands for all of the row.
+    [[nodiscard]] wxRect cellOnScreen(int row, int column) const;
+    /// A row and a column of the grid, 0 the row of the headers, -1 none.
+    struct GridCell {
+        int row = -1;
+        int column = -1;
+    };
+    /// The cell at a point of the window, in pixels.
+    [[nodiscard]] GridCell cellAt(const wxPoint& point) const {
+        return {rowAt(point.y), columnAt(point.x)};
+    }
     /// Has the fonts loaded that it draws with.
     void prepare();
 
