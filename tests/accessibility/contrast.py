@@ -18,6 +18,8 @@ THEMES = {
     "large-text": {"GTK_THEME": "Adwaita", "GDK_DPI_SCALE": "1.5"},
     "large-dark": {"GTK_THEME": "Adwaita:dark", "GDK_SCALE": "2"},
 }
+# The themes whose own colours differ most from those of the list.
+BOXES_IN = ("light", "dark", "contrast-inverse")
 READABLE = 4.5
 READABLE_DISABLED = 3.0
 # What the panel's design fixes.
@@ -139,9 +141,48 @@ def measure(program, theme, editing, found):
     note("combo", combo, READABLE)
 
 
+def covered(picture, place):
+    """How much of a place has another colour than the background around it."""
+    background, counts = picture.colours(place)
+    return 1 - counts.get(background, 0) / sum(counts.values())
+
+
+def measure_checks(program, theme, found):
+    """The boxes of a column of the list while a record is edited: an outline and a tick on the list's
+    own background, and no block of the theme's colour."""
+    table = program.all(pyatspi.ROLE_TABLE)[0].queryTable()
+    column = table.nColumns - 1
+    picture = Picture()
+    for row in range(1, 5):
+        cell = table.getAccessibleAt(row, column)
+        ticked = cell.getState().contains(pyatspi.STATE_CHECKED)
+        assert cell.getState().contains(pyatspi.STATE_CHECKABLE), cell.name
+        place = extents(cell, 2)
+        ratio, background = picture.contrast(place)
+        share = covered(picture, place)
+        line = "%-17s %-30s %5.1f on #%02X%02X%02X, %2d %% covered" % (
+            theme, "ticked box" if ticked else "box", ratio, *background, 100 * share)
+        print(line)
+        if ratio < READABLE_DISABLED or not ticked and share > 0.12:
+            found.append(line)
+
+
 def settle():
     for _ in range(12):
         pump()
+
+
+def check_boxes(executable, database, theme, found):
+    program = Program(executable, "open", "--database", database, "--view", "21")
+    try:
+        until("the list is there", lambda: program.all(pyatspi.ROLE_TABLE))
+        program.choose("Modificar")
+        until("the record is there", lambda: any(
+            n.queryText().getText(0, -1) for n in program.all(pyatspi.ROLE_TEXT)))
+        settle()
+        measure_checks(program, theme, found)
+    finally:
+        program.end()
 
 
 def main(executable, database):
@@ -164,6 +205,8 @@ def main(executable, database):
             raise
         finally:
             program.end()
+        if theme in BOXES_IN:
+            check_boxes(executable, database, theme, found)
     assert not found, "hard to read:\n" + "\n".join(found)
 
 

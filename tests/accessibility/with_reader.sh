@@ -10,4 +10,4 @@ cp "$3" "$work/desk.db"
 export HOME="$work" XDG_CONFIG_HOME="$work" XDG_RUNTIME_DIR="$work" LC_ALL=C.UTF-8 NO_AT_BRIDGE=0
 export PYTHONDONTWRITEBYTECODE=1
 # The machine's own python has the interface's module.
-dbus-run-session -- timeout 120 /usr/bin/python3 "$1" "$2" "$work/desk.db"
+dbus-run-session -- timeout 240 /usr/bin/python3 "$1" "$2" "$work/desk.db"

@@ -15,7 +15,8 @@ constexpr LONG headers = 1;
 constexpr LONG firstRow = 2;
 
 std::string taken(HRESULT result, BSTR text) {
-    const std::string read = result == S_OK && text != nullptr ? system::utf8Of(text) : std::string();
+    const std::string read =
+        result == S_OK && text != nullptr ? system::utf8Of(text) : std::string();
     SysFreeString(text);
     return read;
 }

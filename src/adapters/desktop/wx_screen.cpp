@@ -3,6 +3,7 @@
 #include "adapters/help/help_pages.h"
 #include "adapters/wx/help_viewer.h"
 #include "adapters/wx/printing.h"
+#include "adapters/wx/window_texts.h"
 #include "adapters/wx/wx_surface.h"
 #include "modules/modLenguaje.h"
 #include "runtime/error.h"
@@ -12,17 +13,12 @@ namespace catalogador::desktop {
 
 namespace {
 
-wx::HelpLabels helpLabelsOf(std::int16_t language) {
+wx::HelpLabels helpLabels() {
     constexpr std::int32_t helpCaption = 224;
-    const std::string help = replaceText(ObtenerMensaje(helpCaption), "&", "", Compare::binary);
-    switch (language) {
-        case 2:
-            return {help, "&Back", "&Forward", "C&ontents", "&Close"};
-        case 3:
-            return {help, "&Voltar", "&Avançar", "&Sumário", "&Fechar"};
-        default:
-            return {help, "&Atrás", "A&delante", "&Índice", "&Cerrar"};
-    }
+    namespace number = wx::window_text;
+    return {replaceText(ObtenerMensaje(helpCaption), "&", "", Compare::binary),
+            wx::windowText(number::back), wx::windowText(number::forward),
+            wx::windowText(number::contents), wx::windowText(number::close)};
 }
 
 class WxScreen : public RealScreen {
@@ -46,9 +42,8 @@ class WxScreen : public RealScreen {
         if (native == nullptr)
             throw RuntimeError(error_number::cannotCreateObject,
                                "There is no window that the help could be shown over");
-        const std::int16_t language = surface_.language();
-        wx::showHelp(*native, help::HelpPages(helpFolder()), helpLabelsOf(language),
-                     {command, data, language});
+        wx::showHelp(*native, help::HelpPages(helpFolder()), helpLabels(),
+                     {command, data, surface_.language()});
     }
 
   private:

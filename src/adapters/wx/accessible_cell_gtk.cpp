@@ -1,6 +1,10 @@
 #include "adapters/wx/accessible_cell_gtk.h"
 
+#include <wx/toplevel.h>
+
 #include <string>
+
+#include "adapters/wx/grid_view.h"
 
 namespace catalogador::wx {
 
@@ -113,6 +117,29 @@ void tableCellInterface(gpointer interface, gpointer /*data*/) {
     cell->get_table = cellTable;
 }
 
+/// Where the cell is; nowhere while it is out of sight.
+void cellExtents(AtkComponent* object, gint* x, gint* y, gint* width, gint* height,
+                 AtkCoordType coordinates) {
+    *x = *y = *width = *height = 0;
+    GridTable* table = tableOfCell(object);
+    if (table == nullptr) return;
+    const ChildObject* cell = childOf(object);
+    const GridView* view = reinterpret_cast<TableObject*>(cell->owner)->view;
+    const int row = cell->row == headerRow ? 0 : table->grid().visibleRow(cell->row);
+    wxRect place = view->cellOnScreen(row, table->gridColumn(cell->column));
+    if (place.IsEmpty()) return;
+    if (coordinates != ATK_XY_SCREEN)
+        place.Offset(-wxGetTopLevelParent(const_cast<GridView*>(view))->GetScreenPosition());
+    *x = place.x;
+    *y = place.y;
+    *width = place.width;
+    *height = place.height;
+}
+
+void componentInterface(gpointer interface, gpointer /*data*/) {
+    static_cast<AtkComponentIface*>(interface)->get_extents = cellExtents;
+}
+
 void cellClass(gpointer klass, gpointer /*data*/) {
     G_OBJECT_CLASS(klass)->finalize = cellFinalize;
     AtkObjectClass* object = ATK_OBJECT_CLASS(klass);
@@ -129,6 +156,8 @@ GType cellType() {
                                           cellClass, sizeof(ChildObject), nullptr, GTypeFlags{});
         const GInterfaceInfo cell{tableCellInterface, nullptr, nullptr};
         g_type_add_interface_static(made, ATK_TYPE_TABLE_CELL, &cell);
+        const GInterfaceInfo component{componentInterface, nullptr, nullptr};
+        g_type_add_interface_static(made, ATK_TYPE_COMPONENT, &component);
         return made;
     }();
     return type;

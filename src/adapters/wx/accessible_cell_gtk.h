@@ -4,11 +4,14 @@
 
 namespace catalogador::wx {
 
+class GridView;
+
 /// The table as the desktop's interface for screen readers knows it.
 struct TableObject {
     GtkWidgetAccessible parent;
-    /// Null once the window is gone.
+    /// Both are null once the window is gone.
     GridTable* table;
+    const GridView* view;
 };
 
 /// Null when the window is gone.

@@ -1,4 +1,5 @@
 #pragma once
+#include <wx/colour.h>
 #include <wx/dc.h>
 #include <wx/window.h>
 
@@ -31,7 +32,9 @@ class CellTexts {
     void* layout_ = nullptr;
 };
 
-/// Draws a check box as large as the size, at the context's origin.
-void drawCheckBox(wxDC& dc, wxWindow& window, const wxSize& size, bool checked);
+/// Draws a check box as large as the size, in pixels, at the context's origin, so that it can be
+/// read on the background of its cell.
+void drawCheckBox(wxDC& dc, wxWindow& window, const wxSize& size, bool checked,
+                  const wxColour& background);
 
 }  // namespace catalogador::wx

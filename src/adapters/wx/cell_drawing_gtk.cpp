@@ -5,6 +5,7 @@
 #include <algorithm>
 #include <cmath>
 
+#include "adapters/wx/appearance.h"
 #include "adapters/wx/cell_drawing.h"
 #include "adapters/wx/desktop_function.h"
 
@@ -84,12 +85,17 @@ void CellTexts::draw(std::string_view text, const wxRect& place, int side) {
 
 // The desktop's own is drawn from its theme's files, and the first one makes the window wait for
 // them as long as for some thousand rows.
-void drawCheckBox(wxDC& dc, wxWindow& /*window*/, const wxSize& size, bool checked) {
+void drawCheckBox(wxDC& dc, wxWindow& /*window*/, const wxSize& size, bool checked,
+                  const wxColour& background) {
     auto* context = static_cast<cairo_t*>(dc.GetHandle());
-    const wxColour mark = wxSystemSettings::GetColour(wxSYS_COLOUR_HIGHLIGHT);
-    const wxColour paper = wxSystemSettings::GetColour(wxSYS_COLOUR_LISTBOX);
-    const wxColour ink = wxSystemSettings::GetColour(wxSYS_COLOUR_LISTBOXTEXT);
-    constexpr double border = 0.6;
+    const wxColour mark =
+        readableOn(background, wxSystemSettings::GetColour(wxSYS_COLOUR_HIGHLIGHT));
+    // The cell's own colour, not the theme's: the model fixes what the list stands on meanwhile.
+    const wxColour& paper = background;
+    const wxColour ink =
+        readableOn(background, wxSystemSettings::GetColour(wxSYS_COLOUR_LISTBOXTEXT));
+    /// The share of the paper in the colour of the outline.
+    constexpr double border = 0.45;
     cairo_save(context);
     cairo_translate(context, 0.5, 0.5);
     const double width = size.x - 1;
@@ -107,7 +113,8 @@ void drawCheckBox(wxDC& dc, wxWindow& /*window*/, const wxSize& size, bool check
     cairo_set_line_width(context, 1);
     cairo_stroke(context);
     if (checked) {
-        setColour(context, wxSystemSettings::GetColour(wxSYS_COLOUR_HIGHLIGHTTEXT));
+        setColour(context,
+                  readableOn(mark, wxSystemSettings::GetColour(wxSYS_COLOUR_HIGHLIGHTTEXT)));
         cairo_set_line_width(context, width / 7);
         cairo_set_line_cap(context, CAIRO_LINE_CAP_ROUND);
         cairo_set_line_join(context, CAIRO_LINE_JOIN_ROUND);

@@ -32,7 +32,8 @@ void CellTexts::draw(std::string_view text, const wxRect& place, int side) {
     dc_.DrawText(line, place.x, top);
 }
 
-void drawCheckBox(wxDC& dc, wxWindow& window, const wxSize& size, bool checked) {
+void drawCheckBox(wxDC& dc, wxWindow& window, const wxSize& size, bool checked,
+                  const wxColour& /*background*/) {
     wxRendererNative::Get().DrawCheckBox(&window, dc, wxRect(size),
                                          checked ? static_cast<int>(wxCONTROL_CHECKED) : 0);
 }

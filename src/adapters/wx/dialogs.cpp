@@ -7,6 +7,7 @@
 #include "adapters/wx/appearance.h"
 #include "adapters/wx/message_box.h"
 #include "adapters/wx/screen_frame.h"
+#include "adapters/wx/window_texts.h"
 #include "adapters/wx/wx_surface.h"
 #include "platform/services.h"
 #include "runtime/text.h"
@@ -35,18 +36,18 @@ wxString withExtension(const wxString& path, const SaveDialog& dialog, int filte
     return path + wxText(mask.substr(dot));
 }
 
-bool mayReplace(wxWindow* parent, const BoxLabels& labels, const std::string& title,
-                const wxString& file) {
+bool mayReplace(wxWindow* parent, const std::string& title, const wxString& file) {
     constexpr int question = questionIcon | yesNoButtons | secondButtonDefault;
     const std::string text =
-        replaceText(labels.replaceFile, "[p]", utf8Text(file), Compare::binary);
-    return showMessageBox(parent, labels, text, question, title, {}) == answerYes;
+        replaceText(boxLabels().replaceFile, "[p1]", utf8Text(file), Compare::binary);
+    return showMessageBox(parent, text, question, title, {}) == answerYes;
 }
 
 }  // namespace
 
-int showMessageBox(wxWindow* parent, const BoxLabels& labels, const std::string& text, int style,
-                   const std::string& title, const wxRect& seen) {
+int showMessageBox(wxWindow* parent, const std::string& text, int style, const std::string& title,
+                   const wxRect& seen) {
+    const BoxLabels labels = boxLabels();
     const bool question = (style & buttonsMask) == yesNoButtons;
     BoxContent content;
     content.title = title;
@@ -61,7 +62,8 @@ int showMessageBox(wxWindow* parent, const BoxLabels& labels, const std::string&
     return showBox(parent, content, seen);
 }
 
-void showErrorBox(wxWindow* parent, const BoxLabels& labels, const ErrorNotice& error) {
+void showErrorBox(wxWindow* parent, const ErrorNotice& error) {
+    const BoxLabels labels = boxLabels();
     BoxContent content;
     content.kind = BoxKind::error;
     content.kindName = labels.errorKind;
@@ -73,8 +75,7 @@ void showErrorBox(wxWindow* parent, const BoxLabels& labels, const ErrorNotice& 
     showBox(parent, content, {});
 }
 
-std::optional<SaveChoice> showSaveDialog(wxWindow* parent, const BoxLabels& labels,
-                                         const SaveDialog& dialog) {
+std::optional<SaveChoice> showSaveDialog(wxWindow* parent, const SaveDialog& dialog) {
     const bool asks = (dialog.flags & promptBeforeOverwriting) != 0;
     const std::string file = replaceText(dialog.file, "/", "-", Compare::binary);
     wxFileDialog box(parent, wxText(dialog.title), wxText(dialog.folder), wxText(file),
@@ -83,7 +84,7 @@ std::optional<SaveChoice> showSaveDialog(wxWindow* parent, const BoxLabels& labe
     while (box.ShowModal() == wxID_OK) {
         const wxString path = withExtension(box.GetPath(), dialog, box.GetFilterIndex());
         if (!asks || !wxFileExists(path) ||
-            mayReplace(parent, labels, dialog.title, wxFileName(path).GetFullName()))
+            mayReplace(parent, dialog.title, wxFileName(path).GetFullName()))
             return SaveChoice{utf8Text(path), box.GetFilterIndex() + 1};
         box.SetPath(path);
     }

@@ -1,14 +1,13 @@
 #include "adapters/wx/field_accessible_msw.h"
 
 #include "adapters/wx/appearance.h"
-#include "modules/modLenguaje.h"
+#include "adapters/wx/window_texts.h"
 
 namespace catalogador::wx {
 
 wxString fieldDescription(bool required, const wxString& problem) {
-    constexpr std::int32_t requiredText = 561;
     if (!required) return problem;
-    const wxString mark = wxText(ObtenerMensaje(requiredText));
+    const wxString mark = wxText(windowText(window_text::required));
     return problem.empty() ? mark : mark + ". " + problem;
 }
 

@@ -191,12 +191,16 @@ GType tableType() {
 
 class GtkGridAccessible : public GridAccessible {
   public:
-    GtkGridAccessible(GtkWidget* widget, RecordGrid& grid)
-        : table_(grid), own_(widget, tableType(), ATK_ROLE_TABLE) {
-        reinterpret_cast<TableObject*>(own_.object())->table = &table_;
+    GtkGridAccessible(GridView& view, RecordGrid& grid)
+        : table_(grid), own_(view.GetConnectWidget(), tableType(), ATK_ROLE_TABLE) {
+        auto* object = reinterpret_cast<TableObject*>(own_.object());
+        object->table = &table_;
+        object->view = &view;
     }
     ~GtkGridAccessible() override {
-        reinterpret_cast<TableObject*>(own_.object())->table = nullptr;
+        auto* object = reinterpret_cast<TableObject*>(own_.object());
+        object->table = nullptr;
+        object->view = nullptr;
     }
     GtkGridAccessible(const GtkGridAccessible&) = delete;
     GtkGridAccessible& operator=(const GtkGridAccessible&) = delete;
@@ -240,7 +244,7 @@ class GtkGridAccessible : public GridAccessible {
 }  // namespace
 
 std::unique_ptr<GridAccessible> GridAccessible::of(GridView& view, RecordGrid& grid) {
-    return std::make_unique<GtkGridAccessible>(view.GetConnectWidget(), grid);
+    return std::make_unique<GtkGridAccessible>(view, grid);
 }
 
 }  // namespace catalogador::wx

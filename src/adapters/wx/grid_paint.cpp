@@ -202,7 +202,7 @@ const wxBitmap& GridView::checkPicture(const wxSize& size, bool checked, bool se
         wxMemoryDC dc(picture.bitmap);
         dc.SetBackground(wxBrush(background));
         dc.Clear();
-        drawCheckBox(dc, *this, size, checked);
+        drawCheckBox(dc, *this, size, checked, background);
     }
     return picture.bitmap;
 }

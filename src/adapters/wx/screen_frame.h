@@ -22,7 +22,6 @@ class wxStaticText;
 
 namespace catalogador::wx {
 
-struct BoxLabels;
 class GridView;
 
 /// Modal loops (boxes, dialogs, nested screens) that were begun in this process. The toolkit offers
@@ -136,11 +135,10 @@ class ScreenFrame : public wxFrame {
 };
 
 /// `seen` is a part of the screen that the box leaves free where it can.
-int showMessageBox(wxWindow* parent, const BoxLabels& labels, const std::string& text, int style,
-                   const std::string& title, const wxRect& seen);
-void showErrorBox(wxWindow* parent, const BoxLabels& labels, const ErrorNotice& error);
+int showMessageBox(wxWindow* parent, const std::string& text, int style, const std::string& title,
+                   const wxRect& seen);
+void showErrorBox(wxWindow* parent, const ErrorNotice& error);
 /// Asks before a file is replaced where the dialog's flags say so; No shows the dialog again.
-std::optional<SaveChoice> showSaveDialog(wxWindow* parent, const BoxLabels& labels,
-                                         const SaveDialog& dialog);
+std::optional<SaveChoice> showSaveDialog(wxWindow* parent, const SaveDialog& dialog);
 
 }  // namespace catalogador::wx

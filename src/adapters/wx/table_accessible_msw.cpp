@@ -1,11 +1,12 @@
 #include "adapters/wx/table_accessible_msw.h"
 
+#include <wx/app.h>
 #include <wx/variant.h>
 
 #include <string_view>
 
 #include "adapters/wx/appearance.h"
-#include "modules/modLenguaje.h"
+#include "adapters/wx/window_texts.h"
 #include "platform/controls/window.h"
 
 namespace catalogador::wx {
@@ -15,12 +16,10 @@ namespace {
 /// Rows and cells whose objects are kept. A screen reader holds few of them at a time.
 constexpr std::size_t keptParts = 1000;
 
-constexpr std::int32_t ascendingText = 562;
-constexpr std::int32_t descendingText = 563;
-
 wxString sortText(std::string_view sort) {
     if (sort == "none") return {};
-    return wxText(ObtenerMensaje(sort == "ascending" ? ascendingText : descendingText));
+    return wxText(
+        windowText(sort == "ascending" ? window_text::ascending : window_text::descending));
 }
 
 /// The row that a step leads to from a row, which is the same for a step to the side.

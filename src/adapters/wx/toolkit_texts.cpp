@@ -37,6 +37,11 @@ class Catalogues : public wxTranslationsLoader {
 
 }  // namespace
 
+std::string languageCode(std::int16_t language) {
+    if (language == 2) return "en";
+    return language == 3 ? "pt_BR" : "es";
+}
+
 void speakToolkitTexts(const std::string& language) {
     auto* texts = new wxTranslations;
     texts->SetLoader(new Catalogues);

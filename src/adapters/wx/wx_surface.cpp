@@ -102,16 +102,15 @@ void startToolkit() {
 
 }  // namespace
 
-WxSurface::WxSurface(std::int16_t language) : language_(language), labels_(boxLabels(language)) {
+WxSurface::WxSurface(std::int16_t language) : language_(language) {
     startToolkit();
-    speakToolkitTexts(labels_.language);
+    speakToolkitTexts(languageCode(language_));
 }
 
 void WxSurface::speak(std::uint8_t language) {
     if (language == language_) return;
     language_ = language;
-    labels_ = boxLabels(language);
-    speakToolkitTexts(labels_.language);
+    speakToolkitTexts(languageCode(language_));
 }
 
 WxSurface::~WxSurface() {
@@ -152,7 +151,7 @@ void WxSurface::showModal(Window& window) {
         processEvents();
         runner_(window);
     } else {
-        const DesktopTexts texts(labels_.language);
+        const DesktopTexts texts(languageCode(language_));
         frame->runLoop();
         frame->keepSize(memory_);
     }
@@ -235,19 +234,19 @@ int WxSurface::messageBox(const std::string& text, int style, const std::string&
     endProgress();
     syncAll();
     const ScreenFrame* frame = topFrame();
-    return showMessageBox(topFrame(), labels_, text, style, title,
+    return showMessageBox(topFrame(), text, style, title,
                           frame == nullptr ? wxRect() : frame->selectedRowOnScreen());
 }
 
 void WxSurface::errorBox(const ErrorNotice& error) {
     endProgress();
     syncAll();
-    showErrorBox(topFrame(), labels_, error);
+    showErrorBox(topFrame(), error);
 }
 
 std::optional<SaveChoice> WxSurface::saveDialog(const SaveDialog& dialog) {
     syncAll();
-    return showSaveDialog(topFrame(), labels_, dialog);
+    return showSaveDialog(topFrame(), dialog);
 }
 
 void WxSurface::showMenu(Window& window, const Menu& menu) {

@@ -7,7 +7,6 @@
 #include <string>
 #include <vector>
 
-#include "adapters/wx/box_labels.h"
 #include "platform/surface.h"
 #include "platform/window_memory.h"
 
@@ -68,7 +67,6 @@ class WxSurface : public Surface {
     void endProgress();
 
     std::int16_t language_;
-    BoxLabels labels_;
     std::vector<ScreenFrame*> frames_;
     std::function<void(Window&)> runner_;
     WindowMemory memory_;

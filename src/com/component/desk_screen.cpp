@@ -5,7 +5,7 @@
 #include "adapters/services/window_sizes.h"
 #include "adapters/system/desk.h"
 #include "adapters/system/wide_text.h"
-#include "adapters/wx/box_labels.h"
+#include "adapters/wx/window_texts.h"
 #include "com/automation/com_api.h"
 #include "com/automation/library.h"
 #include "platform/services.h"
@@ -63,7 +63,7 @@ bool DeskScreen::isOnItsThread() const {
 }
 
 int DeskScreen::systemBox(const std::string& text, unsigned style, const std::string& title) const {
-    const wx::BoxLabels labels = wx::boxLabels(language_);
+    const wx::BoxLabels labels = wx::boxLabels();
     const LabelledButtons labelled(labels);
     return MessageBoxW(nullptr, system::wideOf(text).c_str(), system::wideOf(title).c_str(),
                        style | MB_TASKMODAL | MB_SETFOREGROUND);
