@@ -10,7 +10,7 @@ std::wstring wideOf(std::string_view text) {
 }
 
 std::string utf8Of(std::wstring_view text) {
-    return utf8Of(std::u16string(text.begin(), text.end()));
+    return catalogador::utf8Of(std::u16string(text.begin(), text.end()));
 }
 
 }  // namespace catalogador::system
