@@ -27,26 +27,33 @@ std::filesystem::path write(const Options& options) {
     return file;
 }
 
-schema::SchemaDialect schemaOf(Dialect dialect) {
-    switch (dialect) {
-        case Dialect::postgresql:
-            return schema::SchemaDialect::postgresql;
-        case Dialect::mariadb:
-            return schema::SchemaDialect::mariadb;
-        case Dialect::sqlite:
-            return schema::SchemaDialect::sqlite;
-        default:
-            throw RuntimeError(error_number::invalidProcedureCall,
-                               "there is no schema for this kind of database; the demonstration "
-                               "needs PostgreSQL, MariaDB or SQLite");
+/// "PostgreSQL, MariaDB or SQLite": servers first.
+std::string everyTitle() {
+    std::vector<std::string> titles;
+    for (const bool file : {false, true})
+        for (const sql::Dialect* dialect : sql::dialects())
+            if (dialect->facts().isFile == file) titles.emplace_back(dialect->facts().title);
+    std::string text;
+    for (std::size_t index = 0; index < titles.size(); ++index) {
+        if (index > 0) text += index + 1 == titles.size() ? " or " : ", ";
+        text += titles[index];
     }
+    return text;
+}
+
+const sql::Dialect& schemaOf(const rdoSession& session) {
+    const sql::Dialect& dialect = sql::dialectOf(session);
+    if (!dialect.facts().name.empty()) return dialect;
+    throw RuntimeError(
+        error_number::invalidProcedureCall,
+        "there is no schema for this kind of database; the demonstration needs " + everyTitle());
 }
 
 int fillServer(const Options& options) {
     const auto connection = openServer(options);
     demo::DemoOptions demo;
     demo.userName = system::systemUser();
-    demo.dialect = schemaOf(connection->session()->dialect());
+    demo.dialect = &schemaOf(*connection->session());
     demo::writeDemo(*connection, demo);
     std::cout << "The demonstration is in the database. Open it with: catalogador open --connect "
                  "(the same) --view 1\n";
@@ -70,7 +77,7 @@ int demoCommand(const Options& options) {
 }
 
 int schemaCommand(const Options& options) {
-    std::cout << schema::schemaStatements(*schema::dialectFromName(options.dialect));
+    std::cout << schema::schemaStatements(*sql::dialectNamed(options.dialect));
     return exitPlayed;
 }
 

@@ -5,6 +5,7 @@
 #include <limits>
 
 #include "adapters/checks/finding.h"
+#include "adapters/sql/dialect.h"
 
 namespace catalogador {
 
@@ -157,10 +158,12 @@ void addCommands(CLI::App& app, Options& options) {
     addConnection(*check, options);
     addChecking(*check, options.check);
     addNumber<std::int16_t>(*check, "--company", options.company, "Company id, default 1");
+    std::vector<std::string> names;
+    for (const sql::Dialect* dialect : sql::dialects()) names.emplace_back(dialect->facts().name);
     command("schema", "Prints the statements that create every table", Command::schema)
         ->add_option("--dialect", options.dialect, "Whose statements")
         ->required()
-        ->check(CLI::IsMember({"sqlite", "postgresql", "mariadb"}));
+        ->check(CLI::IsMember(names));
 }
 
 }  // namespace

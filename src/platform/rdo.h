@@ -111,7 +111,7 @@ class rdoSession {
   public:
     virtual ~rdoSession() = default;
 
-    [[nodiscard]] virtual Dialect dialect() const = 0;
+    [[nodiscard]] virtual const rdoDialect& dialect() const = 0;
 
     /// The rows of a query. A Null is no value for a "?".
     virtual std::vector<std::vector<Variant>> query(const std::string& sql,

@@ -2,10 +2,15 @@
 
 #include <gtest/gtest.h>
 
+#include <functional>
+
+#include "../sql/dialects.h"
+
 namespace catalogador::demo {
 namespace {
 
-class SchemaOfEveryDialect : public testing::TestWithParam<schema::SchemaDialect> {};
+class SchemaOfEveryDialect
+    : public testing::TestWithParam<std::reference_wrapper<const sql::Dialect>> {};
 
 std::size_t occurrences(const std::string& text, const std::string& part) {
     std::size_t count = 0;
@@ -40,29 +45,31 @@ TEST_P(SchemaOfEveryDialect, LeavesMetadataOfAViewNullable) {
 }
 
 INSTANTIATE_TEST_SUITE_P(Databases, SchemaOfEveryDialect,
-                         testing::Values(schema::SchemaDialect::sqlite,
-                                         schema::SchemaDialect::postgresql,
-                                         schema::SchemaDialect::mariadb));
+                         testing::Values(std::cref(dialects::sqlite),
+                                         std::cref(dialects::postgresql),
+                                         std::cref(dialects::mariadb)));
 
 TEST(Schema, UsesTheTypesOfEachDatabase) {
-    const std::string sqlite = schema::schemaStatements(schema::SchemaDialect::sqlite);
+    const std::string sqlite = schema::schemaStatements(dialects::sqlite);
     EXPECT_NE(sqlite.find("CTeSiNo1 BIT NULL"), std::string::npos);
     EXPECT_NE(sqlite.find("CTeValor1 NUMERIC NULL"), std::string::npos);
-    const std::string postgresql = schema::schemaStatements(schema::SchemaDialect::postgresql);
+    const std::string postgresql = schema::schemaStatements(dialects::postgresql);
     EXPECT_NE(postgresql.find("CTeSiNo1 BOOLEAN NULL"), std::string::npos);
     EXPECT_NE(postgresql.find("Modificado TIMESTAMP(6) NULL"), std::string::npos);
-    const std::string mariadb = schema::schemaStatements(schema::SchemaDialect::mariadb);
+    const std::string mariadb = schema::schemaStatements(dialects::mariadb);
     EXPECT_NE(mariadb.find("CTeSiNo1 BIT(1) NULL"), std::string::npos);
     EXPECT_NE(mariadb.find("Modificado DATETIME(6) NULL"), std::string::npos);
     EXPECT_NE(mariadb.find(") CHARACTER SET utf8mb4;"), std::string::npos);
 }
 
 TEST(Schema, KnowsItsDialectsByName) {
-    EXPECT_EQ(schema::dialectFromName("sqlite"), schema::SchemaDialect::sqlite);
-    EXPECT_EQ(schema::dialectFromName("postgresql"), schema::SchemaDialect::postgresql);
-    EXPECT_EQ(schema::dialectFromName("mariadb"), schema::SchemaDialect::mariadb);
-    EXPECT_EQ(schema::dialectFromName("oracle"), std::nullopt);
-    EXPECT_EQ(schema::dialectFromName(""), std::nullopt);
+    for (const char* name : {"sqlite", "postgresql", "mariadb"}) {
+        const sql::Dialect* dialect = sql::dialectNamed(name);
+        ASSERT_NE(dialect, nullptr) << name;
+        EXPECT_EQ(dialect->facts().name, name);
+    }
+    EXPECT_EQ(sql::dialectNamed("oracle"), nullptr);
+    EXPECT_EQ(sql::dialectNamed(""), nullptr);
 }
 
 }  // namespace

@@ -1,5 +1,6 @@
 #include <gtest/gtest.h>
 
+#include "../sql/dialects.h"
 #include "adapters/schema/schema.h"
 #include "desk.h"
 #include "service_database.h"
@@ -11,7 +12,7 @@ namespace {
 class WildMetadata : public testing::Test {
   protected:
     WildMetadata() {
-        for (const std::string& sql : schema::schemaStatementList(schema::SchemaDialect::sqlite))
+        for (const std::string& sql : schema::schemaStatementList(dialects::sqlite))
             desk_.connection().session()->run(sql);
         run("Insert Into Catalogador (ABMIDFormVista, ABMTitulo, ABMNombreVista, ABMConsulta, "
             "ABMColumnasNombre, ABMColumnasAncho, ABMColumnasAlineacion, ABMAnchoForm) Values (7, "

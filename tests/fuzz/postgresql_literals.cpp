@@ -2,6 +2,7 @@
 // own parser: the same one, but for the constants in it.
 #include <pg_query.h>
 
+#include "../sql/dialects.h"
 #include "hostile_statement.h"
 
 namespace {
@@ -34,7 +35,7 @@ bool isAboutEscapes(const std::string& error) {
 
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* bytes, std::size_t size) {
     using namespace catalogador;
-    static const sql::SqlSyntax syntax = sql::syntaxOf(Dialect::postgresql);
+    static const sql::SqlSyntax syntax = dialects::postgresql.facts().syntax;
     FuzzedDataProvider data(bytes, size);
     const fuzz::HostileStatement statement = fuzz::hostileStatement(data, {{"'", "'"},
                                                                            {"E'", "'"},

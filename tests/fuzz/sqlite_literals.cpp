@@ -7,6 +7,7 @@
 #include <optional>
 #include <utility>
 
+#include "../sql/dialects.h"
 #include "hostile_statement.h"
 #include "runtime/text.h"
 
@@ -59,7 +60,7 @@ bool goesByTexts(const std::string& sql) {
 
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* bytes, std::size_t size) {
     using namespace catalogador;
-    static const sql::SqlSyntax syntax = sql::syntaxOf(Dialect::sqlite);
+    static const sql::SqlSyntax syntax = dialects::sqlite.facts().syntax;
     FuzzedDataProvider data(bytes, size);
     const fuzz::HostileStatement statement = fuzz::hostileStatement(data, {{"'", "'"}});
     const std::string& sql = statement.sql.text();

@@ -2,7 +2,9 @@
 #include <fuzzer/FuzzedDataProvider.h>
 
 #include <cstdlib>
+#include <functional>
 
+#include "../sql/dialects.h"
 #include "adapters/sql/select_condition.h"
 #include "adapters/sql/statement_text.h"
 #include "runtime/error.h"
@@ -10,9 +12,9 @@
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* bytes, std::size_t size) {
     using namespace catalogador;
     FuzzedDataProvider data(bytes, size);
-    static const Dialect dialects[] = {Dialect::sqlite, Dialect::postgresql, Dialect::mariadb,
-                                       Dialect::other};
-    const sql::SqlSyntax syntax = sql::syntaxOf(data.PickValueInArray(dialects));
+    static const std::reference_wrapper<const sql::Dialect> all[] = {
+        dialects::sqlite, dialects::postgresql, dialects::mariadb, dialects::other};
+    const sql::SqlSyntax syntax = data.PickValueInArray(all).get().facts().syntax;
     const std::string sql = data.ConsumeRemainingBytesAsString();
     sql::writableTable(sql, syntax);
     sql::selectItems(sql, syntax);

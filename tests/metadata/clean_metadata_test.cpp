@@ -33,7 +33,7 @@ TEST_P(CleanMetadata, OfTheDemonstrationGivesNoFinding) {
     if (!database) GTEST_SKIP() << "There is no server";
     demo::DemoOptions options;
     options.userName = "ana";
-    options.dialect = database->dialect();
+    options.dialect = &database->dialect();
     demo::writeDemo(database->connection(), options);
     checks::CheckOptions wanted;
     wanted.helpPages = std::set<std::int64_t>{10, 11, 12, 13, 14, 15, 16};

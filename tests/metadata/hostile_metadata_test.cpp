@@ -3,6 +3,7 @@
 #include <fstream>
 #include <sstream>
 
+#include "../sql/dialects.h"
 #include "metadata_database.h"
 #include "runtime/convert.h"
 #include "runtime/error.h"
@@ -107,8 +108,7 @@ class HostileServer : public testing::TestWithParam<std::string> {
         for (const auto& table : session.query(
                  "Select table_name From information_schema.tables Where table_schema "
                  "In ('public', " +
-                 std::string(database_->dialect() == schema::SchemaDialect::mariadb ? "Database()"
-                                                                                    : "'none'") +
+                 std::string(database_->dialect() == dialects::mariadb ? "Database()" : "'none'") +
                  ") Order By table_name")) {
             const std::string name = toText(table[0], Regional{});
             text += name + "\n";
@@ -138,7 +138,7 @@ TEST_P(HostileServer, IsLeftAsItWas) {
 }
 
 TEST_P(HostileServer, RunsNoFunctionThatWrites) {
-    const bool mariadb = database_->dialect() == schema::SchemaDialect::mariadb;
+    const bool mariadb = database_->dialect() == dialects::mariadb;
     database_->run(mariadb ? "Create Function plant() Returns Integer Begin Insert Into genListas "
                              "(LisIDLista, LisIDClave) Values (9, 9); Return 1; End"
                            : "Create Function plant() Returns Integer As 'Insert Into genListas "
@@ -148,7 +148,7 @@ TEST_P(HostileServer, RunsNoFunctionThatWrites) {
 
 TEST_P(HostileServer, DrawsFromNoSequenceAndWritesNoFile) {
     database_->run("Create Sequence drawn");
-    const bool mariadb = database_->dialect() == schema::SchemaDialect::mariadb;
+    const bool mariadb = database_->dialect() == dialects::mariadb;
     expectUnchanged(mariadb ? "Select Nextval(drawn), 2" : "Select Nextval('drawn'), 2");
     if (!mariadb)
         expectUnchanged(

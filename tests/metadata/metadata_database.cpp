@@ -98,14 +98,14 @@ std::vector<std::string> cleanViews() {
 std::unique_ptr<MetadataDatabase> MetadataDatabase::create(const std::string& kind) {
     auto database = createEmpty(kind);
     if (!database) return nullptr;
-    database->run(schema::schemaStatementList(database->dialect_));
+    database->run(schema::schemaStatementList(database->dialect()));
     database->fill();
     return database;
 }
 
 std::unique_ptr<MetadataDatabase> MetadataDatabase::createEmpty(const std::string& kind) {
     std::unique_ptr<MetadataDatabase> database(new MetadataDatabase());
-    database->dialect_ = schema::dialectFromName(kind).value();
+    database->dialect_ = sql::dialectNamed(kind);
     if (kind == "sqlite") {
         std::string pattern = (std::filesystem::temp_directory_path() / "metadata-XXXXXX").string();
         if (mkdtemp(pattern.data()) == nullptr) throw std::runtime_error("no temporary folder");

@@ -4,6 +4,7 @@
 #include <string>
 #include <vector>
 
+#include "../sql/dialects.h"
 #include "adapters/checks/checks.h"
 #include "adapters/schema/schema.h"
 #include "platform/rdo.h"
@@ -24,7 +25,7 @@ class MetadataDatabase {
     [[nodiscard]] rdoConnection& connection() { return *connection_; }
     /// The connection that is checked; nothing else is done with it.
     [[nodiscard]] rdoConnection& checked() { return *checked_; }
-    [[nodiscard]] schema::SchemaDialect dialect() const { return dialect_; }
+    [[nodiscard]] const sql::Dialect& dialect() const { return *dialect_; }
     /// The file of a SQLite database.
     [[nodiscard]] std::filesystem::path file() const { return folder_ / "metadata.db"; }
 
@@ -38,7 +39,7 @@ class MetadataDatabase {
   private:
     MetadataDatabase() = default;
 
-    schema::SchemaDialect dialect_ = schema::SchemaDialect::sqlite;
+    const sql::Dialect* dialect_ = &dialects::sqlite;
     std::filesystem::path folder_;
     std::string server_;
     std::string name_;

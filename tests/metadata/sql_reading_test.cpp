@@ -2,11 +2,13 @@
 
 #include <gtest/gtest.h>
 
+#include "../sql/dialects.h"
+
 namespace catalogador::checks {
 namespace {
 
 std::vector<std::int64_t> viewsOf(const std::string& sql) {
-    return viewsOfFirstColumn(sql, sql::syntaxOf(Dialect::sqlite));
+    return viewsOfFirstColumn(sql, dialects::sqlite.facts().syntax);
 }
 
 TEST(ViewsOfTheFirstColumn, AreThoseThatItsTableIsComparedWith) {
@@ -39,7 +41,7 @@ TEST(QuotesRoundAPlaceholder, AreSeenEverywhere) {
 }
 
 TEST(Joins, LeaveRowsOutUnlessTheyKeepTheLeftOnes) {
-    const sql::SqlSyntax syntax = sql::syntaxOf(Dialect::sqlite);
+    const sql::SqlSyntax syntax = dialects::sqlite.facts().syntax;
     EXPECT_TRUE(joinsRowsAway("Select 1 From a Join b On a.x = b.x", syntax));
     EXPECT_TRUE(joinsRowsAway("Select 1 From a Inner Join b On a.x = b.x", syntax));
     EXPECT_FALSE(joinsRowsAway("Select 1 From a Left Join b On a.x = b.x", syntax));

@@ -3,6 +3,7 @@
 #include <future>
 #include <thread>
 
+#include "../sql/dialects.h"
 #include "database.h"
 #include "runtime/convert.h"
 #include "runtime/text.h"
@@ -15,7 +16,7 @@ using namespace std::chrono_literals;
 class Conflicts : public test::RdoTest {
   protected:
     void SetUp() override {
-        if (GetParam().dialect == Dialect::sqlite) GTEST_SKIP() << "writers take turns";
+        if (GetParam().dialect == dialects::sqlite) GTEST_SKIP() << "writers take turns";
         test::RdoTest::SetUp();
     }
     static bool comesTrue(const std::function<bool()>& condition) {
@@ -32,7 +33,7 @@ class Conflicts : public test::RdoTest {
     }
     bool somebodyWaits() {
         const std::string sql =
-            dialect() == Dialect::postgresql
+            dialect() == dialects::postgresql
                 ? "Select Count(*) From pg_stat_activity Where wait_event_type = 'Lock' And "
                   "datname = current_database() And query Like '%" +
                       table + "%'"
@@ -74,7 +75,7 @@ TEST_P(Conflicts, OfTwoWritersThatWaitForEachOtherBothAreDoneInTheEnd) {
 }
 
 TEST_P(Conflicts, ASaveThatWasUndoneInADeadlockIsDoneAgain) {
-    if (dialect() != Dialect::mariadb) GTEST_SKIP() << "a save holds one lock there";
+    if (dialect() != dialects::mariadb) GTEST_SKIP() << "a save holds one lock there";
     create("Code INTEGER PRIMARY KEY, Name VARCHAR(20) UNIQUE");
     watcher_ = connect();
     const std::string deadlocks = "Show Global Status Like 'Innodb_deadlocks'";
@@ -97,7 +98,7 @@ TEST_P(Conflicts, ASaveThatWasUndoneInADeadlockIsDoneAgain) {
 }
 
 TEST_P(Conflicts, ASaveThatCouldNotBeSerializedIsDoneAgain) {
-    if (dialect() != Dialect::postgresql) GTEST_SKIP() << "its transactions wait instead";
+    if (dialect() != dialects::postgresql) GTEST_SKIP() << "its transactions wait instead";
     create("Code INTEGER PRIMARY KEY, Total INTEGER, Note VARCHAR(20)", {"1, 0, 'a'"});
     watcher_ = connect();
     connection->run("SET SESSION CHARACTERISTICS AS TRANSACTION ISOLATION LEVEL SERIALIZABLE");

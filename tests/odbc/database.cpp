@@ -8,6 +8,7 @@
 
 #include "runtime/convert.h"
 #ifdef _WIN32
+#include "../sql/dialects.h"
 #include "com/automation/automation_connection.h"
 #include "com/connections/connection_object.h"
 #endif
@@ -16,12 +17,12 @@ namespace catalogador::test {
 
 const std::vector<DatabaseKind>& databaseKinds() {
     static const std::vector<DatabaseKind> kinds{
-        {"Sqlite", Dialect::sqlite, "", false, true},
-        {"SqliteOverOdbc", Dialect::sqlite, ""},
-        {"Postgresql", Dialect::postgresql, "CATALOGADOR_TEST_POSTGRESQL"},
-        {"Mariadb", Dialect::mariadb, "CATALOGADOR_TEST_MARIADB"},
+        {"Sqlite", dialects::sqlite, "", false, true},
+        {"SqliteOverOdbc", dialects::sqlite, ""},
+        {"Postgresql", dialects::postgresql, "CATALOGADOR_TEST_POSTGRESQL"},
+        {"Mariadb", dialects::mariadb, "CATALOGADOR_TEST_MARIADB"},
 #ifdef _WIN32
-        {"Automation", Dialect::sqlite, "", true},
+        {"Automation", dialects::sqlite, "", true},
 #endif
     };
     return kinds;
@@ -33,7 +34,7 @@ std::string kindName(const testing::TestParamInfo<DatabaseKind>& info) {
 
 void RdoTest::SetUp() {
     table = "rows_" + std::to_string(getpid());
-    if (dialect() == Dialect::sqlite) {
+    if (dialect() == dialects::sqlite) {
         // What a power failure would leave of these files is of no interest.
         connectionString_ =
             odbc::OdbcConnection::sqliteConnectionString(file_.path()) + ";SyncPragma=OFF";
@@ -45,7 +46,7 @@ void RdoTest::SetUp() {
     if (GetParam().guarded) sqlite::Connection::open(file_.path(), {}, sqlite::Opening::created);
     connection = connect();
     other = connect();
-    ASSERT_EQ(connection->dialect(), dialect());
+    ASSERT_TRUE(connection->dialect() == dialect());
     connection->run("DROP TABLE IF EXISTS " + table);
 }
 
@@ -54,14 +55,10 @@ void RdoTest::TearDown() {
 }
 
 TypeNames RdoTest::types() const {
-    switch (dialect()) {
-        case Dialect::postgresql:
-            return {"BOOLEAN", "DOUBLE PRECISION", "TEXT", "TIMESTAMP"};
-        case Dialect::mariadb:
-            return {"BIT(1)", "DOUBLE", "LONGTEXT", "DATETIME"};
-        default:
-            return {"BIT", "DOUBLE", "TEXT", "TIMESTAMP"};
-    }
+    if (dialect() == dialects::postgresql)
+        return {"BOOLEAN", "DOUBLE PRECISION", "TEXT", "TIMESTAMP"};
+    if (dialect() == dialects::mariadb) return {"BIT(1)", "DOUBLE", "LONGTEXT", "DATETIME"};
+    return {"BIT", "DOUBLE", "TEXT", "TIMESTAMP"};
 }
 
 std::unique_ptr<TestedConnection> RdoTest::connect(const sql::Timeouts& timeouts,

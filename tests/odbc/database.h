@@ -6,6 +6,7 @@
 #include <string>
 #include <vector>
 
+#include "../sql/dialects.h"
 #include "adapters/odbc/odbc_connection.h"
 #include "adapters/sqlite/connection.h"
 #include "temporary_file.h"
@@ -16,7 +17,7 @@ namespace catalogador::test {
 /// environment variable holds a connection string to an empty database.
 struct DatabaseKind {
     std::string name;
-    Dialect dialect;
+    const sql::Dialect& dialect;
     std::string variable;
     /// Over the objects that hosts of Windows have, in the place of the driver itself.
     bool automation = false;
@@ -48,7 +49,7 @@ class TestedConnection {
 
     /// The database connection itself.
     operator rdoConnection&() { return *direct_; }
-    [[nodiscard]] Dialect dialect() const { return direct_->session()->dialect(); }
+    [[nodiscard]] const rdoDialect& dialect() const { return direct_->session()->dialect(); }
     auto query(const std::string& sql, const std::vector<Variant>& values = {}) {
         return direct_->session()->query(sql, values);
     }
@@ -82,7 +83,7 @@ class RdoTest : public testing::TestWithParam<DatabaseKind> {
     void SetUp() override;
     void TearDown() override;
 
-    [[nodiscard]] Dialect dialect() const { return GetParam().dialect; }
+    [[nodiscard]] const sql::Dialect& dialect() const { return GetParam().dialect; }
     [[nodiscard]] TypeNames types() const;
     [[nodiscard]] std::unique_ptr<TestedConnection> connect(const sql::Timeouts& timeouts = {},
                                                             const odbc::Defences& defences = {},

@@ -4,6 +4,7 @@
 #include <chrono>
 #include <filesystem>
 
+#include "../sql/dialects.h"
 #include "database.h"
 
 namespace catalogador {
@@ -73,7 +74,7 @@ class RdoDefences : public test::RdoTest {
             "'; Commit; " + steal + " --",
             "'; Commit; " + steal + "; Begin --",
         };
-        if (dialect() == Dialect::postgresql) {
+        if (dialect() == dialects::postgresql) {
             const std::vector<std::string> more{
                 "'||set_config('standard_conforming_strings','0','0')--",
                 "\\';" + steal + "--",
@@ -90,7 +91,7 @@ class RdoDefences : public test::RdoTest {
             };
             texts.insert(texts.end(), more.begin(), more.end());
         }
-        if (dialect() == Dialect::mariadb)
+        if (dialect() == dialects::mariadb)
             texts.insert(texts.end(), {"' Union Select 1 Into Outfile '" + canaryFile() + "' -- ",
                                        "' Into Dumpfile '" + canaryFile() + "' -- ",
                                        "'; Set Session Transaction Read Write; " + steal + " -- "});
@@ -114,7 +115,7 @@ class RdoDefences : public test::RdoTest {
 INSTANTIATE_TEST_SUITE_P(, RdoDefences, testing::ValuesIn(test::databaseKinds()), test::kindName);
 
 TEST_P(RdoDefences, WithoutThemTypedTextIsRun) {
-    if (dialect() == Dialect::sqlite) GTEST_SKIP() << "its driver takes one statement only";
+    if (dialect() == dialects::sqlite) GTEST_SKIP() << "its driver takes one statement only";
     // The connection string is the one that the attack needs.
     const auto session = connect({}, odbc::Defences{false, false}, ";OPTION=67108864");
     attack(*session, "'; Delete From " + table + " -- ");
@@ -134,8 +135,8 @@ TEST_P(RdoDefences, BothKeepTypedTextFromBeingRun) {
 }
 
 TEST_P(RdoDefences, ConnectionStringThatAllowsSeveralCommandsIsNotBelieved) {
-    if (dialect() == Dialect::sqlite) GTEST_SKIP() << "its driver has no such option";
-    const std::string options = dialect() == Dialect::mariadb
+    if (dialect() == dialects::sqlite) GTEST_SKIP() << "its driver has no such option";
+    const std::string options = dialect() == dialects::mariadb
                                     ? ";OPTION=67108864"
                                     : ";UseServerSidePrepare=0;UseDeclareFetch=1";
     play(engineAlone, options);
@@ -143,7 +144,7 @@ TEST_P(RdoDefences, ConnectionStringThatAllowsSeveralCommandsIsNotBelieved) {
 }
 
 TEST_P(RdoDefences, PostgresqlGetsDataByTheProtocolThatTakesOneCommand) {
-    if (dialect() != Dialect::postgresql) GTEST_SKIP() << "of that server";
+    if (dialect() != dialects::postgresql) GTEST_SKIP() << "of that server";
     const auto session = connect({}, both, ";UseServerSidePrepare=0");
     const auto rows = session->OpenResultset(
         "Select Count(*) From pg_prepared_statements Where Not from_sql And name <> '" +
@@ -158,7 +159,7 @@ TEST_P(RdoDefences, OpenedStatementCannotWrite) {
         EXPECT_NE(errorOf([&] { connection->OpenResultset(insert); }), "");
         EXPECT_EQ(all().size(), 1U);
         EXPECT_EQ(connection->Execute("Update " + table + " Set a = 42"),
-                  dialect() == Dialect::mariadb ? 0 : 1);
+                  dialect() == dialects::mariadb ? 0 : 1);
     }
     connection->begin();
     connection->run("Insert Into " + table + " Values (8)");
@@ -179,8 +180,8 @@ TEST_P(RdoDefences, RowFoundByDataCanBeWritten) {
 }
 
 TEST_P(RdoDefences, HostsOwnSessionKeepsItsSettings) {
-    if (dialect() == Dialect::sqlite || GetParam().automation) GTEST_SKIP() << "of servers";
-    const bool postgresql = dialect() == Dialect::postgresql;
+    if (dialect() == dialects::sqlite || GetParam().automation) GTEST_SKIP() << "of servers";
+    const bool postgresql = dialect() == dialects::postgresql;
     const auto host = connect({}, odbc::Defences{false, false});
     host->run(postgresql ? "SET lock_timeout = 7654" : "SET SESSION lock_wait_timeout = 7654");
     host->run(postgresql ? "SET standard_conforming_strings = off"
@@ -217,28 +218,24 @@ TEST_P(RdoLimits, HoldWhateverTheStatementSays) {
     sql::Timeouts timeouts;
     timeouts.statement = 1s;
     const auto session = connect(timeouts, engineAlone);
-    switch (dialect()) {
-        case Dialect::postgresql:
-            session->run("SET statement_timeout = 0");
-            expectStopped(*session, "Select pg_sleep(100)");
-            expectStopped(*session,
-                          check("'||set_config('statement_timeout','0',false)||pg_sleep(100)--"));
-            session->run("SET statement_timeout = 0");
-            expectStopped(*session,
-                          "Copy (Select * From generate_series(1,1000000000000)) To Stdout");
-            expectStopped(*session, " /* x */ Copy (Select 1) To Stdout");
-            break;
-        case Dialect::mariadb:
-            session->run("SET SESSION max_statement_time = 0");
-            expectStopped(*session, "Select sleep(100)");
-            expectStopped(*session, check("' Or sleep(100) -- "));
-            session->run("SET SESSION max_statement_time = 0");
-            expectStopped(*session, "Select benchmark(100000000000, md5('a'))");
-            break;
-        default:
-            expectStopped(*session,
-                          check("' Or (With Recursive r(x) As (Select 1 Union All Select x + 1 "
-                                "From r) Select Count(*) From r) --"));
+    if (dialect() == dialects::postgresql) {
+        session->run("SET statement_timeout = 0");
+        expectStopped(*session, "Select pg_sleep(100)");
+        expectStopped(*session,
+                      check("'||set_config('statement_timeout','0',false)||pg_sleep(100)--"));
+        session->run("SET statement_timeout = 0");
+        expectStopped(*session, "Copy (Select * From generate_series(1,1000000000000)) To Stdout");
+        expectStopped(*session, " /* x */ Copy (Select 1) To Stdout");
+    } else if (dialect() == dialects::mariadb) {
+        session->run("SET SESSION max_statement_time = 0");
+        expectStopped(*session, "Select sleep(100)");
+        expectStopped(*session, check("' Or sleep(100) -- "));
+        session->run("SET SESSION max_statement_time = 0");
+        expectStopped(*session, "Select benchmark(100000000000, md5('a'))");
+    } else {
+        expectStopped(*session,
+                      check("' Or (With Recursive r(x) As (Select 1 Union All Select x + 1 "
+                            "From r) Select Count(*) From r) --"));
     }
 }
 

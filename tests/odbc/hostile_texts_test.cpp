@@ -7,7 +7,7 @@
 #include <cstdlib>
 #include <random>
 
-#include "adapters/odbc/session_settings.h"
+#include "../sql/dialects.h"
 #include "adapters/sql/data_check.h"
 #include "database.h"
 
@@ -31,7 +31,7 @@ const std::vector<std::string>& pieces() {
 }
 
 /// What may stand before a text in a statement, and has quotes and signs of comments of its own.
-const std::vector<std::string>& contexts(Dialect dialect) {
+const std::vector<std::string>& contexts(const sql::Dialect& dialect) {
     static const auto with = [](std::vector<std::string> own) {
         const std::vector<std::string> common{
             "'a' x, ",     "'it''s' x, ",      "/* ' */ ", "/* -- */ ",        "-- '\n", "-- /* \n",
@@ -46,12 +46,25 @@ const std::vector<std::string>& contexts(Dialect dialect) {
     static const auto mariadb =
         with({"1 `q'q`, ", "\"a'b\" x, ", "# '\n", "/*!99999999 ' */ ", "/*!50000 1, */ ",
               "--'1' x, ", "N'a' x, ", "x'41' x, ", "/* /* ' */ ", "'a' 'b' x, "});
-    if (dialect == Dialect::postgresql) return postgresql;
-    return dialect == Dialect::mariadb ? mariadb : sqlite;
+    if (dialect == dialects::postgresql) return postgresql;
+    return dialect == dialects::mariadb ? mariadb : sqlite;
 }
 
 /// The texts are the same in every run but for one generator, whose seed a failure tells.
 constexpr std::mt19937::result_type usualSeed = 20260301;
+
+/// Asks over the connection that a test runs on.
+class Asking : public sql::SessionCommands {
+  public:
+    explicit Asking(test::TestedConnection& connection) : connection_(connection) {}
+    std::vector<std::vector<Variant>> ask(const std::string& query) override {
+        return connection_.query(query);
+    }
+    void tell(const std::string& statement) override { connection_.run(statement); }
+
+  private:
+    test::TestedConnection& connection_;
+};
 
 class RdoHostileTexts : public test::RdoTest {
   protected:
@@ -81,11 +94,10 @@ class RdoHostileTexts : public test::RdoTest {
 
     /// As the session reads; of a host's own connection nobody knows the database.
     [[nodiscard]] sql::SqlSyntax syntax() {
-        if (GetParam().automation) return sql::syntaxOf(Dialect::other);
-        if (dialect() != Dialect::mariadb) return sql::syntaxOf(dialect());
-        const auto state = connection->query(odbc::mariadbState).at(0);
-        const auto of = [&](std::size_t column) { return *state[column].as<std::string>(); };
-        return odbc::mariadbSyntax(of(1), of(2), of(3));
+        if (GetParam().automation) return dialects::other.facts().syntax;
+        if (dialect() != dialects::mariadb) return dialect().facts().syntax;
+        Asking commands(*connection);
+        return dialect().currentState(commands).value().syntax;
     }
 
     static bool passes(const SqlText& sql, const sql::SqlSyntax& syntax) {
@@ -141,8 +153,8 @@ INSTANTIATE_TEST_SUITE_P(, RdoHostileTexts, testing::ValuesIn(test::databaseKind
 
 TEST_P(RdoHostileTexts, WhatIsLetThroughIsOneValueToTheDatabase) {
     std::vector<std::pair<std::string, std::string>> quotes{{"'", "'"}};
-    if (dialect() == Dialect::postgresql) quotes.emplace_back("$q$", "$q$");
-    if (dialect() == Dialect::mariadb) quotes.emplace_back("\"", "\"");
+    if (dialect() == dialects::postgresql) quotes.emplace_back("$q$", "$q$");
+    if (dialect() == dialects::mariadb) quotes.emplace_back("\"", "\"");
     for (const auto& [open, close] : quotes) {
         const auto passed = letThrough(open, close, texts);
         EXPECT_GT(passed.size(), static_cast<std::size_t>(texts / 10));
@@ -199,7 +211,7 @@ TEST_P(RdoHostileTexts, NumbersThatAreLetThroughAreOneValueToTheDatabase) {
 }
 
 TEST_P(RdoHostileTexts, TextsWithEscapesEndWhereTheDatabaseEndsThem) {
-    if (dialect() != Dialect::postgresql) GTEST_SKIP() << "of that server";
+    if (dialect() != dialects::postgresql) GTEST_SKIP() << "of that server";
     int read = 0;
     for (const std::string& passed : letThrough("E'", "'", 3'000)) {
         const SqlText sql = "Select E'" + SqlText::ofData(passed) + "' a, 'END' b";

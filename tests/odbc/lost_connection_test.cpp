@@ -2,6 +2,7 @@
 #include <filesystem>
 #include <thread>
 
+#include "../sql/dialects.h"
 #include "database.h"
 #include "runtime/convert.h"
 #include "runtime/text.h"
@@ -16,7 +17,7 @@ constexpr int tolerance = 3;
 class LostConnections : public test::RdoTest {
   protected:
     void SetUp() override {
-        if (GetParam().dialect == Dialect::sqlite) GTEST_SKIP() << "a file has no connections";
+        if (GetParam().dialect == dialects::sqlite) GTEST_SKIP() << "a file has no connections";
         test::RdoTest::SetUp();
     }
     static int openFiles() {
@@ -24,19 +25,19 @@ class LostConnections : public test::RdoTest {
         return static_cast<int>(std::distance(begin(files), end(files)));
     }
     std::int32_t idOf(test::TestedConnection& whose) {
-        const char* sql =
-            dialect() == Dialect::postgresql ? "Select pg_backend_pid()" : "Select connection_id()";
+        const char* sql = dialect() == dialects::postgresql ? "Select pg_backend_pid()"
+                                                            : "Select connection_id()";
         return toLong(whose.query(sql).at(0).at(0), Regional{});
     }
     void endFromOutside(std::int32_t id) {
-        if (dialect() == Dialect::postgresql)
+        if (dialect() == dialects::postgresql)
             other->query("Select pg_terminate_backend(" + decimalText(id) + ")");
         else
             other->run("Kill " + decimalText(id));
     }
     /// Connections that the server has now.
     std::int32_t connections() {
-        const char* sql = dialect() == Dialect::postgresql
+        const char* sql = dialect() == dialects::postgresql
                               ? "Select Count(*) From pg_stat_activity Where datname = "
                                 "current_database()"
                               : "Select Count(*) From information_schema.processlist";
@@ -78,7 +79,7 @@ TEST_P(LostConnections, AreClosedAlsoWhenTheyWereLostInATransaction) {
 TEST_P(LostConnections, AreThoseToAServerThatTakesNoMoreWrites) {
     create("Code INTEGER, State VARCHAR(10)");
     std::vector<std::string> states{"1047", "1053", "1290", "1792", "1836"};
-    if (dialect() == Dialect::postgresql) {
+    if (dialect() == dialects::postgresql) {
         states = {"57P01", "57P02", "57P03", "25006"};
         other->run("CREATE OR REPLACE FUNCTION " + table +
                    "_refuse() RETURNS TRIGGER AS $$ BEGIN RAISE EXCEPTION 'not here' USING ERRCODE "
@@ -87,7 +88,7 @@ TEST_P(LostConnections, AreThoseToAServerThatTakesNoMoreWrites) {
                    " FOR EACH ROW EXECUTE FUNCTION " + table + "_refuse()");
     }
     for (const std::string& state : states) {
-        if (dialect() == Dialect::mariadb)
+        if (dialect() == dialects::mariadb)
             other->run("CREATE OR REPLACE TRIGGER " + table + "_refuse BEFORE INSERT ON " + table +
                        " FOR EACH ROW SIGNAL SQLSTATE 'HY000' SET MYSQL_ERRNO = " + state);
         const std::int32_t before = idOf(*connection);
@@ -98,7 +99,7 @@ TEST_P(LostConnections, AreThoseToAServerThatTakesNoMoreWrites) {
         EXPECT_NE(idOf(*connection), before) << state;
     }
     connection->run("DROP TABLE " + table);
-    if (dialect() == Dialect::postgresql) other->run("DROP FUNCTION " + table + "_refuse");
+    if (dialect() == dialects::postgresql) other->run("DROP FUNCTION " + table + "_refuse");
 }
 
 TEST_P(LostConnections, LiveAsLongAsRowsOfTheirsAreRead) {
@@ -112,7 +113,7 @@ TEST_P(LostConnections, LiveAsLongAsRowsOfTheirsAreRead) {
 }
 
 TEST_P(LostConnections, AreNotLeftWaitingOnTheServer) {
-    if (dialect() != Dialect::mariadb) GTEST_SKIP() << "only this driver gives up by itself";
+    if (dialect() != dialects::mariadb) GTEST_SKIP() << "only this driver gives up by itself";
     using namespace std::chrono_literals;
     const auto impatient = connect({15'000ms, 0ms, 5'000ms}, {}, ";READ_TIMEOUT=1");
     const int before = connections();

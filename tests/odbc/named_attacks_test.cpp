@@ -7,6 +7,7 @@
 #include <filesystem>
 #include <iterator>
 
+#include "../sql/dialects.h"
 #include "database.h"
 
 namespace catalogador {
@@ -27,7 +28,7 @@ constexpr auto statementLimit = 1s;
 /// An attack that keeps the database at work so long goes on beyond its limit.
 constexpr auto tooLong = 12s;
 
-std::vector<DatabaseKind> kindsOf(Dialect dialect) {
+std::vector<DatabaseKind> kindsOf(const sql::Dialect& dialect) {
     std::vector<DatabaseKind> kinds;
     std::copy_if(
         test::databaseKinds().begin(), test::databaseKinds().end(), std::back_inserter(kinds),
@@ -110,7 +111,7 @@ class Attacks : public test::RdoTest {
 };
 
 class SqliteAttacks : public Attacks {};
-INSTANTIATE_TEST_SUITE_P(, SqliteAttacks, testing::ValuesIn(kindsOf(Dialect::sqlite)),
+INSTANTIATE_TEST_SUITE_P(, SqliteAttacks, testing::ValuesIn(kindsOf(dialects::sqlite)),
                          test::kindName);
 
 TEST_P(SqliteAttacks, FunctionThatWritesAFile) {
@@ -151,7 +152,7 @@ TEST_P(SqliteAttacks, SecondStatement) {
 }
 
 class PostgresqlAttacks : public Attacks {};
-INSTANTIATE_TEST_SUITE_P(, PostgresqlAttacks, testing::ValuesIn(kindsOf(Dialect::postgresql)),
+INSTANTIATE_TEST_SUITE_P(, PostgresqlAttacks, testing::ValuesIn(kindsOf(dialects::postgresql)),
                          test::kindName);
 
 TEST_P(PostgresqlAttacks, SettingOfOneSaveThatTheNextMakesUseOf) {
@@ -232,7 +233,7 @@ TEST_P(PostgresqlAttacks, RoleThatComesBack) {
 }
 
 class MariadbAttacks : public Attacks {};
-INSTANTIATE_TEST_SUITE_P(, MariadbAttacks, testing::ValuesIn(kindsOf(Dialect::mariadb)),
+INSTANTIATE_TEST_SUITE_P(, MariadbAttacks, testing::ValuesIn(kindsOf(dialects::mariadb)),
                          test::kindName);
 
 const std::string severalCommands = ";OPTION=67108864";

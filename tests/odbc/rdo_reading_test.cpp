@@ -1,5 +1,6 @@
 #include <gtest/gtest.h>
 
+#include "../sql/dialects.h"
 #include "database.h"
 #include "runtime/convert.h"
 #include "runtime/text.h"
@@ -17,9 +18,9 @@ TEST_P(RdoReading, GivesEachKindOfColumnItsKindOfValue) {
                types().real + ", g VARCHAR(20), h " + types().timestamp + ", i DATE, j " +
                types().boolean,
            {"-32768, 2147483647, -9223372036854775808, " +
-            std::string(dialect() == Dialect::postgresql ? "true" : "1") +
+            std::string(dialect() == dialects::postgresql ? "true" : "1") +
             ", 12.34, 0.5, 'text', '2024-02-29 23:59:58', '2024-02-29', " +
-            (dialect() == Dialect::postgresql ? "false" : "0")});
+            (dialect() == dialects::postgresql ? "false" : "0")});
     const auto rows = connection->OpenResultset(select());
     ASSERT_FALSE(rows->atEnd());
     EXPECT_EQ(rows->value("a"), Variant(-32768));

@@ -2,6 +2,7 @@
 
 #include <chrono>
 
+#include "../sql/dialects.h"
 #include "database.h"
 
 namespace catalogador {
@@ -141,7 +142,7 @@ TEST_P(RdoStatement, InTransactionIsLostWithItsConnection) {
 
 /// Ends the session of `connection` as a server that is stopped would.
 void breakConnection(test::TestedConnection& connection, test::TestedConnection& other) {
-    const bool postgresql = other.dialect() == Dialect::postgresql;
+    const bool postgresql = other.dialect() == dialects::postgresql;
     const Variant session =
         connection.query(postgresql ? "SELECT pg_backend_pid()" : "SELECT CONNECTION_ID()")[0][0];
     const std::string number = std::to_string(*session.as<std::int64_t>());
@@ -149,7 +150,7 @@ void breakConnection(test::TestedConnection& connection, test::TestedConnection&
 }
 
 TEST_P(RdoStatement, AWriteOnALostConnectionIsDoneOrFailsAndTheNextOneWorks) {
-    if (dialect() == Dialect::sqlite) GTEST_SKIP() << "a file has no connection to lose";
+    if (dialect() == dialects::sqlite) GTEST_SKIP() << "a file has no connection to lose";
     create("a INTEGER", {"1"});
     auto rows = connection->OpenResultset(select());
     breakConnection(*connection, *other);
@@ -166,7 +167,7 @@ TEST_P(RdoStatement, AWriteOnALostConnectionIsDoneOrFailsAndTheNextOneWorks) {
 }
 
 TEST_P(RdoStatement, AQueryOnALostConnectionIsAskedAgain) {
-    if (dialect() == Dialect::sqlite) GTEST_SKIP() << "a file has no connection to lose";
+    if (dialect() == dialects::sqlite) GTEST_SKIP() << "a file has no connection to lose";
     create("a INTEGER", {"1"});
     for (int round = 0; round < 3; ++round) {
         breakConnection(*connection, *other);
@@ -175,7 +176,7 @@ TEST_P(RdoStatement, AQueryOnALostConnectionIsAskedAgain) {
 }
 
 TEST_P(RdoStatement, ATransactionOnALostConnectionFailsAsAWhole) {
-    if (dialect() == Dialect::sqlite) GTEST_SKIP() << "a file has no connection to lose";
+    if (dialect() == dialects::sqlite) GTEST_SKIP() << "a file has no connection to lose";
     create("a INTEGER");
     connection->begin();
     connection->run("INSERT INTO " + table + " VALUES (1)");
@@ -193,7 +194,7 @@ TEST_P(RdoStatement, ATransactionOnALostConnectionFailsAsAWhole) {
 }
 
 TEST_P(RdoStatement, StopsWaitingForALockWithAnError) {
-    if (dialect() == Dialect::sqlite) GTEST_SKIP() << "tested with a shorter wait";
+    if (dialect() == dialects::sqlite) GTEST_SKIP() << "tested with a shorter wait";
     create("a INTEGER", {"1"});
     sql::Timeouts timeouts;
     timeouts.lock = std::chrono::seconds(1);
@@ -212,14 +213,14 @@ TEST_P(RdoStatement, StopsWaitingForALockWithAnError) {
 }
 
 TEST_P(RdoStatement, StopsAStatementThatTakesTooLong) {
-    const bool overDriver = dialect() == Dialect::sqlite && !GetParam().guarded;
+    const bool overDriver = dialect() == dialects::sqlite && !GetParam().guarded;
     if (overDriver) GTEST_SKIP() << "the driver has no such limit";
     sql::Timeouts timeouts;
     timeouts.statement = std::chrono::seconds(1);
     const auto hurried = connect(timeouts);
     std::string sleep =
-        dialect() == Dialect::postgresql ? "SELECT pg_sleep(20)" : "SELECT SLEEP(20)";
-    if (dialect() == Dialect::sqlite)
+        dialect() == dialects::postgresql ? "SELECT pg_sleep(20)" : "SELECT SLEEP(20)";
+    if (dialect() == dialects::sqlite)
         sleep =
             "WITH RECURSIVE n(i) AS (SELECT 1 UNION ALL SELECT i + 1 FROM n) SELECT COUNT(*) FROM "
             "n";

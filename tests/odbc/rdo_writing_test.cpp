@@ -2,6 +2,7 @@
 
 #include <functional>
 
+#include "../sql/dialects.h"
 #include "database.h"
 #include "runtime/text.h"
 
@@ -294,7 +295,7 @@ TEST_P(RdoWriting, PassesTextForNumbersOnAsTyped) {
     rows->Edit();
     rows->setValue("a", "12,5");
     // SQLite takes anything.
-    if (dialect() == Dialect::sqlite) return;
+    if (dialect() == dialects::sqlite) return;
     EXPECT_EQ(errorNumberOf([&] { rows->Update(); }), error_number::statementFailed);
 }
 
@@ -342,7 +343,7 @@ TEST_P(RdoWriting, HappensWhileRowsAreStillBeingRead) {
 }
 
 TEST_P(RdoWriting, WritesRowsThatHoldAZeroDate) {
-    if (dialect() != Dialect::mariadb) GTEST_SKIP() << "Only MariaDB stores dates of zeros";
+    if (dialect() != dialects::mariadb) GTEST_SKIP() << "Only MariaDB stores dates of zeros";
     create("Code INTEGER, Stamp DATETIME, Day DATE",
            {"1, '0000-00-00 00:00:00', '0000-00-00'", "2, '2024-05-00 00:00:00', '2024-00-00'"});
     for (const int code : {1, 2}) {

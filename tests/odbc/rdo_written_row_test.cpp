@@ -1,5 +1,6 @@
 #include <gtest/gtest.h>
 
+#include "../sql/dialects.h"
 #include "database.h"
 
 namespace catalogador {
@@ -139,7 +140,7 @@ TEST_P(RdoWrittenRow, RaisesForTheRowThatAnotherUserChangedAlsoWhereItIsIdentifi
 }
 
 TEST_P(RdoWrittenRow, SeesTheWriteOfAnotherUserAlsoWithinATransactionOfTheHost) {
-    if (dialect() == Dialect::sqlite) GTEST_SKIP() << "its transactions keep other users out";
+    if (dialect() == dialects::sqlite) GTEST_SKIP() << "its transactions keep other users out";
     create("Code INTEGER, Text VARCHAR(20)", {"1, 'first'"});
     connection->begin();
     const auto rows = connection->OpenResultset(select("Where Code = 1"));

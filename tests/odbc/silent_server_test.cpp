@@ -5,6 +5,7 @@
 
 #include <chrono>
 
+#include "../sql/dialects.h"
 #include "database.h"
 
 namespace catalogador {
@@ -41,10 +42,10 @@ class SilentServer {
 };
 
 TEST_P(RdoServer, StopsWaitingForAServerThatDoesNotAnswer) {
-    if (dialect() == Dialect::sqlite) GTEST_SKIP() << "a file answers at once";
+    if (dialect() == dialects::sqlite) GTEST_SKIP() << "a file answers at once";
     const SilentServer server;
     const std::string driver =
-        dialect() == Dialect::postgresql ? "{PostgreSQL Unicode}" : "{MariaDB Unicode}";
+        dialect() == dialects::postgresql ? "{PostgreSQL Unicode}" : "{MariaDB Unicode}";
     sql::Timeouts timeouts;
     timeouts.login = std::chrono::seconds(2);
     const auto start = std::chrono::steady_clock::now();

@@ -1,3 +1,4 @@
+#include "../sql/dialects.h"
 #include "database.h"
 #include "runtime/convert.h"
 #include "runtime/text.h"
@@ -64,7 +65,7 @@ TEST_P(Transactions, AreNotDoneAgainForOtherErrorsNorWithinAnother) {
 }
 
 TEST_P(Transactions, AreUndoneAsAWholeWhenTheCommitIsRefused) {
-    if (dialect() != Dialect::postgresql) GTEST_SKIP() << "checks nothing at the commit";
+    if (dialect() != dialects::postgresql) GTEST_SKIP() << "checks nothing at the commit";
     create("Code INTEGER UNIQUE DEFERRABLE INITIALLY DEFERRED", {"1"});
     try {
         inTransaction(session(), [&] { connection->run("INSERT INTO " + table + " VALUES (1)"); });

@@ -5,6 +5,7 @@
 #include <functional>
 #include <set>
 
+#include "../sql/dialects.h"
 #include "adapters/services/access.h"
 #include "adapters/services/utilities.h"
 #include "database.h"
@@ -115,13 +116,13 @@ TEST_P(ServicesOn, TellsWhyThereIsNoCode) {
 }
 
 TEST_P(ServicesOn, DrawsWhereEveryTransactionIsSerializable) {
-    if (dialect() == Dialect::sqlite) GTEST_SKIP() << "its transactions keep other users out";
+    if (dialect() == dialects::sqlite) GTEST_SKIP() << "its transactions keep other users out";
     constexpr int users = 4;
     constexpr int draws = 25;
     connection->run("INSERT INTO genNumeradores VALUES ('Países', 0)");
     create("Code INTEGER");
     inProcesses(users, [&](test::TestedConnection& own) {
-        own.run(dialect() == Dialect::postgresql
+        own.run(dialect() == dialects::postgresql
                     ? "SET SESSION CHARACTERISTICS AS TRANSACTION ISOLATION LEVEL SERIALIZABLE"
                     : "SET SESSION TRANSACTION ISOLATION LEVEL SERIALIZABLE");
         for (int i = 0; i < draws; ++i)
@@ -157,7 +158,7 @@ TEST_P(ServicesOn, GivesALaterTimeAtEveryQuestionAlsoInATransaction) {
 }
 
 TEST_P(ServicesOn, KeepsTheWholeStampInTheColumnOfTheSchema) {
-    create("Stamp " + std::string(dialect() == Dialect::mariadb ? "DATETIME(6)" : "TIMESTAMP"));
+    create("Stamp " + std::string(dialect() == dialects::mariadb ? "DATETIME(6)" : "TIMESTAMP"));
     auto rows = connection->OpenResultset(select());
     Date stamp = utilities.FechaServidor(*connection);
     stamp.nanosecond = 123'456'000;
@@ -168,7 +169,7 @@ TEST_P(ServicesOn, KeepsTheWholeStampInTheColumnOfTheSchema) {
 }
 
 TEST_P(ServicesOn, GivesStampsThatAColumnOfWholeSecondsTakesToo) {
-    create("Stamp " + std::string(dialect() == Dialect::postgresql ? "TIMESTAMP(0)" : "DATETIME"));
+    create("Stamp " + std::string(dialect() == dialects::postgresql ? "TIMESTAMP(0)" : "DATETIME"));
     auto rows = connection->OpenResultset(select());
     rows->AddNew();
     Date stamp = utilities.FechaServidor(*connection);

@@ -2,6 +2,7 @@
 
 #include <gtest/gtest.h>
 
+#include "dialects.h"
 #include "platform/rdo.h"
 
 namespace catalogador {
@@ -12,7 +13,7 @@ constexpr int codeReal = 7;
 
 TEST(ColumnKind, FollowsDeclaredTypeOfSqlite) {
     const auto kind = [](const char* name) {
-        return sql::columnKind(Dialect::sqlite, codeVarchar, name);
+        return dialects::sqlite.columnKind(codeVarchar, name);
     };
     EXPECT_EQ(kind("bit"), sql::ColumnKind::boolean);
     EXPECT_EQ(kind("BIT(1)"), sql::ColumnKind::boolean);
@@ -30,11 +31,11 @@ TEST(ColumnKind, FollowsDeclaredTypeOfSqlite) {
 }
 
 TEST(ColumnKind, FollowsCodeOfOtherDatabases) {
-    EXPECT_EQ(sql::columnKind(Dialect::mariadb, bitColumnType, "bit"), sql::ColumnKind::boolean);
-    EXPECT_EQ(sql::columnKind(Dialect::mariadb, codeReal, "float"), sql::ColumnKind::single);
-    EXPECT_EQ(sql::columnKind(Dialect::postgresql, codeVarchar, "bool"), sql::ColumnKind::boolean);
-    EXPECT_EQ(sql::columnKind(Dialect::postgresql, codeVarchar, "interval"), sql::ColumnKind::text);
-    EXPECT_EQ(sql::columnKind(Dialect::other, -11, "guid"), sql::ColumnKind::other);
+    EXPECT_EQ(dialects::mariadb.columnKind(bitColumnType, "bit"), sql::ColumnKind::boolean);
+    EXPECT_EQ(dialects::mariadb.columnKind(codeReal, "float"), sql::ColumnKind::single);
+    EXPECT_EQ(dialects::postgresql.columnKind(codeVarchar, "bool"), sql::ColumnKind::boolean);
+    EXPECT_EQ(dialects::postgresql.columnKind(codeVarchar, "interval"), sql::ColumnKind::text);
+    EXPECT_EQ(dialects::other.columnKind(-11, "guid"), sql::ColumnKind::other);
 }
 
 TEST(ColumnTypeCode, IsBitForEveryBoolean) {

@@ -4,6 +4,7 @@
 
 #include <functional>
 
+#include "dialects.h"
 #include "runtime/text.h"
 
 namespace catalogador {
@@ -11,13 +12,15 @@ namespace {
 
 using Kind = SqlText::Kind;
 
-constexpr Dialect known[] = {Dialect::sqlite, Dialect::postgresql, Dialect::mariadb};
-constexpr Dialect all[] = {Dialect::sqlite, Dialect::postgresql, Dialect::mariadb, Dialect::other};
+const std::reference_wrapper<const sql::Dialect> known[] = {dialects::sqlite, dialects::postgresql,
+                                                            dialects::mariadb};
+const std::reference_wrapper<const sql::Dialect> all[] = {dialects::sqlite, dialects::postgresql,
+                                                          dialects::mariadb, dialects::other};
 
-sql::SqlSyntax syntax(Dialect dialect) {
-    sql::SqlSyntax found = sql::syntaxOf(dialect);
+sql::SqlSyntax syntax(const sql::Dialect& dialect) {
+    sql::SqlSyntax found = dialect.facts().syntax;
     // As the sessions of the program are set.
-    if (dialect == Dialect::mariadb) {
+    if (dialect == dialects::mariadb) {
         found.backslashEscapes = false;
         found.serverVersion = 101106;
     }
@@ -42,30 +45,29 @@ SqlText bare(const std::string& data, Kind kind = Kind::value) {
     return "Select a From t Where b In (" + SqlText::ofData(data, kind) + ") And c = 1";
 }
 
-void expectPasses(const SqlText& sql, Dialect dialect) {
-    EXPECT_EQ(refused(sql, syntax(dialect)), "") << static_cast<int>(dialect) << ": " << sql.text();
+void expectPasses(const SqlText& sql, const sql::Dialect& dialect) {
+    EXPECT_EQ(refused(sql, syntax(dialect)), "") << dialect.facts().name << ": " << sql.text();
 }
-void expectRefused(const SqlText& sql, const std::string& data, Dialect dialect) {
-    EXPECT_EQ(refused(sql, syntax(dialect)), data)
-        << static_cast<int>(dialect) << ": " << sql.text();
+void expectRefused(const SqlText& sql, const std::string& data, const sql::Dialect& dialect) {
+    EXPECT_EQ(refused(sql, syntax(dialect)), data) << dialect.facts().name << ": " << sql.text();
 }
 
 TEST(DataCheck, LetsThroughWhatNobodyTyped) {
-    for (const Dialect dialect : all) {
+    for (const sql::Dialect& dialect : all) {
         expectPasses("Select 'a', \"b\" From t -- it's", dialect);
         expectPasses("Select 'never closed", dialect);
     }
 }
 
 TEST(DataCheck, LetsThroughTextsWithoutQuotes) {
-    for (const Dialect dialect : all)
+    for (const sql::Dialect& dialect : all)
         for (const char* data : {"Espa\u00f1a", "100 %", "a; Drop Table t", "-- x", "/* x */", "$$",
                                  "x # y", "", " ", "U&", "[a]"})
             expectPasses(inText(data), dialect);
 }
 
 TEST(DataCheck, RefusesAnApostropheEverywhere) {
-    for (const Dialect dialect : all)
+    for (const sql::Dialect& dialect : all)
         for (const std::string data :
              {"O'Brien", "'", "x'", "'x", "' Or 1=1 --", "' Or '1'='1", "'; Drop Table t; --",
               "x' --\r; Delete From canary --", "'||set_config('a','b','c')--", "x' 'y", "x'\n'y",
@@ -75,22 +77,22 @@ TEST(DataCheck, RefusesAnApostropheEverywhere) {
 }
 
 TEST(DataCheck, LetsDoubledApostrophesThrough) {
-    for (const Dialect dialect : all)
+    for (const sql::Dialect& dialect : all)
         for (const char* data : {"O''Brien", "''", "''''", "'' Or 1=1 --"})
             expectPasses(inText(data), dialect);
 }
 
 TEST(DataCheck, RefusesANulEverywhere) {
     const std::string data("a\0b", 3);
-    for (const Dialect dialect : all) {
+    for (const sql::Dialect& dialect : all) {
         expectRefused(inText(data), data, dialect);
         expectRefused(bare(std::string("1\0", 2)), std::string("1\0", 2), dialect);
     }
 }
 
 TEST(DataCheck, ReadsBackslashesAsTheDatabaseDoes) {
-    for (const Dialect dialect : known) expectPasses(inText("C:\\x\\"), dialect);
-    sql::SqlSyntax escaping = syntax(Dialect::mariadb);
+    for (const sql::Dialect& dialect : known) expectPasses(inText("C:\\x\\"), dialect);
+    sql::SqlSyntax escaping = syntax(dialects::mariadb);
     escaping.backslashEscapes = true;
     EXPECT_EQ(refused(inText("x\\"), escaping), "x\\");
     EXPECT_EQ(refused(inText("x\\\\"), escaping), "");
@@ -98,13 +100,13 @@ TEST(DataCheck, ReadsBackslashesAsTheDatabaseDoes) {
     const auto inEscapes = [](const std::string& data) {
         return "Select E'" + SqlText::ofData(data) + "', 'x'";
     };
-    expectRefused(inEscapes("x\\"), "x\\", Dialect::postgresql);
-    expectRefused(inEscapes("\\'', pg_sleep(9) --"), "\\'', pg_sleep(9) --", Dialect::postgresql);
-    expectPasses(inEscapes("\\'"), Dialect::postgresql);
+    expectRefused(inEscapes("x\\"), "x\\", dialects::postgresql);
+    expectRefused(inEscapes("\\'', pg_sleep(9) --"), "\\'', pg_sleep(9) --", dialects::postgresql);
+    expectPasses(inEscapes("\\'"), dialects::postgresql);
 }
 
 TEST(DataCheck, RefusesATextThatSwallowsTheNext) {
-    for (const Dialect dialect : all) {
+    for (const sql::Dialect& dialect : all) {
         const SqlText sql = "Select a From t Where b = '" + SqlText::ofData("x'") + "' And c = '" +
                             SqlText::ofData(" Or 1=1 --") + "'";
         expectRefused(sql, "x'", dialect);
@@ -115,14 +117,14 @@ TEST(DataCheck, RefusesATextThatSwallowsTheNext) {
 }
 
 TEST(DataCheck, LetsNumbersThroughOutsideOfQuotes) {
-    for (const Dialect dialect : all)
+    for (const sql::Dialect& dialect : all)
         for (const char* data : {"0", "12", "-5", "+5", "1.5", ".5", "5.", "-1e5", "1.5E-10",
                                  "1e+300", "- 5", "999999999999999999999999"})
             expectPasses(bare(data), dialect);
 }
 
 TEST(DataCheck, RefusesAnythingElseOutsideOfQuotes) {
-    for (const Dialect dialect : all)
+    for (const sql::Dialect& dialect : all)
         for (const std::string data : {"x",
                                        "1 Or 1=1",
                                        "1)--",
@@ -150,7 +152,7 @@ TEST(DataCheck, RefusesAnythingElseOutsideOfQuotes) {
 }
 
 TEST(DataCheck, LetsAListOfCodesThroughOnlyWhereItIsOne) {
-    for (const Dialect dialect : all) {
+    for (const sql::Dialect& dialect : all) {
         for (const char* data : {"1", "-1", "1,2,3", "1, 2 ,-3", " 7,8 "})
             expectPasses(bare(data, Kind::codes), dialect);
         for (const std::string data : {"1,", ",1", "1,,2", "1.5", "1e5", "1;2", "1,x", "1,2)--"})
@@ -159,20 +161,20 @@ TEST(DataCheck, LetsAListOfCodesThroughOnlyWhereItIsOne) {
 }
 
 TEST(DataCheck, RefusesANumberThatTurnsTheSignBeforeItIntoSomethingElse) {
-    for (const Dialect dialect : known)
+    for (const sql::Dialect& dialect : known)
         expectRefused("Select 1 -" + SqlText::ofData("-5"), "-5", dialect);
-    expectPasses("Select 1 - " + SqlText::ofData("-5"), Dialect::mariadb);
-    expectRefused("Select 1 %" + SqlText::ofData("-5"), "-5", Dialect::postgresql);
-    expectPasses("Select 1 =" + SqlText::ofData("-5"), Dialect::postgresql);
+    expectPasses("Select 1 - " + SqlText::ofData("-5"), dialects::mariadb);
+    expectRefused("Select 1 %" + SqlText::ofData("-5"), "-5", dialects::postgresql);
+    expectPasses("Select 1 =" + SqlText::ofData("-5"), dialects::postgresql);
 }
 
 TEST(DataCheck, RefusesDataBehindDashesThatADriverTakesForAComment) {
     expectRefused("Select 1 --'1', '" + SqlText::ofData("\n;Select 2") + "'", "\n;Select 2",
-                  Dialect::mariadb);
+                  dialects::mariadb);
 }
 
 TEST(DataCheck, LetsDigitsBePartOfANameOrAComment) {
-    for (const Dialect dialect : all) {
+    for (const sql::Dialect& dialect : all) {
         expectPasses("Select a From t_" + SqlText::ofData("17") + " /* of company " +
                          SqlText::ofData("17") + " */",
                      dialect);
@@ -180,7 +182,7 @@ TEST(DataCheck, LetsDigitsBePartOfANameOrAComment) {
         expectRefused("Select a /* " + SqlText::ofData("*/, b /*") + " */", "*/, b /*", dialect);
         expectRefused("Select a -- " + SqlText::ofData("x"), "x", dialect);
         expectRefused("Select \"" + SqlText::ofData("name") + "\"", "name",
-                      dialect == Dialect::mariadb ? Dialect::sqlite : dialect);
+                      dialect == dialects::mariadb ? dialects::sqlite : dialect);
     }
 }
 
@@ -188,15 +190,15 @@ TEST(DataCheck, FollowsDollarQuotes) {
     const auto quoted = [](const std::string& data) {
         return "Select $\u00e1$" + SqlText::ofData(data) + "$\u00e1$, 1";
     };
-    expectPasses(quoted("it's $$ fine"), Dialect::postgresql);
+    expectPasses(quoted("it's $$ fine"), dialects::postgresql);
     expectRefused(quoted("x$\u00e1$, pg_sleep(9), $\u00e1$"), "x$\u00e1$, pg_sleep(9), $\u00e1$",
-                  Dialect::postgresql);
+                  dialects::postgresql);
 }
 
 TEST(DataCheck, KeepsToVersionCommentsOfAKnownServerOnly) {
     const SqlText sql = "Select /*!50000 1 */, '" + SqlText::ofData("x") + "'";
-    expectPasses(sql, Dialect::mariadb);
-    sql::SqlSyntax unknown = syntax(Dialect::mariadb);
+    expectPasses(sql, dialects::mariadb);
+    sql::SqlSyntax unknown = syntax(dialects::mariadb);
     unknown.serverVersion = 0;
     EXPECT_EQ(refused(sql, unknown), "x");
 }
@@ -206,8 +208,8 @@ TEST(DataCheck, IsStrictWhereTheDatabaseIsNotKnown) {
                                    "a\x7f"
                                    "b",
                                    "\u02bc; Drop", "\uff07"})
-        expectRefused(inText(data), data, Dialect::other);
-    expectPasses(inText("\u2019n l\u00e4ngerer Text \u2013 100 %"), Dialect::other);
+        expectRefused(inText(data), data, dialects::other);
+    expectPasses(inText("\u2019n l\u00e4ngerer Text \u2013 100 %"), dialects::other);
 }
 
 }  // namespace

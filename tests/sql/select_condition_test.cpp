@@ -2,11 +2,13 @@
 
 #include <gtest/gtest.h>
 
+#include "dialects.h"
+
 namespace catalogador {
 namespace {
 
 std::string condition(std::string_view sql) {
-    return sql::selectCondition(sql, sql::syntaxOf(Dialect::sqlite));
+    return sql::selectCondition(sql, dialects::sqlite.facts().syntax);
 }
 
 TEST(SelectCondition, IsWhatStandsBetweenWhereAndTheClauseAfterIt) {

@@ -2,19 +2,22 @@
 
 #include <gtest/gtest.h>
 
+#include <functional>
+
+#include "dialects.h"
 #include "runtime/error.h"
 
 namespace catalogador {
 namespace {
 
-constexpr Dialect allDialects[] = {Dialect::sqlite, Dialect::postgresql, Dialect::mariadb,
-                                   Dialect::other};
+const std::reference_wrapper<const sql::Dialect> allDialects[] = {
+    dialects::sqlite, dialects::postgresql, dialects::mariadb, dialects::other};
 
-std::string single(std::string_view sql, Dialect dialect = Dialect::sqlite) {
-    return sql::singleStatement(sql, sql::syntaxOf(dialect));
+std::string single(std::string_view sql, const sql::Dialect& dialect = dialects::sqlite) {
+    return sql::singleStatement(sql, dialect.facts().syntax);
 }
 
-bool refused(std::string_view sql, Dialect dialect) {
+bool refused(std::string_view sql, const sql::Dialect& dialect) {
     try {
         single(sql, dialect);
     } catch (const RuntimeError& error) {
@@ -23,17 +26,18 @@ bool refused(std::string_view sql, Dialect dialect) {
     return false;
 }
 
-std::optional<std::string> table(std::string_view sql, Dialect dialect = Dialect::sqlite) {
-    return sql::writableTable(sql, sql::syntaxOf(dialect));
+std::optional<std::string> table(std::string_view sql,
+                                 const sql::Dialect& dialect = dialects::sqlite) {
+    return sql::writableTable(sql, dialect.facts().syntax);
 }
 
 TEST(SingleStatement, KeepsTextWithoutSeparatorAsItIs) {
-    for (const Dialect dialect : allDialects)
+    for (const sql::Dialect& dialect : allDialects)
         EXPECT_EQ(single("  Select  1 ", dialect), "  Select  1 ");
 }
 
 TEST(SingleStatement, DropsSeparatorAndWhatIsBlankBehindIt) {
-    for (const Dialect dialect : allDialects) {
+    for (const sql::Dialect& dialect : allDialects) {
         EXPECT_EQ(single("Select 1;", dialect), "Select 1");
         EXPECT_EQ(single("Select 1 ; \t\n -- the end", dialect), "Select 1 ");
         EXPECT_EQ(single("Select 1; /* a; b */ ", dialect), "Select 1");
@@ -41,7 +45,7 @@ TEST(SingleStatement, DropsSeparatorAndWhatIsBlankBehindIt) {
 }
 
 TEST(SingleStatement, RefusesSecondStatement) {
-    for (const Dialect dialect : allDialects) {
+    for (const sql::Dialect& dialect : allDialects) {
         EXPECT_TRUE(refused("Select 1; Drop Table t", dialect));
         EXPECT_TRUE(refused("Select 1;;", dialect));
         EXPECT_TRUE(refused("Select 'a'';'; Drop Table t", dialect));
@@ -51,7 +55,7 @@ TEST(SingleStatement, RefusesSecondStatement) {
 }
 
 TEST(SingleStatement, RefusesTextWithoutStatement) {
-    for (const Dialect dialect : allDialects) {
+    for (const sql::Dialect& dialect : allDialects) {
         EXPECT_TRUE(refused("", dialect));
         EXPECT_TRUE(refused(" -- nothing\n", dialect));
         EXPECT_TRUE(refused("; Drop Table t", dialect));
@@ -59,47 +63,47 @@ TEST(SingleStatement, RefusesTextWithoutStatement) {
 }
 
 TEST(SingleStatement, SeesNoSeparatorInsideOfQuotesAndComments) {
-    for (const Dialect dialect : allDialects) {
+    for (const sql::Dialect& dialect : allDialects) {
         EXPECT_FALSE(refused("Select 'a;b', 'it''s; fine'", dialect));
         EXPECT_FALSE(refused("Select \"a;b\" From t", dialect));
         EXPECT_FALSE(refused("Select 1 -- don't; stop\n, 2", dialect));
         EXPECT_FALSE(refused("Select /* don't; stop */ 1", dialect));
     }
-    EXPECT_FALSE(refused("Select [a;b], `c;d` From t", Dialect::sqlite));
-    EXPECT_FALSE(refused("Select `a;b` From t", Dialect::mariadb));
-    EXPECT_FALSE(refused("Select $$a;b$$, $x$ $$;$x$", Dialect::postgresql));
+    EXPECT_FALSE(refused("Select [a;b], `c;d` From t", dialects::sqlite));
+    EXPECT_FALSE(refused("Select `a;b` From t", dialects::mariadb));
+    EXPECT_FALSE(refused("Select $$a;b$$, $x$ $$;$x$", dialects::postgresql));
 }
 
 TEST(SingleStatement, ReadsBackslashesAsTheDatabaseDoes) {
-    EXPECT_TRUE(refused(R"(Select '\'; Drop Table t; --')", Dialect::sqlite));
-    EXPECT_TRUE(refused(R"(Select '\'; Drop Table t; --')", Dialect::postgresql));
-    EXPECT_FALSE(refused(R"(Select '\'; Drop Table t; --')", Dialect::mariadb));
-    EXPECT_TRUE(refused(R"(Select '\\'; Drop Table t; --')", Dialect::mariadb));
-    EXPECT_FALSE(refused(R"(Select "\"; b")", Dialect::mariadb));
-    EXPECT_FALSE(refused(R"(Select E'\'; b')", Dialect::postgresql));
-    EXPECT_TRUE(refused(R"(Select E'\\'; Drop Table t)", Dialect::postgresql));
-    EXPECT_TRUE(refused(R"(Select nameE'\'; Drop Table t)", Dialect::postgresql));
+    EXPECT_TRUE(refused(R"(Select '\'; Drop Table t; --')", dialects::sqlite));
+    EXPECT_TRUE(refused(R"(Select '\'; Drop Table t; --')", dialects::postgresql));
+    EXPECT_FALSE(refused(R"(Select '\'; Drop Table t; --')", dialects::mariadb));
+    EXPECT_TRUE(refused(R"(Select '\\'; Drop Table t; --')", dialects::mariadb));
+    EXPECT_FALSE(refused(R"(Select "\"; b")", dialects::mariadb));
+    EXPECT_FALSE(refused(R"(Select E'\'; b')", dialects::postgresql));
+    EXPECT_TRUE(refused(R"(Select E'\\'; Drop Table t)", dialects::postgresql));
+    EXPECT_TRUE(refused(R"(Select nameE'\'; Drop Table t)", dialects::postgresql));
 }
 
 TEST(SingleStatement, ReadsCommentsAsTheDatabaseDoes) {
-    EXPECT_FALSE(refused("Select /* /* ; */ ; */ 1", Dialect::postgresql));
-    EXPECT_TRUE(refused("Select /* /* ; */ ; */ 1", Dialect::sqlite));
-    EXPECT_FALSE(refused("Select 1 # ; x", Dialect::mariadb));
-    EXPECT_TRUE(refused("Select 1 # ; x", Dialect::postgresql));
-    EXPECT_TRUE(refused("Select 1--1; Drop Table t", Dialect::mariadb));
-    EXPECT_FALSE(refused("Select 1--1; Drop Table t", Dialect::sqlite));
-    EXPECT_TRUE(refused("Select 1 /*! ; Drop Table t */", Dialect::mariadb));
-    EXPECT_TRUE(refused("Select 1 /*M!100100 ; Drop Table t */", Dialect::mariadb));
+    EXPECT_FALSE(refused("Select /* /* ; */ ; */ 1", dialects::postgresql));
+    EXPECT_TRUE(refused("Select /* /* ; */ ; */ 1", dialects::sqlite));
+    EXPECT_FALSE(refused("Select 1 # ; x", dialects::mariadb));
+    EXPECT_TRUE(refused("Select 1 # ; x", dialects::postgresql));
+    EXPECT_TRUE(refused("Select 1--1; Drop Table t", dialects::mariadb));
+    EXPECT_FALSE(refused("Select 1--1; Drop Table t", dialects::sqlite));
+    EXPECT_TRUE(refused("Select 1 /*! ; Drop Table t */", dialects::mariadb));
+    EXPECT_TRUE(refused("Select 1 /*M!100100 ; Drop Table t */", dialects::mariadb));
 }
 
 TEST(SingleStatement, TakesDollarsInNamesAndParametersForNoQuotes) {
-    EXPECT_TRUE(refused("Select a$b$; Drop Table t -- $b$", Dialect::postgresql));
-    EXPECT_TRUE(refused("Select $1$; Drop Table t", Dialect::postgresql));
+    EXPECT_TRUE(refused("Select a$b$; Drop Table t -- $b$", dialects::postgresql));
+    EXPECT_TRUE(refused("Select $1$; Drop Table t", dialects::postgresql));
 }
 
 TEST(WithoutComments, PutsBlankInPlaceOfEachComment) {
     const auto strip = [](std::string_view sql) {
-        return sql::withoutComments(sql, sql::syntaxOf(Dialect::sqlite));
+        return sql::withoutComments(sql, dialects::sqlite.facts().syntax);
     };
     EXPECT_EQ(strip("Select/* ' */1 -- it's ?\n, '--'"), "Select 1  \n, '--'");
     EXPECT_EQ(strip("Select '/*'"), "Select '/*'");
@@ -112,8 +116,8 @@ TEST(WritableTable, FindsTheOneTableAsSpelled) {
     EXPECT_EQ(table("SELECT * FROM \"odd name\" x WHERE x.a = 1"), "\"odd name\"");
     EXPECT_EQ(table("Select * From main.[my table] As m;"), "main.[my table]");
     EXPECT_EQ(table("Select * /* From u */ From t -- , v\n Limit 1"), "t");
-    EXPECT_EQ(table("Select * From t For Update", Dialect::postgresql), "t");
-    EXPECT_EQ(table("Select 'From u' As a From `t`", Dialect::mariadb), "`t`");
+    EXPECT_EQ(table("Select * From t For Update", dialects::postgresql), "t");
+    EXPECT_EQ(table("Select 'From u' As a From `t`", dialects::mariadb), "`t`");
     EXPECT_EQ(table("Select a, (Select Count(*) From u), Max(a, b), min, Count(*) Over (), "
                     "'Sum(a)' From t Where Exists (Select Sum(b) From u)"),
               "t");
@@ -146,7 +150,7 @@ TEST(WritableTable, IsNoneWhenRowsAreNotThoseOfOneTable) {
 TEST(SelectItems, FindsColumnsBehindAliases) {
     const auto columns = [](std::string_view sql) {
         std::string all;
-        for (const sql::SelectItem& item : sql::selectItems(sql, sql::syntaxOf(Dialect::sqlite)))
+        for (const sql::SelectItem& item : sql::selectItems(sql, dialects::sqlite.facts().syntax))
             all += (item.isStar ? "*" : item.aliasedColumn) + "|";
         return all;
     };

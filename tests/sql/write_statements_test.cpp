@@ -2,6 +2,7 @@
 
 #include <gtest/gtest.h>
 
+#include "dialects.h"
 #include "runtime/error.h"
 
 namespace catalogador {
@@ -35,12 +36,12 @@ std::optional<std::string> read(const char* text) {
 const std::optional<std::string> readNull;
 
 TEST(QuotedName, DoublesQuotesOfTheDatabase) {
-    EXPECT_EQ(sql::quotedName(Dialect::sqlite, "a\"b"), "\"a\"\"b\"");
-    EXPECT_EQ(sql::quotedName(Dialect::mariadb, "a`b"), "`a``b`");
+    EXPECT_EQ(dialects::sqlite.quotedName("a\"b"), "\"a\"\"b\"");
+    EXPECT_EQ(dialects::mariadb.quotedName("a`b"), "`a``b`");
 }
 
 TEST(InsertStatement, NamesColumnsAndWritesNullIntoTheText) {
-    const auto statement = sql::insertStatement(Dialect::sqlite, "t",
+    const auto statement = sql::insertStatement(dialects::sqlite, "t",
                                                 {{&code, 7}, {&name, Null{}}, {&amount, "12,5"}});
     EXPECT_EQ(statement.text, "INSERT INTO t (\"Code\", \"Name\", \"Amount\") VALUES (?, NULL, ?)");
     const std::vector<sql::Parameter> expected{{std::int64_t{7}, sqlBigint}, {"12,5", sqlVarchar}};
@@ -48,13 +49,13 @@ TEST(InsertStatement, NamesColumnsAndWritesNullIntoTheText) {
 }
 
 TEST(InsertStatement, OfNoColumnsGivesRowOfDefaults) {
-    EXPECT_EQ(sql::insertStatement(Dialect::sqlite, "t", {}).text, "INSERT INTO t DEFAULT VALUES");
-    EXPECT_EQ(sql::insertStatement(Dialect::mariadb, "t", {}).text, "INSERT INTO t () VALUES ()");
+    EXPECT_EQ(sql::insertStatement(dialects::sqlite, "t", {}).text, "INSERT INTO t DEFAULT VALUES");
+    EXPECT_EQ(sql::insertStatement(dialects::mariadb, "t", {}).text, "INSERT INTO t () VALUES ()");
 }
 
 TEST(UpdateStatement, ExpectsEveryValueRead) {
     const auto statement = sql::updateStatement(
-        Dialect::postgresql, "t", {{&name, "new"}},
+        dialects::postgresql, "t", {{&name, "new"}},
         {{&code, read("7")}, {&name, readNull}, {&amount, read("1.50")}, {&flag, read("1")}});
     EXPECT_EQ(statement.text,
               "UPDATE t SET \"Name\" = ? WHERE \"Code\" = ? AND \"Name\" IS NULL AND "
@@ -66,18 +67,18 @@ TEST(UpdateStatement, ExpectsEveryValueRead) {
 
 TEST(UpdateStatement, ComparesTextsToTheLetter) {
     const std::vector<sql::ExpectedValue> expected{{&name, read("Ana")}};
-    const auto where = [&](Dialect dialect) {
+    const auto where = [&](const sql::Dialect& dialect) {
         return sql::updateStatement(dialect, "t", {{&name, "x"}}, expected).text;
     };
-    EXPECT_EQ(where(Dialect::mariadb),
+    EXPECT_EQ(where(dialects::mariadb),
               "UPDATE t SET `Name` = ? WHERE CONVERT(`Name` USING utf8mb4) COLLATE "
               "utf8mb4_nopad_bin = ?");
-    EXPECT_EQ(where(Dialect::sqlite),
+    EXPECT_EQ(where(dialects::sqlite),
               "UPDATE t SET \"Name\" = ? WHERE CAST(\"Name\" AS TEXT) = ? COLLATE BINARY");
 }
 
 TEST(UpdateStatement, AllowsForTheRoundingOfRealNumbers) {
-    const auto statement = sql::updateStatement(Dialect::postgresql, "t", {{&code, 1}},
+    const auto statement = sql::updateStatement(dialects::postgresql, "t", {{&code, 1}},
                                                 {{&rate, read("0.30000000000000004")}});
     EXPECT_EQ(statement.text, "UPDATE t SET \"Code\" = ? WHERE \"Rate\" BETWEEN ? AND ?");
     const double low = std::get<double>(statement.parameters.at(1).value);
@@ -89,14 +90,14 @@ TEST(UpdateStatement, AllowsForTheRoundingOfRealNumbers) {
 }
 
 TEST(UpdateStatement, ExpectsWhatWasWrittenSinceTheRowWasRead) {
-    const auto statement = sql::updateStatement(Dialect::sqlite, "t", {{&code, 1}},
+    const auto statement = sql::updateStatement(dialects::sqlite, "t", {{&code, 1}},
                                                 {{&name, Variant("x")}, {&stamp, Variant(Null{})}});
     EXPECT_EQ(statement.text,
               "UPDATE t SET \"Code\" = ? WHERE \"Name\" = ? COLLATE BINARY AND \"Stamp\" IS NULL");
 }
 
 TEST(DeleteStatement, LeavesOutWhatCannotBeCompared) {
-    const auto statement = sql::deleteStatement(Dialect::postgresql, "t",
+    const auto statement = sql::deleteStatement(dialects::postgresql, "t",
                                                 {{&computed, read("3")},
                                                  {&picture, read("00")},
                                                  {&document, read("{}")},
@@ -105,13 +106,13 @@ TEST(DeleteStatement, LeavesOutWhatCannotBeCompared) {
 }
 
 TEST(DeleteStatement, IsRefusedWhenNothingIdentifiesTheRow) {
-    EXPECT_THROW(sql::deleteStatement(Dialect::sqlite, "t", {{&computed, read("3")}}),
+    EXPECT_THROW(sql::deleteStatement(dialects::sqlite, "t", {{&computed, read("3")}}),
                  RuntimeError);
 }
 
 TEST(ParameterFor, ConvertsToWhatTheColumnHolds) {
     const auto value = [](const sql::ColumnInfo& column, const Variant& variant) {
-        return sql::parameterFor(Dialect::postgresql, column, variant);
+        return sql::parameterFor(dialects::postgresql, column, variant);
     };
     EXPECT_EQ(value(flag, 1), (sql::Parameter{true, sqlBit}));
     EXPECT_EQ(value(flag, false), (sql::Parameter{false, sqlBit}));

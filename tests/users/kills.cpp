@@ -7,6 +7,7 @@
 #include <random>
 #include <thread>
 
+#include "../sql/dialects.h"
 #include "desk.h"
 #include "modules/modIds.h"
 #include "own_database.h"
@@ -99,7 +100,7 @@ bool rulesWereKept(rdoConnection& database) {
 
 bool fileIsSound(const std::string& connection) {
     const auto database = connectTo(connection, true);
-    if (database->session()->dialect() != Dialect::sqlite) return true;
+    if (database->session()->dialect() != dialects::sqlite) return true;
     const auto rows = database->session()->query("PRAGMA integrity_check");
     return textOf(rows.at(0).at(0)) == "ok" || complain(textOf(rows.at(0).at(0)));
 }

@@ -8,6 +8,7 @@
 #include <stdexcept>
 #include <vector>
 
+#include "../sql/dialects.h"
 #include "adapters/odbc/odbc_connection.h"
 #include "adapters/schema/schema.h"
 #include "adapters/sqlite/connection.h"
@@ -89,18 +90,14 @@ std::unique_ptr<rdoConnection> connectTo(const std::string& connectionString, bo
 
 int sessionsIn(rdoConnection& connection) {
     std::string sql;
-    switch (connection.session()->dialect()) {
-        case Dialect::postgresql:
-            sql =
-                "Select Count(*) From pg_stat_activity Where datname = current_database() And "
-                "backend_type = 'client backend'";
-            break;
-        case Dialect::mariadb:
-            sql = "Select Count(*) From information_schema.processlist Where db = Database()";
-            break;
-        default:
-            return 0;
-    }
+    const rdoDialect& dialect = connection.session()->dialect();
+    if (dialect == dialects::postgresql)
+        sql =
+            "Select Count(*) From pg_stat_activity Where datname = current_database() And "
+            "backend_type = 'client backend'";
+    if (dialect == dialects::mariadb)
+        sql = "Select Count(*) From information_schema.processlist Where db = Database()";
+    if (sql.empty()) return 0;
     return toLong(connection.session()->query(sql).at(0).at(0), Regional{});
 }
 
@@ -108,8 +105,7 @@ std::unique_ptr<OwnDatabase> OwnDatabase::create(const std::string& kind) {
     std::unique_ptr<OwnDatabase> database(new OwnDatabase());
     if (!database->prepare(kind)) return nullptr;
     const std::string dialect = kind == "galera" ? "mariadb" : kind.substr(0, kind.find('-'));
-    std::vector<std::string> statements =
-        schema::schemaStatementList(schema::dialectFromName(dialect).value());
+    std::vector<std::string> statements = schema::schemaStatementList(*sql::dialectNamed(dialect));
     for (std::string& sql : contents()) statements.push_back(std::move(sql));
     run(database->connectionStrings().front(), statements);
     return database;

@@ -43,21 +43,20 @@ struct Expected {
     std::set<Contents> fitting;
 };
 
-Expected expectedOf(schema::ColumnType type, Dialect dialect) {
+Expected expectedOf(sql::ColumnType type, const sql::Dialect& dialect) {
     switch (type) {
-        case schema::ColumnType::smallInteger:
-        case schema::ColumnType::integer:
+        case sql::ColumnType::smallInteger:
+        case sql::ColumnType::integer:
             return {"a whole number", {Contents::integer, Contents::number}};
-        case schema::ColumnType::single:
+        case sql::ColumnType::single:
             return {"a number", {Contents::integer, Contents::number}};
-        case schema::ColumnType::number:
-            // SQLite keeps decimals in a column of whole numbers too.
-            if (dialect == Dialect::sqlite)
+        case sql::ColumnType::number:
+            if (dialect.facts().keepsDecimalsInIntegers)
                 return {"a number", {Contents::integer, Contents::number}};
             return {"a number with decimals", {Contents::number}};
-        case schema::ColumnType::yesNo:
+        case sql::ColumnType::yesNo:
             return {"yes or no", {Contents::yesNo}};
-        case schema::ColumnType::dateTime:
+        case sql::ColumnType::dateTime:
             return {"date and time", {Contents::dateTime}};
         default:
             return {"a text", {Contents::text}};
@@ -79,7 +78,7 @@ void checkColumn(const Context& context, const schema::TableDefinition& table,
         return;
     }
     const bool onlyDays = equalText(found->type, "date");
-    if (column.type == schema::ColumnType::dateTime && (found->fraction == 0 || onlyDays))
+    if (column.type == sql::ColumnType::dateTime && (found->fraction == 0 || onlyDays))
         context.findings.add(kind::stampWholeSeconds, place, found->type);
 }
 

@@ -28,7 +28,7 @@ Database::Database(rdoConnection& connection)
     : connection_(connection),
       session_(sessionOf(connection)),
       planner_(plannerOf(session_)),
-      syntax_(sql::syntaxOf(session_.dialect())) {}
+      dialect_(sql::dialectOf(session_)) {}
 
 void Database::read(const std::string& sql, const std::function<void(rdoResultset&)>& visit) const {
     const rdoReading reading(session_, planner_);

@@ -3,7 +3,7 @@
 #include <string>
 #include <vector>
 
-#include "adapters/sql/statement_text.h"
+#include "adapters/sql/dialect.h"
 #include "platform/rdo_plan.h"
 
 namespace catalogador::checks {
@@ -17,8 +17,8 @@ class Database {
     /// Raises RuntimeError for a connection that has no transactions or prepares nothing.
     explicit Database(rdoConnection& connection);
 
-    [[nodiscard]] Dialect dialect() const { return session_.dialect(); }
-    [[nodiscard]] const sql::SqlSyntax& syntax() const { return syntax_; }
+    [[nodiscard]] const sql::Dialect& dialect() const { return dialect_; }
+    [[nodiscard]] const sql::SqlSyntax& syntax() const { return dialect_.facts().syntax; }
 
     /// Has the statement read by the database and not run. Raises RuntimeError with the database's
     /// words.
@@ -31,7 +31,7 @@ class Database {
     rdoConnection& connection_;
     rdoSession& session_;
     rdoPlanner& planner_;
-    sql::SqlSyntax syntax_;
+    const sql::Dialect& dialect_;
 };
 
 }  // namespace catalogador::checks

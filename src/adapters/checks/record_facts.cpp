@@ -40,8 +40,7 @@ void readCodes(const Database& database, std::map<std::int64_t, RecordFacts>& fa
 
 void readLengths(const Database& database, const std::string& column, std::size_t index,
                  std::map<std::int64_t, RecordFacts>& facts) {
-    const std::string length =
-        database.dialect() == Dialect::sqlite ? "Length(" : "Character_Length(";
+    const std::string length = std::string(database.dialect().facts().lengthFunction) + "(";
     for (const auto& row : database.rows("Select CTeIDTipoVista, Max(" + length + column +
                                          ")) From genCodigoTexto Group By CTeIDTipoVista"))
         facts[numberOf(row[0])].longest.at(index) = numberOf(row[1]);

@@ -8,43 +8,6 @@ namespace catalogador::checks {
 
 namespace {
 
-/// Statements that list what there is: (table, column, type, length, digits of seconds), and
-/// (table, key, column) of every unique key.
-struct Catalogue {
-    const char* columns = nullptr;
-    const char* keys = nullptr;
-};
-
-Catalogue catalogueOf(Dialect dialect) {
-    switch (dialect) {
-        case Dialect::sqlite:
-            return {
-                "Select m.name, p.name, p.type, Null, Null From sqlite_master m "
-                "Join pragma_table_info(m.name) p Where m.type In ('table', 'view')",
-                "Select m.name, l.name, i.name From sqlite_master m "
-                "Join pragma_index_list(m.name) l Join pragma_index_info(l.name) i "
-                "Where m.type = 'table' And l.\"unique\" = 1 And l.partial = 0 "
-                "Union All Select m.name, '', p.name From sqlite_master m "
-                "Join pragma_table_info(m.name) p Where m.type = 'table' And p.pk > 0"};
-        case Dialect::postgresql:
-            return {
-                "Select table_name, column_name, data_type, character_maximum_length, "
-                "datetime_precision From information_schema.columns "
-                "Where table_schema = Any (current_schemas(false))",
-                "Select t.relname, Cast(i.indexrelid As Varchar(20)), a.attname "
-                "From pg_index i Join pg_class t On t.oid = i.indrelid "
-                "Join pg_attribute a On a.attrelid = t.oid And a.attnum = Any (i.indkey) "
-                "Where i.indisunique And i.indpred Is Null And pg_table_is_visible(t.oid)"};
-        default:
-            return {
-                "Select table_name, column_name, data_type, character_maximum_length, "
-                "datetime_precision From information_schema.columns "
-                "Where table_schema = Database()",
-                "Select table_name, index_name, column_name From information_schema.statistics "
-                "Where table_schema = Database() And non_unique = 0"};
-    }
-}
-
 std::string textOf(const Variant& value) {
     return toTextOrEmpty(value, Regional{});
 }
@@ -77,11 +40,11 @@ const ColumnFacts* TableFacts::column(std::string_view name) const {
 
 SchemaFacts SchemaFacts::of(const Database& database) {
     SchemaFacts facts;
-    const Catalogue catalogue = catalogueOf(database.dialect());
-    for (const auto& row : database.rows(catalogue.columns))
+    const sql::DialectFacts& dialect = database.dialect().facts();
+    for (const auto& row : database.rows(std::string(dialect.columnsQuery)))
         facts.tables_[foldCase(textOf(row[0]))].columns[foldCase(textOf(row[1]))] = factsOf(row);
     std::map<std::pair<std::string, std::string>, std::set<std::string>> keys;
-    for (const auto& row : database.rows(catalogue.keys))
+    for (const auto& row : database.rows(std::string(dialect.keysQuery)))
         keys[{foldCase(textOf(row[0])), textOf(row[1])}].insert(foldCase(textOf(row[2])));
     for (auto& [place, columns] : keys) {
         const auto table = facts.tables_.find(place.first);

@@ -69,7 +69,7 @@ std::vector<TableRows> demoTables(const DemoOptions& options) {
 
 void writeDemo(rdoConnection& connection, const DemoOptions& options) {
     const std::vector<TableRows> tables = demoTables(options);
-    for (const std::string& statement : schema::schemaStatementList(options.dialect)) {
+    for (const std::string& statement : schema::schemaStatementList(*options.dialect)) {
         connection.Execute(statement);
     }
     writeRows(connection, tables);

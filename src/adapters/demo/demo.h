@@ -14,7 +14,8 @@ struct DemoOptions {
     std::string translationsFolder = "/usr/share/locale";
     /// The person who gets user id 1 and every right; nobody does when it is empty.
     std::string userName = {};
-    schema::SchemaDialect dialect = schema::SchemaDialect::sqlite;
+    /// Of the database that is filled; must be one of sql::dialects().
+    const sql::Dialect* dialect = sql::dialectNamed("sqlite");
 };
 
 /// Everything that a demonstration database holds. Raises RuntimeError when the code lists are not

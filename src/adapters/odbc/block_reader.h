@@ -4,8 +4,8 @@
 #include <vector>
 
 #include "adapters/odbc/odbc_handle.h"
+#include "adapters/sql/dialect.h"
 #include "adapters/sql/row_reader.h"
-#include "platform/dialect.h"
 
 namespace catalogador::odbc {
 
@@ -14,7 +14,7 @@ namespace catalogador::odbc {
 /// column decides only how wide its buffer is at first.
 class BlockReader : public sql::RowReader {
   public:
-    BlockReader(const OdbcHandle& statement, Dialect dialect,
+    BlockReader(const OdbcHandle& statement, const sql::Dialect& dialect,
                 const std::vector<sql::ColumnInfo>& columns);
     ~BlockReader() override;
     BlockReader(const BlockReader&) = delete;

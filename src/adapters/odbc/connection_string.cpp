@@ -6,6 +6,7 @@
 #include <string_view>
 #include <vector>
 
+#include "adapters/sql/dialect.h"
 #include "runtime/convert.h"
 #include "runtime/error.h"
 #include "runtime/text.h"
@@ -14,17 +15,18 @@ namespace catalogador::odbc {
 
 namespace {
 
-constexpr std::chrono::seconds timeForTheNetwork{5};
+bool isDriverOf(const sql::Dialect& dialect, std::string_view driver) {
+    return containsText(driver, dialect.facts().title, Compare::text);
+}
 
-struct Entry {
-    /// In capitals.
-    std::string key;
-    /// As it is written, but for the braces around it.
-    std::string_view value;
-    bool braced = false;
-};
+/// Null for a driver that is not known.
+const sql::Dialect* dialectOfDriver(std::string_view driver) {
+    for (const sql::Dialect* dialect : sql::dialects())
+        if (isDriverOf(*dialect, driver)) return dialect;
+    return nullptr;
+}
 
-bool isPassword(const Entry& entry) {
+bool isPassword(const sql::ConnectionEntry& entry) {
     return entry.key == "PWD" || entry.key == "PASSWORD";
 }
 
@@ -81,8 +83,8 @@ std::vector<std::string> partsOf(std::string_view list) {
     return parts;
 }
 
-std::vector<Entry> entriesOf(std::string_view connection) {
-    std::vector<Entry> entries;
+std::vector<sql::ConnectionEntry> entriesOf(std::string_view connection) {
+    std::vector<sql::ConnectionEntry> entries;
     while (!connection.empty()) {
         const std::size_t equals = connection.find('=');
         if (equals == std::string_view::npos) break;
@@ -115,8 +117,9 @@ std::string connectionStringOfSqliteFile(const std::string& file) {
 std::optional<std::string> sqliteFileOf(const std::string& connectionString) {
     const auto entries = entriesOf(connectionString);
     const auto value = [&](std::string_view key) {
-        const auto found = std::find_if(entries.begin(), entries.end(),
-                                        [&](const Entry& entry) { return entry.key == key; });
+        const auto found =
+            std::find_if(entries.begin(), entries.end(),
+                         [&](const sql::ConnectionEntry& entry) { return entry.key == key; });
         return found == entries.end() ? std::string()
                                       : replaceText(found->value, "}}", "}", Compare::binary);
     };
@@ -131,74 +134,55 @@ std::optional<std::string> sqliteFileOf(const std::string& connectionString) {
 
 bool hasKey(const std::string& connectionString, std::string_view key) {
     const auto entries = entriesOf(connectionString);
-    return std::any_of(entries.begin(), entries.end(),
-                       [&](const Entry& entry) { return equalText(entry.key, key); });
+    return std::any_of(entries.begin(), entries.end(), [&](const sql::ConnectionEntry& entry) {
+        return equalText(entry.key, key);
+    });
 }
 
 std::string withTimeouts(const std::string& connectionString, const sql::Timeouts& timeouts) {
     const auto entries = entriesOf(connectionString);
-    const auto driver = std::find_if(entries.begin(), entries.end(),
-                                     [](const Entry& entry) { return entry.key == "DRIVER"; });
-    if (driver == entries.end()) return connectionString;
-    const auto isDriver = [&](std::string_view name) {
-        return containsText(driver->value, name, Compare::text);
-    };
+    const auto driver =
+        std::find_if(entries.begin(), entries.end(),
+                     [](const sql::ConnectionEntry& entry) { return entry.key == "DRIVER"; });
+    const sql::Dialect* dialect =
+        driver == entries.end() ? nullptr : dialectOfDriver(driver->value);
+    if (dialect == nullptr) return connectionString;
     std::string result = connectionString;
-    const auto add = [&](std::string_view key, const std::string& value) {
+    for (const auto& [key, value] : dialect->timeoutEntries(timeouts))
         if (!hasKey(connectionString, key)) result += ";" + std::string(key) + "=" + value;
-    };
-    const bool limited = timeouts.statement.count() > 0;
-    const auto answer = sql::wholeSeconds(timeouts.statement) + timeForTheNetwork;
-    if (isDriver("SQLite")) {
-        add("Timeout", decimalText(sql::endless(timeouts.lock).count()));
-    } else if (isDriver("MariaDB")) {
-        add("CONN_TIMEOUT", decimalText(sql::wholeSeconds(sql::endless(timeouts.login)).count()));
-        if (limited) add("READ_TIMEOUT", decimalText(answer.count()));
-        if (limited) add("WRITE_TIMEOUT", decimalText(answer.count()));
-    } else if (isDriver("PostgreSQL") && limited) {
-        add("pqopt", "{tcp_user_timeout=" + decimalText(answer.count() * 1000) + "}");
-    }
     return result;
 }
 
 std::string withOneCommand(const std::string& connectionString) {
     const auto entries = entriesOf(connectionString);
-    const auto isDriver = [&](std::string_view name) {
-        return std::any_of(entries.begin(), entries.end(), [&](const Entry& entry) {
-            return entry.key == "DRIVER" && containsText(entry.value, name, Compare::text);
-        });
-    };
-    // Of two values of a key the drivers take the later one.
-    if (isDriver("PostgreSQL"))
-        return connectionString + ";UseServerSidePrepare=1;UseDeclareFetch=0";
-    if (!isDriver("MariaDB")) return connectionString;
-    constexpr std::uint64_t severalCommands = 67108864;
     std::string result = connectionString;
-    for (const Entry& entry : entries)
-        if (entry.key == "OPTION" || entry.key == "OPTIONS")
-            result +=
-                ";" + entry.key + "=" +
-                decimalText(static_cast<std::int64_t>(
-                    static_cast<std::uint64_t>(leadingNumber(entry.value)) & ~severalCommands));
+    for (const sql::Dialect* dialect : sql::dialects()) {
+        const bool used =
+            std::any_of(entries.begin(), entries.end(), [&](const sql::ConnectionEntry& entry) {
+                return entry.key == "DRIVER" && isDriverOf(*dialect, entry.value);
+            });
+        if (used) result += dialect->oneCommandEntries(entries);
+    }
     return result;
 }
 
 std::vector<std::string> eachHost(const std::string& connectionString) {
     const auto entries = entriesOf(connectionString);
     const auto valueOf = [&](std::string_view key) {
-        const auto found = std::find_if(entries.begin(), entries.end(),
-                                        [&](const Entry& entry) { return entry.key == key; });
+        const auto found =
+            std::find_if(entries.begin(), entries.end(),
+                         [&](const sql::ConnectionEntry& entry) { return entry.key == key; });
         return found == entries.end() ? std::string_view() : found->value;
     };
     const auto hosts = partsOf(valueOf("SERVER"));
-    const bool known = containsText(valueOf("DRIVER"), "MariaDB", Compare::text) ||
-                       containsText(valueOf("DRIVER"), "PostgreSQL", Compare::text);
+    const sql::Dialect* dialect = dialectOfDriver(valueOf("DRIVER"));
+    const bool known = dialect != nullptr && dialect->facts().listsHosts;
     if (hosts.size() < 2 || !known) return {connectionString};
     const auto ports = partsOf(valueOf("PORT"));
     std::vector<std::string> all;
     for (std::size_t i = 0; i < hosts.size(); ++i) {
         std::string one;
-        for (const Entry& entry : entries)
+        for (const sql::ConnectionEntry& entry : entries)
             if (entry.key != "SERVER" && entry.key != "PORT")
                 one += entry.key + (entry.braced ? "={" : "=") + std::string(entry.value) +
                        (entry.braced ? "};" : ";");
@@ -210,7 +194,7 @@ std::vector<std::string> eachHost(const std::string& connectionString) {
 }
 
 std::string withoutPasswords(std::string text, const std::string& connectionString) {
-    for (const Entry& entry : entriesOf(connectionString)) {
+    for (const sql::ConnectionEntry& entry : entriesOf(connectionString)) {
         if (!isPassword(entry)) continue;
         const std::string plain = replaceText(entry.value, "}}", "}", Compare::binary);
         text = replaceText(text, entry.value, "***", Compare::binary);

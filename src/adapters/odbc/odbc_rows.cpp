@@ -21,9 +21,8 @@ OdbcRows::~OdbcRows() {
     if (many) session_.freeBeside(std::move(statement_));
 }
 
-SQLSMALLINT transferType(Dialect dialect, sql::ColumnKind kind) {
-    // The driver of SQLite has nothing but texts, and its columns may hold anything.
-    if (dialect == Dialect::sqlite) return transferredText;
+SQLSMALLINT transferType(const sql::Dialect& dialect, sql::ColumnKind kind) {
+    if (dialect.facts().givesTextsOnly) return transferredText;
     switch (kind) {
         // As SQL_C_BIT, the driver of MariaDB does not tell a bound value from Null.
         case sql::ColumnKind::boolean:
@@ -36,12 +35,13 @@ SQLSMALLINT transferType(Dialect dialect, sql::ColumnKind kind) {
     }
 }
 
-std::unique_ptr<sql::RowReader> makeRowReader(const OdbcHandle& statement, Dialect dialect,
+std::unique_ptr<sql::RowReader> makeRowReader(const OdbcHandle& statement,
+                                              const sql::Dialect& dialect,
                                               const std::vector<sql::ColumnInfo>& columns) {
     SQLULEN cursor = SQL_CURSOR_FORWARD_ONLY;
     SQLGetStmtAttr(statement.get(), SQL_ATTR_CURSOR_TYPE, &cursor, 0, nullptr);
     // Unknown drivers are not trusted to find their way back to the start of a block.
-    if (cursor == SQL_CURSOR_FORWARD_ONLY || dialect == Dialect::other)
+    if (cursor == SQL_CURSOR_FORWARD_ONLY || !dialect.facts().fetchesAgain)
         return std::make_unique<SingleRowReader>(statement, dialect, columns);
     return std::make_unique<BlockReader>(statement, dialect, columns);
 }

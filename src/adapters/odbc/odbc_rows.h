@@ -4,6 +4,7 @@
 
 #include "adapters/odbc/odbc_handle.h"
 #include "adapters/odbc/odbc_session.h"
+#include "adapters/sql/dialect.h"
 #include "adapters/sql/row_reader.h"
 #include "adapters/sql/sql_session.h"
 
@@ -25,11 +26,12 @@ class OdbcRows : public sql::SqlRows {
 
 /// By blocks of rows into bound buffers where the driver lets a block be fetched again with larger
 /// buffers, otherwise row by row. `statement` must outlive the reader.
-std::unique_ptr<sql::RowReader> makeRowReader(const OdbcHandle& statement, Dialect dialect,
+std::unique_ptr<sql::RowReader> makeRowReader(const OdbcHandle& statement,
+                                              const sql::Dialect& dialect,
                                               const std::vector<sql::ColumnInfo>& columns);
 
 /// The C type (SQL_C_…) in which the values of a column are taken over: texts, but for the types
 /// whose text a driver rounds or gives in binary.
-SQLSMALLINT transferType(Dialect dialect, sql::ColumnKind kind);
+SQLSMALLINT transferType(const sql::Dialect& dialect, sql::ColumnKind kind);
 
 }  // namespace catalogador::odbc

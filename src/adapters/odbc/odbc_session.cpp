@@ -16,16 +16,8 @@ namespace catalogador::odbc {
 
 namespace {
 
-Dialect dialectOf(std::string_view product) {
-    if (containsText(product, "SQLite", Compare::text)) return Dialect::sqlite;
-    if (containsText(product, "PostgreSQL", Compare::text)) return Dialect::postgresql;
-    if (containsText(product, "MariaDB", Compare::text) ||
-        containsText(product, "MySQL", Compare::text))
-        return Dialect::mariadb;
-    return Dialect::other;
-}
-
-sql::ColumnInfo columnInfo(const OdbcHandle& statement, Dialect dialect, SQLUSMALLINT number) {
+sql::ColumnInfo columnInfo(const OdbcHandle& statement, const sql::Dialect& dialect,
+                           SQLUSMALLINT number) {
     DescribedColumn described;
     statement.check(describeColumn(statement.get(), number, described));
     sql::ColumnInfo column;
@@ -36,7 +28,7 @@ sql::ColumnInfo columnInfo(const OdbcHandle& statement, Dialect dialect, SQLUSMA
     column.typeName = columnText(statement.get(), number, SQL_DESC_TYPE_NAME);
     column.sqlType = described.type;
     column.reportedLength = static_cast<std::size_t>(described.size);
-    column.kind = sql::columnKind(dialect, described.type, column.typeName);
+    column.kind = dialect.columnKind(described.type, column.typeName);
     return column;
 }
 
@@ -95,7 +87,7 @@ OdbcSession::~OdbcSession() {
 SQLHANDLE OdbcSession::lend() {
     settle();
     // Whoever uses it beside the session knows nothing of what its transactions may do.
-    setAccess(Access::writing);
+    setAccess(sql::Access::writing);
     lent_ = true;
     return connection_.get();
 }
@@ -118,7 +110,7 @@ void OdbcSession::settle() const {
 }
 
 bool OdbcSession::meansLost(const RuntimeError& error) const {
-    if (dialect_ == Dialect::sqlite) return false;
+    if (dialect_->facts().isFile) return false;
     if (error.cause() == ErrorCause::lost || error.cause() == ErrorCause::outcomeUnknown)
         return true;
     // A server that used to take writes has become one that does not, as after a failover.
@@ -138,26 +130,16 @@ void OdbcSession::reconnectIfLost() {
     lost_ = false;
 }
 
-void OdbcSession::prepareDialect() {
-    dialect_ = dialectOf(productName(connection_.get()));
-    syntax_ = sql::syntaxOf(dialect_);
-    if (dialect_ == Dialect::postgresql) return preparePostgresql();
-    if (dialect_ == Dialect::mariadb) return prepareMariadb();
-    if (dialect_ == Dialect::sqlite && !borrowed_ && !hasKey(connectionString_, "Timeout"))
-        executeOnce("PRAGMA busy_timeout = " + decimalText(sql::endless(timeouts_.lock).count()),
-                    {}, nullptr);
-}
-
 OdbcHandle OdbcSession::execute(const std::string& sql,
                                 const std::vector<sql::Parameter>& parameters,
-                                std::string* warnings, Access access) {
-    std::string text = defences_.reading ? sql::singleStatement(sql, syntax_) : sql;
-    // The driver looks for quotes and "?" inside of comments too.
-    if (dialect_ == Dialect::sqlite) text = sql::withoutComments(text, syntax_);
-    requireReadable(text);
+                                std::string* warnings, sql::Access access) {
+    std::string text = defences_.reading ? sql::singleStatement(sql, syntax()) : sql;
+    if (dialect_->facts().readsComments) text = sql::withoutComments(text, syntax());
+    if (const std::string refusal(dialect_->refusal(text, syntax())); !refusal.empty())
+        throw RuntimeError(error_number::statementFailed, refusal);
     const auto run = [&] {
         setAccess(access);
-        const bool check = carriesData_ && access == Access::reading;
+        const bool check = carriesData_ && access == sql::Access::reading;
         return check ? executeWithData(text) : executeOnce(text, parameters, warnings);
     };
     reconnectIfLost();
@@ -177,10 +159,8 @@ OdbcHandle OdbcSession::executeOnce(const std::string& text,
                                     const std::vector<sql::Parameter>& parameters,
                                     std::string* warnings, Protocol protocol) {
     OdbcHandle statement(SQL_HANDLE_STMT, connection_);
-    // Drivers that lack one of these say so, and what they do then is found out later. For any
-    // other cursor than the plainest PostgreSQL's driver sends a text that may hold several
-    // commands.
-    if (protocol == Protocol::any || dialect_ != Dialect::postgresql)
+    // Drivers that lack one of these say so, and what they do then is found out later.
+    if (protocol == Protocol::any || !dialect_->facts().needsPlainCursor)
         SQLSetStmtAttr(statement.get(), SQL_ATTR_CURSOR_TYPE, attributeValue(SQL_CURSOR_STATIC), 0);
     SQLSetStmtAttr(statement.get(), SQL_ATTR_NOSCAN, attributeValue(SQL_NOSCAN_ON), 0);
     BoundParameters bound(statement, parameters);
@@ -199,9 +179,8 @@ SQLRETURN OdbcSession::runText(const OdbcHandle& statement, const std::string& t
                                Protocol protocol) const {
     const auto run = [&] {
         if (protocol == Protocol::oneCommand) return SQLExecute(statement.get());
-        // Run without being prepared, a statement whose answer is cut off brings this driver down.
-        return dialect_ == Dialect::mariadb ? executePreparedText(statement.get(), text)
-                                            : executeText(statement.get(), text);
+        return dialect_->facts().preparesEverything ? executePreparedText(statement.get(), text)
+                                                    : executeText(statement.get(), text);
     };
     if (!waiting) return run();
     // Drivers read all rows before they come back, so whoever waits would wait for all of them.
@@ -228,13 +207,14 @@ std::vector<sql::ColumnInfo> OdbcSession::columnsOf(const OdbcHandle& statement,
     statement.check(SQLNumResultCols(statement.get(), &count));
     std::vector<sql::ColumnInfo> columns;
     for (SQLSMALLINT number = 1; number <= count; ++number)
-        columns.push_back(columnInfo(statement, dialect_, static_cast<SQLUSMALLINT>(number)));
+        columns.push_back(columnInfo(statement, *dialect_, static_cast<SQLUSMALLINT>(number)));
     const bool namesUnknown =
         std::all_of(columns.begin(), columns.end(),
                     [](const sql::ColumnInfo& c) { return c.baseName.empty(); });
-    if (namesUnknown && dialect_ == Dialect::other)
+    if (namesUnknown && !dialect_->facts().reportsBaseNames)
         for (sql::ColumnInfo& column : columns) column.baseName = column.name;
-    if (dialect_ == Dialect::sqlite) resolveAliases(columns, sql::selectItems(sql, syntax_));
+    if (dialect_->facts().hidesNamesBehindAliases)
+        resolveAliases(columns, sql::selectItems(sql, syntax()));
     return columns;
 }
 
@@ -264,10 +244,10 @@ std::vector<std::vector<Variant>> OdbcSession::rowsOf(const OdbcHandle& statemen
     SQLLEN count = 0;
     SQLRowCount(statement.get(), &count);
     // A write that returns rows has none to read, and no columns, when it found nothing to write.
-    if (dialect_ == Dialect::postgresql && count == 0) return rows;
+    if (dialect_->facts().countsRowsOfQueries && count == 0) return rows;
     const auto columns = columnsOf(statement, sql);
     if (columns.empty()) return rows;
-    const auto reader = makeRowReader(statement, dialect_, columns);
+    const auto reader = makeRowReader(statement, *dialect_, columns);
     while (reader->next()) {
         auto& row = rows.emplace_back(columns.size());
         for (std::size_t column = 0; column < columns.size(); ++column)
@@ -277,15 +257,14 @@ std::vector<std::vector<Variant>> OdbcSession::rowsOf(const OdbcHandle& statemen
 }
 
 std::int64_t OdbcSession::run(const std::string& sql, const std::vector<Variant>& values) {
-    return touchedRows(execute(sql, parametersOf(values), nullptr, Access::writing));
+    return touchedRows(execute(sql, parametersOf(values), nullptr, sql::Access::writing));
 }
 
 std::int64_t OdbcSession::write(const sql::ParameterizedStatement& statement) {
     std::string warnings;
     const OdbcHandle handle =
-        execute(statement.text, statement.parameters, &warnings, Access::writing);
-    // MariaDB is content with what it could make of a bound value ("12,5" would become 12).
-    if (dialect_ == Dialect::mariadb && !warnings.empty())
+        execute(statement.text, statement.parameters, &warnings, sql::Access::writing);
+    if (dialect_->facts().warnsOfPartialValues && !warnings.empty())
         throw RuntimeError(error_number::statementFailed, warnings);
     return touchedRows(handle);
 }
@@ -294,18 +273,17 @@ void OdbcSession::begin() {
     reconnectIfLost();
     if (transactions_ > 0) {
         run("SAVEPOINT " + savepoint());
-    } else if (dialect_ == Dialect::sqlite) {
-        beginSqlite();
+    } else if (!dialect_->facts().beginWriting.empty()) {
+        beginByStatement();
     } else {
-        leaveAutocommit(Access::writing);
+        leaveAutocommit(sql::Access::writing);
     }
     ++transactions_;
 }
 
-void OdbcSession::beginSqlite() {
+void OdbcSession::beginByStatement() {
     turns_.beforeTurn();
-    // A lock that is taken at once can be waited for; one that is taken later may fail.
-    run("BEGIN IMMEDIATE");
+    run(std::string(dialect_->facts().beginWriting));
     turns_.turnBegan();
 }
 
@@ -331,7 +309,7 @@ void OdbcSession::endTransaction(SQLSMALLINT how) {
     settle();
     if (transactions_ == 0)
         throw RuntimeError(error_number::invalidProcedureCall, "No transaction was begun");
-    if (dialect_ == Dialect::sqlite) {
+    if (!dialect_->facts().beginWriting.empty()) {
         run(how == SQL_COMMIT ? "COMMIT" : "ROLLBACK");
         transactions_ = 0;
         endReading();
@@ -353,7 +331,7 @@ void OdbcSession::endTransaction(SQLSMALLINT how) {
     returnToAutocommit();
 }
 
-void OdbcSession::leaveAutocommit(Access access) {
+void OdbcSession::leaveAutocommit(sql::Access access) {
     try {
         setAccess(access);
         return setAutocommit(false);

@@ -10,12 +10,11 @@
 
 #include "adapters/odbc/defences.h"
 #include "adapters/odbc/odbc_handle.h"
-#include "adapters/odbc/session_settings.h"
 #include "adapters/odbc/statement_watch.h"
+#include "adapters/sql/dialect.h"
 #include "adapters/sql/fair_turns.h"
 #include "adapters/sql/sql_session.h"
 #include "adapters/sql/timeouts.h"
-#include "platform/dialect.h"
 #include "platform/rdo_plan.h"
 #include "runtime/error.h"
 
@@ -34,10 +33,10 @@ class OdbcSession : public sql::SqlSession, public rdoPlanner {
     OdbcSession(const OdbcSession&) = delete;
     OdbcSession& operator=(const OdbcSession&) = delete;
 
-    [[nodiscard]] Dialect dialect() const override { return dialect_; }
+    [[nodiscard]] const sql::Dialect& dialect() const override { return *dialect_; }
     /// The driver manager's handle of the connection, for somebody else to use beside the session.
     [[nodiscard]] SQLHANDLE lend();
-    [[nodiscard]] const sql::SqlSyntax& syntax() const override { return syntax_; }
+    [[nodiscard]] const sql::SqlSyntax& syntax() const override { return state_.syntax; }
 
     /// While it lives, what the session executes is that statement.
     class Announced {
@@ -58,7 +57,7 @@ class OdbcSession : public sql::SqlSession, public rdoPlanner {
     /// driver has to say of a statement that was run. Outside of a transaction a statement can
     /// write only with that access.
     OdbcHandle execute(const std::string& sql, const std::vector<sql::Parameter>& parameters = {},
-                       std::string* warnings = nullptr, Access access = Access::reading);
+                       std::string* warnings = nullptr, sql::Access access = sql::Access::reading);
     /// The columns of the rows that a statement returned when it was executed; none when it
     /// returns no rows.
     [[nodiscard]] std::vector<sql::ColumnInfo> columnsOf(const OdbcHandle& statement,
@@ -91,23 +90,23 @@ class OdbcSession : public sql::SqlSession, public rdoPlanner {
     std::function<bool()> waiting;
 
   private:
+    /// Runs what a dialect sets the session up with.
+    class Commands;
+
     [[nodiscard]] std::vector<std::vector<Variant>> rowsOf(const OdbcHandle& statement,
                                                            const std::string& sql) const;
     /// To the host in use, or the next in the list that takes connections.
     void connect();
     void connectTo(const std::string& connectionString);
     void useNextHost() { host_ = (host_ + 1) % hosts_.size(); }
-    void requireReady();
     /// Waits for what the server was doing on the lost connection when its answer got lost.
     void awaitUnanswered();
-    void waitForOtherNodes();
     void prepareDialect();
-    void preparePostgresql();
-    void prepareMariadb();
-    void readMariadbState();
+    void joinCluster();
+    [[nodiscard]] sql::SessionSetUp setUp() const;
     /// Whether the program sets what the database does in this session.
     [[nodiscard]] bool guarded() const { return !borrowed_ && !lent_ && defences_.engine; }
-    void setAccess(Access access);
+    void setAccess(sql::Access access);
     /// How a statement is handed over.
     enum class Protocol {
         /// As the driver does it best.
@@ -119,9 +118,7 @@ class OdbcSession : public sql::SqlSession, public rdoPlanner {
                            std::string* warnings, Protocol protocol = Protocol::any);
     /// A statement with data, of which nothing may remain but its rows.
     OdbcHandle executeWithData(const std::string& text);
-    OdbcHandle executeInReading(const std::string& text);
-    /// The driver of PostgreSQL never comes back from a COPY to itself, whoever stops it.
-    void requireReadable(const std::string& text) const;
+    OdbcHandle executeInReading(const std::string& begin, const std::string& text);
     void requireRows(const OdbcHandle& statement, const std::string& text) const;
     /// Several commands of the program's own at once.
     void command(const std::string& text);
@@ -142,8 +139,8 @@ class OdbcSession : public sql::SqlSession, public rdoPlanner {
     [[noreturn]] void endFailed(SQLSMALLINT how, const RuntimeError& error);
     void returnToAutocommit();
     void setAutocommit(bool on);
-    void leaveAutocommit(Access access);
-    void beginSqlite();
+    void leaveAutocommit(sql::Access access);
+    void beginByStatement();
     void endTransaction(SQLSMALLINT how);
     void endReading();
     void readWithoutRunning(const std::string& text);
@@ -157,10 +154,8 @@ class OdbcSession : public sql::SqlSession, public rdoPlanner {
     Defences defences_;
     OdbcHandle environment_;
     OdbcHandle connection_;
-    Dialect dialect_ = Dialect::other;
-    sql::SqlSyntax syntax_;
-    /// The number by which the server knows the session.
-    std::string process_;
+    const sql::Dialect* dialect_ = &sql::standardDialect();
+    sql::SessionState state_;
     /// That of the connection whose commit was not answered, on which host; empty for none.
     std::string unanswered_;
     std::size_t unansweredHost_ = 0;
@@ -169,11 +164,7 @@ class OdbcSession : public sql::SqlSession, public rdoPlanner {
     /// The driver of SQLite looks for the file's lock every ten milliseconds.
     sql::FairTurns turns_{std::chrono::milliseconds(11)};
     /// What the session was last set to; nothing for how it was opened.
-    std::optional<Access> access_;
-    /// The user is a superuser whose checks run with the rights of pg_read_all_data.
-    bool asReader_ = false;
-    /// sql_mode and character set for which the syntax holds.
-    std::string mariadbState_;
+    std::optional<sql::Access> access_;
     /// The statement that is being executed holds data.
     bool carriesData_ = false;
     /// The function that its data names and that a check must not call; empty when it names none.

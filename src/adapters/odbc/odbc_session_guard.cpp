@@ -1,5 +1,5 @@
 // What keeps a session to what it is for: reading, one command a statement, and its limits.
-#include <algorithm>
+#include <utility>
 
 #include "adapters/odbc/connection_string.h"
 #include "adapters/odbc/driver_text.h"
@@ -18,82 +18,59 @@ namespace {
 constexpr std::chrono::milliseconds grace{1'000};
 constexpr std::chrono::milliseconds patience{3'000};
 
-/// The words of the statement, comments left out.
-std::vector<std::string_view> wordsOf(std::string_view text, const sql::SqlSyntax& syntax) {
-    std::vector<std::string_view> words;
-    for (const sql::SqlToken& token : sql::tokensOf(text, syntax))
-        if (token.kind == sql::TokenKind::word) words.push_back(token.text);
-    return words;
-}
-
-bool callsProcedure(std::string_view text, const sql::SqlSyntax& syntax) {
-    const auto words = wordsOf(text, syntax);
-    return !words.empty() && (equalText(words[0], "call") || equalText(words[0], "execute"));
-}
-
 }  // namespace
 
 OdbcSession::Announced::Announced(OdbcSession& session, const SqlText& sql) : session_(session) {
-    if (session.defences_.reading) sql::requireDataStaysData(sql, session.syntax_);
+    if (session.defences_.reading) sql::requireDataStaysData(sql, session.syntax());
     session.carriesData_ = !sql.data().empty();
     session.reaching_ = {};
     for (const auto& piece : sql.data()) {
         const auto text = std::string_view(sql.text()).substr(piece.start, piece.length);
-        if (session.reaching_.empty()) session.reaching_ = reachingFunction(session.dialect_, text);
+        for (const std::string_view function : session.dialect_->facts().reachingFunctions)
+            if (session.reaching_.empty() && containsText(text, function, Compare::text))
+                session.reaching_ = function;
     }
 }
 
-void OdbcSession::preparePostgresql() {
-    if (borrowed_) {
-        const auto rows = rowsOf(executeOnce("SHOW standard_conforming_strings", {}, nullptr), "");
-        syntax_.backslashEscapes = toTextOrEmpty(rows.at(0).at(0), Regional{}) != "on";
-        return;
+/// The statements go by the same way as those of screens, but are neither read nor guarded.
+class OdbcSession::Commands : public sql::SessionCommands {
+  public:
+    explicit Commands(OdbcSession& session) : session_(session) {}
+
+    std::vector<std::vector<Variant>> ask(const std::string& query) override {
+        return session_.rowsOf(session_.executeOnce(query, {}, nullptr), query);
     }
-    const std::string settings = postgresqlSettings(timeouts_);
-    const auto row = rowsOf(executeOnce(settings, {}, nullptr), "").at(0);
-    process_ = toTextOrEmpty(row.at(0), Regional{});
-    asReader_ = toTextOrEmpty(row.at(1), Regional{}) == "1";
-}
-
-void OdbcSession::prepareMariadb() {
-    if (!borrowed_) executeOnce(mariadbSettings(timeouts_), {}, nullptr);
-    readMariadbState();
-    if (borrowed_ || !defences_.engine) return;
-    try {
-        executeOnce("DO 0; DO 0", {}, nullptr);
-    } catch (const RuntimeError&) {
-        return;
+    void tell(const std::string& statement) override {
+        session_.executeOnce(statement, {}, nullptr);
     }
-    throw RuntimeError(
-        error_number::statementFailed,
-        "The driver takes several commands in one statement (OPTION 67108864), which "
-        "is not safe");
+
+  private:
+    OdbcSession& session_;
+};
+
+sql::SessionSetUp OdbcSession::setUp() const {
+    return {.timeouts = timeouts_,
+            .borrowed = borrowed_,
+            .oneCommand = defences_.engine,
+            .saysLockWait = hasKey(connectionString_, "Timeout"),
+            .severalHosts = hosts_.size() > 1};
 }
 
-void OdbcSession::readMariadbState() {
-    const auto rows = rowsOf(executeOnce(mariadbState, {}, nullptr), "");
-    const auto text = [&](std::size_t column) {
-        return toTextOrEmpty(rows.at(0).at(column), Regional{});
-    };
-    process_ = text(0);
-    mariadbState_ = text(1) + " " + text(2);
-    syntax_ = mariadbSyntax(text(1), text(2), text(3));
+void OdbcSession::prepareDialect() {
+    dialect_ = &sql::dialectOfProduct(productName(connection_.get()));
+    state_ = {.syntax = dialect_->facts().syntax};
+    Commands commands(*this);
+    state_ = dialect_->setUp(commands, setUp());
 }
 
-void OdbcSession::requireReadable(const std::string& text) const {
-    if (dialect_ != Dialect::postgresql || !containsText(text, "copy", Compare::text)) return;
-    const auto words = wordsOf(text, syntax_);
-    if (words.empty() || !equalText(words[0], "copy")) return;
-    if (std::any_of(words.begin(), words.end(), [](std::string_view word) {
-            return equalText(word, "stdout") || equalText(word, "stdin");
-        }))
-        throw RuntimeError(error_number::statementFailed,
-                           "COPY between the server and the program is not possible");
+void OdbcSession::joinCluster() {
+    Commands commands(*this);
+    dialect_->joinCluster(commands, setUp());
 }
 
-void OdbcSession::setAccess(Access access) {
+void OdbcSession::setAccess(sql::Access access) {
     if (!guarded() || transactions_ > 0 || access_ == access) return;
-    const std::string statement = accessStatement(dialect_, access);
+    const std::string statement = dialect_->accessStatement(access);
     if (statement.empty()) return;
     executeOnce(statement, {}, nullptr);
     access_ = access;
@@ -105,23 +82,25 @@ OdbcHandle OdbcSession::executeWithData(const std::string& text) {
         throw RuntimeError(
             error_number::statementFailed,
             "A text that names " + std::string(reaching_) + " cannot be used in a check");
-    if (dialect_ == Dialect::postgresql && transactions_ == 0) return executeInReading(text);
-    if (dialect_ == Dialect::mariadb) {
-        const std::string before = mariadbState_;
-        readMariadbState();
-        if (mariadbState_ != before)
+    const std::string begin = dialect_->beginCheck(state_.limitsChecks);
+    if (!begin.empty() && transactions_ == 0) return executeInReading(begin, text);
+    Commands commands(*this);
+    if (const auto now = dialect_->currentState(commands)) {
+        const std::string before = std::exchange(state_, *now).mode;
+        if (state_.mode != before)
             throw RuntimeError(error_number::statementFailed,
                                "The server reads statements in another way than before");
     }
     return executeOnce(text, {}, nullptr, Protocol::oneCommand);
 }
 
-OdbcHandle OdbcSession::executeInReading(const std::string& text) {
-    command(postgresqlCheck(asReader_));
+OdbcHandle OdbcSession::executeInReading(const std::string& begin, const std::string& text) {
+    command(begin);
     try {
         // A driver that sees two commands sends them both; it looks for nothing but this.
-        if (text.find(';') != std::string::npos)
-            executeOnce(oneCommandQuery, {sql::parameterOf(text)}, nullptr);
+        const std::string oneCommand(dialect_->facts().oneCommandQuery);
+        if (!oneCommand.empty() && text.find(';') != std::string::npos)
+            executeOnce(oneCommand, {sql::parameterOf(text)}, nullptr);
         OdbcHandle statement = executeOnce(text, {}, nullptr, Protocol::oneCommand);
         command("ROLLBACK");
         return statement;
@@ -136,8 +115,7 @@ OdbcHandle OdbcSession::executeInReading(const std::string& text) {
 }
 
 void OdbcSession::requireRows(const OdbcHandle& statement, const std::string& text) const {
-    // SELECT … INTO OUTFILE is one without.
-    if (dialect_ != Dialect::mariadb || callsProcedure(text, syntax_)) return;
+    if (!dialect_->mustHaveColumns(text, syntax())) return;
     SQLSMALLINT columns = 0;
     statement.check(SQLNumResultCols(statement.get(), &columns));
     if (columns == 0)
@@ -168,16 +146,17 @@ SQLRETURN OdbcSession::watched(const OdbcHandle& statement, const std::function<
 }
 
 void OdbcSession::cancel(const OdbcHandle& statement) const {
-    // The driver of MariaDB would do the same on a connection that waits for the server without
-    // end.
-    if (dialect_ == Dialect::mariadb && !borrowed_ && !process_.empty())
-        runBeside("KILL QUERY " + process_);
-    else
+    const bool known = !borrowed_ && !state_.process.empty();
+    const std::string command = known ? dialect_->cancelStatement(state_.process) : "";
+    if (command.empty())
         SQLCancel(statement.get());
+    else
+        runBeside(command);
 }
 
 void OdbcSession::endSession() const {
-    const std::string statement = endSessionStatement(dialect_, process_);
+    if (state_.process.empty()) return;
+    const std::string statement = dialect_->endSessionStatement(state_.process);
     if (!statement.empty()) runBeside(statement);
 }
 

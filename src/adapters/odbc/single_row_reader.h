@@ -4,8 +4,8 @@
 #include <vector>
 
 #include "adapters/odbc/odbc_handle.h"
+#include "adapters/sql/dialect.h"
 #include "adapters/sql/row_reader.h"
-#include "platform/dialect.h"
 
 namespace catalogador::odbc {
 
@@ -13,7 +13,7 @@ namespace catalogador::odbc {
 /// can do.
 class SingleRowReader : public sql::RowReader {
   public:
-    SingleRowReader(const OdbcHandle& statement, Dialect dialect,
+    SingleRowReader(const OdbcHandle& statement, const sql::Dialect& dialect,
                     const std::vector<sql::ColumnInfo>& columns);
 
     bool next() override;

@@ -6,7 +6,7 @@ namespace catalogador::schema {
 
 namespace {
 
-using enum ColumnType;
+using enum sql::ColumnType;
 
 TableDefinition viewTable() {
     return {"Catalogador",
@@ -104,7 +104,7 @@ const std::vector<TableDefinition>& schemaTables() {
     return tables;
 }
 
-int longestText(ColumnType type) {
+int longestText(sql::ColumnType type) {
     switch (type) {
         case name:
             return 100;

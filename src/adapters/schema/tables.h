@@ -2,27 +2,14 @@
 #include <string_view>
 #include <vector>
 
-namespace catalogador::schema {
+#include "adapters/sql/dialect.h"
 
-/// What the columns of the component's tables hold, whatever a database calls it.
-enum class ColumnType {
-    smallInteger,
-    integer,
-    single,
-    number,
-    name,
-    text,
-    longText,
-    statement,
-    yesNo,
-    dateTime,
-    count
-};
+namespace catalogador::schema {
 
 /// A column of one of the component's tables.
 struct TableColumn {
     std::string_view name;
-    ColumnType type;
+    sql::ColumnType type;
     bool required = false;
 };
 
@@ -42,6 +29,6 @@ struct TableDefinition {
 /// Every table that the component and its services use, in the order in which they are created.
 const std::vector<TableDefinition>& schemaTables();
 /// How many characters a text column of that type holds; 0 when it has no limit.
-int longestText(ColumnType type);
+int longestText(sql::ColumnType type);
 
 }  // namespace catalogador::schema

@@ -33,7 +33,7 @@ bool updatesItsRow(rdoSession& session, const std::string& name, const std::stri
 }
 
 std::vector<std::vector<Variant>> takeNext(rdoSession& session, const std::string& name) {
-    if (session.dialect() == Dialect::postgresql)
+    if (session.dialect().drawing() == Drawing::returning)
         return session.query(
             "UPDATE genNumeradores SET NumUltimo = NumUltimo + 1 WHERE NumNombre = ? AND NumUltimo "
             "< " +
@@ -66,7 +66,7 @@ bool isNameOfSequence(rdoSession& session, const std::string& name) {
 
 /// In a statement that commits itself. When a cluster undoes a transaction while a query in it
 /// runs, its commit is answered all the same, and the other node hands out the same code.
-std::optional<std::int32_t> drawOfMariadb(rdoSession& session, const std::string& name) {
+std::optional<std::int32_t> drawOfSession(rdoSession& session, const std::string& name) {
     if (!isNameOfSequence(session, name)) return std::nullopt;
     bool taken = false;
     retryConflicts(session,
@@ -81,7 +81,8 @@ std::optional<std::int32_t> drawOfMariadb(rdoSession& session, const std::string
 }
 
 std::optional<std::int32_t> drawInSession(rdoSession& session, const std::string& name) {
-    const auto draw = session.dialect() == Dialect::mariadb ? drawOfMariadb : drawInTransaction;
+    const auto draw =
+        session.dialect().drawing() == Drawing::inSession ? drawOfSession : drawInTransaction;
     // A code that was drawn on a connection that was lost since is left unused.
     for (int tries = 1;; ++tries) {
         try {

@@ -13,10 +13,6 @@ namespace catalogador::services {
 namespace {
 
 constexpr const char* standardTime = "Select localtimestamp";
-/// The standard's stands still during a transaction.
-constexpr const char* postgresqlTime = "Select clock_timestamp()::timestamp";
-/// Without a number of digits it has whole seconds only.
-constexpr const char* mariadbTime = "Select localtimestamp(6)";
 constexpr const char* sqliteTime = "Select strftime('%Y-%m-%d %H:%M:%f', 'now', 'localtime')";
 
 constexpr std::int32_t nanosecondsOfMicrosecond = 1000;
@@ -60,16 +56,8 @@ Date timeOfThisMachine() {
 
 Date serverTime(rdoConnection& connection) {
     if (rdoSession* session = connection.session()) {
-        switch (session->dialect()) {
-            case Dialect::sqlite:
-                return timeOfThisMachine();
-            case Dialect::postgresql:
-                return firstDate(session->query(postgresqlTime));
-            case Dialect::mariadb:
-                return firstDate(session->query(mariadbTime));
-            default:
-                return firstDate(session->query(standardTime));
-        }
+        const std::string clock(session->dialect().clock());
+        return clock.empty() ? timeOfThisMachine() : firstDate(session->query(clock));
     }
     try {
         return firstDate(connection, standardTime);

@@ -14,68 +14,6 @@ namespace catalogador::sql {
 
 namespace {
 
-struct NamePart {
-    std::string_view part;
-    ColumnKind kind;
-};
-
-/// Looked for in this order inside the declared type, as SQLite itself does.
-constexpr std::array<NamePart, 21> sqliteNames{{
-    {"BOOL", ColumnKind::boolean},        {"INT", ColumnKind::integer},
-    {"CHAR", ColumnKind::text},           {"CLOB", ColumnKind::text},
-    {"TEXT", ColumnKind::text},           {"STRING", ColumnKind::text},
-    {"BLOB", ColumnKind::binary},         {"BINARY", ColumnKind::binary},
-    {"BYTEA", ColumnKind::binary},        {"IMAGE", ColumnKind::binary},
-    {"REAL", ColumnKind::real},           {"FLOA", ColumnKind::real},
-    {"DOUB", ColumnKind::real},           {"DEC", ColumnKind::decimal},
-    {"NUM", ColumnKind::decimal},         {"MONEY", ColumnKind::decimal},
-    {"CURRENCY", ColumnKind::decimal},    {"DATETIME", ColumnKind::timestamp},
-    {"TIMESTAMP", ColumnKind::timestamp}, {"DATE", ColumnKind::date},
-    {"TIME", ColumnKind::time},
-}};
-
-ColumnKind kindOfCode(int sqlType) {
-    switch (sqlType) {
-        case SQL_BIT:
-            return ColumnKind::boolean;
-        case SQL_TINYINT:
-        case SQL_SMALLINT:
-        case SQL_INTEGER:
-        case SQL_BIGINT:
-            return ColumnKind::integer;
-        case SQL_NUMERIC:
-        case SQL_DECIMAL:
-            return ColumnKind::decimal;
-        case SQL_REAL:
-            return ColumnKind::single;
-        case SQL_FLOAT:
-        case SQL_DOUBLE:
-            return ColumnKind::real;
-        case SQL_DATE:
-        case SQL_TYPE_DATE:
-            return ColumnKind::date;
-        case SQL_TIME:
-        case SQL_TYPE_TIME:
-            return ColumnKind::time;
-        case SQL_TIMESTAMP:
-        case SQL_TYPE_TIMESTAMP:
-            return ColumnKind::timestamp;
-        case SQL_CHAR:
-        case SQL_VARCHAR:
-        case SQL_LONGVARCHAR:
-        case SQL_WCHAR:
-        case SQL_WVARCHAR:
-        case SQL_WLONGVARCHAR:
-            return ColumnKind::text;
-        case SQL_BINARY:
-        case SQL_VARBINARY:
-        case SQL_LONGVARBINARY:
-            return ColumnKind::binary;
-        default:
-            return ColumnKind::other;
-    }
-}
-
 std::optional<std::int64_t> wholeNumber(std::string_view text) {
     std::int64_t value = 0;
     if (text.starts_with('+')) text.remove_prefix(1);
@@ -106,17 +44,6 @@ Variant dateOf(std::string text) {
 }
 
 }  // namespace
-
-ColumnKind columnKind(Dialect dialect, int sqlType, std::string_view typeName) {
-    const std::string name = upperCase(typeName);
-    if (dialect == Dialect::postgresql && name == "BOOL") return ColumnKind::boolean;
-    if (dialect != Dialect::sqlite) return kindOfCode(sqlType);
-    if (name == "BIT" || name.starts_with("BIT(")) return ColumnKind::boolean;
-    const auto known = std::find_if(sqliteNames.begin(), sqliteNames.end(), [&](const auto& entry) {
-        return name.find(entry.part) != std::string::npos;
-    });
-    return known != sqliteNames.end() ? known->kind : kindOfCode(sqlType);
-}
 
 int columnTypeCode(const ColumnInfo& column) {
     switch (column.kind) {

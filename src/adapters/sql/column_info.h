@@ -3,7 +3,6 @@
 #include <string>
 #include <string_view>
 
-#include "platform/dialect.h"
 #include "runtime/variant.h"
 
 namespace catalogador::sql {
@@ -37,10 +36,6 @@ struct ColumnInfo {
     /// What the driver takes for the length of the longest value, in characters.
     std::size_t reportedLength = 0;
 };
-
-/// SQLite goes by the declared type, because its driver gives the types that it does not know as
-/// text; other databases by the code.
-ColumnKind columnKind(Dialect dialect, int sqlType, std::string_view typeName);
 
 /// The code that hosts see for a column of that kind (bitColumnType for booleans).
 int columnTypeCode(const ColumnInfo& column);

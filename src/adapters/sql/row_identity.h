@@ -7,8 +7,6 @@
 
 namespace catalogador::sql {
 
-class SqlSession;
-
 /// What tells a row of a table from every other, beside the values that a
 /// statement asks for.
 struct RowIdentity {
@@ -21,11 +19,6 @@ struct RowIdentity {
     /// may be meant.
     bool eitherOfAlike = false;
 };
-
-/// How the database tells rows of that table apart, spelled as in SQL; no
-/// columns where it cannot. Raises RuntimeError (statementFailed) for what is
-/// no table.
-RowIdentity rowIdentity(SqlSession& session, const std::string& table);
 
 /// The SELECT with further columns behind those that it asks for.
 std::string withColumns(std::string_view sql, const std::vector<std::string>& columns,

@@ -41,12 +41,12 @@ SqlResultset::SqlResultset(std::shared_ptr<SqlSession> session, const std::strin
 
 bool SqlResultset::openWithIdentity(const std::string& sql) {
     try {
-        const RowIdentity identity = rowIdentity(*session_, *table_);
+        const RowIdentity identity = session_->dialect().rowIdentity(*session_, *table_);
         if (identity.columns.empty()) return false;
         // An address in quotes would be a text to SQLite where there is none of that name.
         std::vector<std::string> items = identity.columns;
-        if (session_->dialect() == Dialect::mariadb)
-            for (std::string& item : items) item = quotedName(Dialect::mariadb, item);
+        if (session_->dialect().facts().quotesRowAddress)
+            for (std::string& item : items) item = session_->dialect().quotedName(item);
         rows_ = session_->open(withColumns(sql, items, session_->syntax()));
         if (rows_->columns.size() < items.size()) return false;
         identity_ = identity;
@@ -293,8 +293,8 @@ std::int64_t SqlResultset::writeRows(const StatementMaker& make, bool identified
                                      bool countUnchanged) {
     const auto expected = expectedValues(identified);
     const std::int64_t touched = session_->write(narrowed(make(expected), identified));
-    if (touched > 0 || !countUnchanged || session_->dialect() != Dialect::mariadb) return touched;
-    // A row that had these values already is not counted as touched.
+    if (touched > 0 || !countUnchanged || session_->dialect().facts().countsUnchangedRows)
+        return touched;
     auto count = narrowed(countStatement(session_->dialect(), *table_, expected), identified);
     // Counted as it is now, not as it was when a transaction of the host began.
     count.text += " FOR UPDATE";

@@ -4,6 +4,7 @@
 #include <vector>
 
 #include "adapters/sql/column_info.h"
+#include "adapters/sql/dialect.h"
 #include "adapters/sql/row_reader.h"
 #include "adapters/sql/statement_text.h"
 #include "adapters/sql/write_statements.h"
@@ -25,6 +26,8 @@ class SqlRows {
 /// (statementFailed) with the database's own text.
 class SqlSession : public rdoSession {
   public:
+    [[nodiscard]] const Dialect& dialect() const override = 0;
+    /// How the session reads statements.
     [[nodiscard]] virtual const SqlSyntax& syntax() const = 0;
     /// Runs one statement that returns rows.
     virtual std::unique_ptr<SqlRows> open(const std::string& sql) = 0;

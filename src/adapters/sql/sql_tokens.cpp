@@ -287,33 +287,6 @@ class Tokenizer {
 
 }  // namespace
 
-SqlSyntax syntaxOf(Dialect dialect) {
-    SqlSyntax syntax;
-    switch (dialect) {
-        case Dialect::sqlite:
-            syntax.backtickNames = syntax.bracketNames = true;
-            syntax.digitTexts = "xX";
-            syntax.endsAtNul = syntax.namedVariables = true;
-            break;
-        case Dialect::postgresql:
-            syntax.escapeStrings = syntax.dollarQuotes = syntax.nestedComments = true;
-            syntax.unicodeQuotes = syntax.continuedTexts = true;
-            syntax.digitTexts = "xXbB";
-            syntax.returnEndsComment = syntax.numbersEndAtLetters = true;
-            break;
-        case Dialect::mariadb:
-            syntax.backslashEscapes = syntax.doubleQuotedTexts = syntax.backtickNames = true;
-            syntax.hashComments = syntax.dashCommentNeedsBlank = true;
-            syntax.executableComments = true;
-            syntax.digitTexts = "xXbB";
-            break;
-        case Dialect::other:
-            syntax.unknown = true;
-            break;
-    }
-    return syntax;
-}
-
 std::vector<SqlToken> tokensOf(std::string_view sql, const SqlSyntax& syntax) {
     return Tokenizer(sql, syntax).run();
 }

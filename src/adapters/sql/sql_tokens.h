@@ -2,8 +2,6 @@
 #include <string_view>
 #include <vector>
 
-#include "platform/dialect.h"
-
 namespace catalogador::sql {
 
 /// How a database reads the text of a statement, as far as quoting and comments go.
@@ -42,7 +40,6 @@ struct SqlSyntax {
     /// How the database reads is not known: the above is what standard SQL says.
     bool unknown = false;
 };
-SqlSyntax syntaxOf(Dialect dialect);
 
 enum class TokenKind { word, quotedName, text, symbol, comment, separator };
 

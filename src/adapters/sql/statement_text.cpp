@@ -164,6 +164,13 @@ std::string singleStatement(std::string_view sql, const SqlSyntax& syntax) {
     return std::string(sql.data(), separator->text.data());
 }
 
+std::vector<std::string_view> wordsOf(std::string_view sql, const SqlSyntax& syntax) {
+    std::vector<std::string_view> words;
+    for (const SqlToken& token : tokensOf(sql, syntax))
+        if (token.kind == TokenKind::word) words.push_back(token.text);
+    return words;
+}
+
 std::string withoutComments(std::string_view sql, const SqlSyntax& syntax) {
     std::string result;
     const char* copied = sql.data();

@@ -15,6 +15,10 @@ std::string unquotedName(const SqlToken& token);
 /// anything but blanks and comments follows the ";", or when there is no statement at all.
 std::string singleStatement(std::string_view sql, const SqlSyntax& syntax);
 
+/// The words of the statement, which point into `sql`; comments, quoted names and texts are left
+/// out.
+std::vector<std::string_view> wordsOf(std::string_view sql, const SqlSyntax& syntax);
+
 /// The same text with a blank in place of every comment.
 std::string withoutComments(std::string_view sql, const SqlSyntax& syntax);
 

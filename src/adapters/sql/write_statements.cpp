@@ -19,10 +19,6 @@ namespace {
 constexpr double doubleTolerance = 1e-13;
 constexpr double singleTolerance = 1e-6;
 
-/// Types of PostgreSQL that have no "=".
-constexpr std::array<std::string_view, 9> typesWithoutEquality{
-    "json", "xml", "point", "polygon", "line", "lseg", "path", "box", "circle"};
-
 bool isReal(ColumnKind kind) {
     return kind == ColumnKind::real || kind == ColumnKind::single;
 }
@@ -31,23 +27,16 @@ bool isDateLike(ColumnKind kind) {
     return kind == ColumnKind::date || kind == ColumnKind::timestamp;
 }
 
-/// SQLite and MariaDB convert a text to what the column is by themselves; PostgreSQL wants to know
-/// what the text stands for.
-bool typesTexts(Dialect dialect) {
-    return dialect == Dialect::postgresql || dialect == Dialect::other;
-}
-
-Parameter textFor(Dialect dialect, const ColumnInfo& column, std::string text) {
-    const bool typed = typesTexts(dialect) && column.kind != ColumnKind::text;
+Parameter textFor(const Dialect& dialect, const ColumnInfo& column, std::string text) {
+    const bool typed = dialect.facts().typesTexts && column.kind != ColumnKind::text;
     return {std::move(text), typed ? columnTypeCode(column) : SQL_VARCHAR};
 }
 
-Parameter dateFor(Dialect dialect, const ColumnInfo& column, const Date& date) {
+Parameter dateFor(const Dialect& dialect, const ColumnInfo& column, const Date& date) {
     std::string text = isoText(date);
     const bool midnight =
         date.hour == 0 && date.minute == 0 && date.second == 0 && date.nanosecond == 0;
-    // SQLite alone can keep a time in a column of dates.
-    if (column.kind == ColumnKind::date && (midnight || dialect != Dialect::sqlite))
+    if (column.kind == ColumnKind::date && (midnight || !dialect.facts().keepsTimeInDates))
         text = text.substr(0, text.find(' '));
     return textFor(dialect, column, std::move(text));
 }
@@ -71,7 +60,7 @@ class List {
     std::string text_;
 };
 
-std::string placeFor(Dialect dialect, const Assignment& assignment,
+std::string placeFor(const Dialect& dialect, const Assignment& assignment,
                      std::vector<Parameter>& parameters) {
     if (assignment.value.isNull()) return "NULL";
     parameters.push_back(parameterFor(dialect, *assignment.column, assignment.value));
@@ -81,13 +70,13 @@ std::string placeFor(Dialect dialect, const Assignment& assignment,
 /// The conditions "column has the value" of an UPDATE or DELETE.
 class Conditions {
   public:
-    explicit Conditions(Dialect dialect) : dialect_(dialect) {}
+    explicit Conditions(const Dialect& dialect) : dialect_(dialect) {}
 
     void add(const ExpectedValue& expected) {
         const ColumnInfo& column = *expected.column;
         if (const auto* exact = std::get_if<Parameter>(&expected.value))
             return addExact(column, *exact);
-        if (!isComparable(dialect_, column)) return;
+        if (!dialect_.isComparable(column)) return;
         if (const auto* given = std::get_if<Variant>(&expected.value)) {
             if (given->isNull())
                 addNull(column);
@@ -111,13 +100,13 @@ class Conditions {
 
   private:
     [[nodiscard]] std::string name(const ColumnInfo& column) const {
-        return quotedName(dialect_, column.baseName);
+        return dialect_.quotedName(column.baseName);
     }
 
     void addExact(const ColumnInfo& column, const Parameter& value) {
         if (column.baseName.empty()) return;
         const bool isText = value.sqlType == SQL_VARCHAR;
-        conditions_.add(name(column) + (isText ? " = ? COLLATE BINARY" : " = ?"));
+        conditions_.add(isText ? dialect_.equalsText(name(column)) : name(column) + " = ?");
         parameters_.push_back(value);
     }
 
@@ -126,9 +115,8 @@ class Conditions {
     void addRead(const ColumnInfo& column, const std::string& text) {
         Variant value = variantOf(text, column.kind);
         const bool isInteger = value.as<std::int64_t>() != nullptr;
-        if (dialect_ == Dialect::sqlite && !isInteger) {
-            // Whatever the column is declared to be, its text is what the driver gave.
-            conditions_.add("CAST(" + name(column) + " AS TEXT) = ? COLLATE BINARY");
+        if (dialect_.facts().comparesAsText && !isInteger) {
+            conditions_.add(dialect_.equalsText("CAST(" + name(column) + " AS TEXT)"));
             parameters_.push_back({text, SQL_VARCHAR});
         } else if (isReal(column.kind)) {
             if (const double* number = value.as<double>()) addNear(column, *number);
@@ -146,16 +134,7 @@ class Conditions {
             addNear(column, *number);
             return;
         }
-        const bool isText = column.kind == ColumnKind::text;
-        if (column.typeName == "tid")
-            conditions_.add(name(column) + " = CAST(? AS tid)");
-        else if (isText && dialect_ == Dialect::mariadb)
-            conditions_.add("CONVERT(" + name(column) +
-                            " USING utf8mb4) COLLATE utf8mb4_nopad_bin = ?");
-        else if (isText && dialect_ == Dialect::sqlite)
-            conditions_.add(name(column) + " = ? COLLATE BINARY");
-        else
-            conditions_.add(name(column) + " = ?");
+        conditions_.add(dialect_.equals(name(column), column));
         parameters_.push_back(std::move(parameter));
     }
 
@@ -168,23 +147,18 @@ class Conditions {
         parameters_.push_back({number + margin, SQL_DOUBLE});
     }
 
-    Dialect dialect_;
+    const Dialect& dialect_;
     List conditions_{" AND "};
     std::vector<Parameter> parameters_;
 };
 
-Conditions conditionsOf(Dialect dialect, const std::vector<ExpectedValue>& expected) {
+Conditions conditionsOf(const Dialect& dialect, const std::vector<ExpectedValue>& expected) {
     Conditions conditions(dialect);
     for (const ExpectedValue& value : expected) conditions.add(value);
     return conditions;
 }
 
 }  // namespace
-
-std::string quotedName(Dialect dialect, const std::string& name) {
-    const std::string quote = dialect == Dialect::mariadb ? "`" : "\"";
-    return quote + replaceText(name, quote, quote + quote, Compare::binary) + quote;
-}
 
 Parameter parameterOf(const Variant& value) {
     if (const bool* flag = value.as<bool>()) return {*flag, SQL_BIT};
@@ -196,7 +170,7 @@ Parameter parameterOf(const Variant& value) {
     throw RuntimeError(error_number::invalidUseOfNull, "Invalid use of Null");
 }
 
-Parameter parameterFor(Dialect dialect, const ColumnInfo& column, const Variant& value) {
+Parameter parameterFor(const Dialect& dialect, const ColumnInfo& column, const Variant& value) {
     if (const bool* flag = value.as<bool>()) {
         if (column.kind == ColumnKind::boolean) return {*flag, SQL_BIT};
         return numberFor(column, static_cast<std::int64_t>(*flag), *flag ? "1" : "0");
@@ -211,51 +185,42 @@ Parameter parameterFor(Dialect dialect, const ColumnInfo& column, const Variant&
     return parameterOf(value);
 }
 
-ParameterizedStatement insertStatement(Dialect dialect, const std::string& table,
+ParameterizedStatement insertStatement(const Dialect& dialect, const std::string& table,
                                        const std::vector<Assignment>& columns) {
     if (columns.empty())
-        return {"INSERT INTO " + table +
-                    (dialect == Dialect::mariadb ? " () VALUES ()" : " DEFAULT VALUES"),
-                {}};
+        return {"INSERT INTO " + table + std::string(dialect.facts().insertOfDefaults), {}};
     List names(", ");
     List places(", ");
     ParameterizedStatement result;
     for (const Assignment& assignment : columns) {
-        names.add(quotedName(dialect, assignment.column->baseName));
+        names.add(dialect.quotedName(assignment.column->baseName));
         places.add(placeFor(dialect, assignment, result.parameters));
     }
     result.text = "INSERT INTO " + table + " (" + names.text() + ") VALUES (" + places.text() + ")";
     return result;
 }
 
-ParameterizedStatement updateStatement(Dialect dialect, const std::string& table,
+ParameterizedStatement updateStatement(const Dialect& dialect, const std::string& table,
                                        const std::vector<Assignment>& columns,
                                        const std::vector<ExpectedValue>& expected) {
     List assignments(", ");
     std::vector<Parameter> parameters;
     for (const Assignment& assignment : columns) {
         const std::string place = placeFor(dialect, assignment, parameters);
-        assignments.add(quotedName(dialect, assignment.column->baseName) + " = " + place);
+        assignments.add(dialect.quotedName(assignment.column->baseName) + " = " + place);
     }
     return conditionsOf(dialect, expected)
         .after("UPDATE " + table + " SET " + assignments.text(), std::move(parameters));
 }
 
-ParameterizedStatement deleteStatement(Dialect dialect, const std::string& table,
+ParameterizedStatement deleteStatement(const Dialect& dialect, const std::string& table,
                                        const std::vector<ExpectedValue>& expected) {
     return conditionsOf(dialect, expected).after("DELETE FROM " + table);
 }
 
-ParameterizedStatement countStatement(Dialect dialect, const std::string& table,
+ParameterizedStatement countStatement(const Dialect& dialect, const std::string& table,
                                       const std::vector<ExpectedValue>& expected) {
     return conditionsOf(dialect, expected).after("SELECT COUNT(*) FROM " + table);
-}
-
-bool isComparable(Dialect dialect, const ColumnInfo& column) {
-    if (column.baseName.empty() || column.kind == ColumnKind::binary) return false;
-    return dialect != Dialect::postgresql ||
-           std::find(typesWithoutEquality.begin(), typesWithoutEquality.end(), column.typeName) ==
-               typesWithoutEquality.end();
 }
 
 }  // namespace catalogador::sql

@@ -5,7 +5,7 @@
 #include <vector>
 
 #include "adapters/sql/column_info.h"
-#include "platform/dialect.h"
+#include "adapters/sql/dialect.h"
 #include "runtime/variant.h"
 
 namespace catalogador::sql {
@@ -37,30 +37,23 @@ struct ExpectedValue {
     std::variant<std::optional<std::string>, Variant, Parameter> value;
 };
 
-/// A name in the quotes of that database.
-std::string quotedName(Dialect dialect, const std::string& name);
-
 /// A value on its own, for a statement whose "?" has no column.
 Parameter parameterOf(const Variant& value);
 /// A value, which must not be Null, for a column: converted where the column holds something
 /// else, but a text is passed on as typed for the database to convert.
-Parameter parameterFor(Dialect dialect, const ColumnInfo& column, const Variant& value);
+Parameter parameterFor(const Dialect& dialect, const ColumnInfo& column, const Variant& value);
 
 /// INSERT of these columns; of none gives a row of default values. `table` is spelled as in SQL.
-ParameterizedStatement insertStatement(Dialect dialect, const std::string& table,
+ParameterizedStatement insertStatement(const Dialect& dialect, const std::string& table,
                                        const std::vector<Assignment>& columns);
 /// UPDATE of the rows that have the expected values. At least one assignment.
-ParameterizedStatement updateStatement(Dialect dialect, const std::string& table,
+ParameterizedStatement updateStatement(const Dialect& dialect, const std::string& table,
                                        const std::vector<Assignment>& columns,
                                        const std::vector<ExpectedValue>& expected);
-ParameterizedStatement deleteStatement(Dialect dialect, const std::string& table,
+ParameterizedStatement deleteStatement(const Dialect& dialect, const std::string& table,
                                        const std::vector<ExpectedValue>& expected);
 /// Counts the rows that have the expected values.
-ParameterizedStatement countStatement(Dialect dialect, const std::string& table,
+ParameterizedStatement countStatement(const Dialect& dialect, const std::string& table,
                                       const std::vector<ExpectedValue>& expected);
-
-/// Whether a value read from that column says reliably that the row is still the same. Columns
-/// that are computed, binary or of a type without equality do not.
-bool isComparable(Dialect dialect, const ColumnInfo& column);
 
 }  // namespace catalogador::sql

@@ -4,6 +4,7 @@
 #include <thread>
 #include <utility>
 
+#include "adapters/sql/dialects/sqlite.h"
 #include "adapters/sql/statement_text.h"
 #include "runtime/error.h"
 #include "runtime/text.h"
@@ -141,7 +142,7 @@ void Database::check(int result) const {
 
 Statement::Statement(Database& database, const std::string& sql, Access access)
     : database_(database), access_(access) {
-    static const sql::SqlSyntax syntax = sql::syntaxOf(Dialect::sqlite);
+    const sql::SqlSyntax& syntax = sql::sqliteDialect().facts().syntax;
     if (sql.find('\0') != std::string::npos)
         throw RuntimeError(error_number::statementFailed,
                            errorText("HY000", "the statement contains a NUL", SQLITE_ERROR));

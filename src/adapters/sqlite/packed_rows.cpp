@@ -4,6 +4,7 @@
 #include <charconv>
 #include <cstring>
 
+#include "adapters/sql/dialects/sqlite.h"
 #include "runtime/error.h"
 #include "runtime/text.h"
 
@@ -88,7 +89,7 @@ std::vector<sql::ColumnInfo> columnsOf(sqlite3_stmt* statement, const std::strin
         column.typeName = textOrNothing(sqlite3_column_decltype(statement, index));
         column.kind = column.typeName.empty()
                           ? sql::ColumnKind::other
-                          : sql::columnKind(Dialect::sqlite, SQL_VARCHAR, column.typeName);
+                          : sql::sqliteDialect().columnKind(SQL_VARCHAR, column.typeName);
         column.sqlType = column.typeName.empty() && hasRow
                              ? sqlTypeOf(statement, index)
                              : sqlTypeOf(column.kind, column.typeName);

@@ -66,7 +66,7 @@ std::string plainName(const std::string& table, const sql::SqlSyntax& syntax) {
 Session::Session(const std::string& file, Opening opening, const sql::Timeouts& timeouts)
     : guarded_(opening == Opening::guarded),
       database_(file, opening == Opening::created, guarded_, timeouts),
-      syntax_(sql::syntaxOf(Dialect::sqlite)),
+      syntax_(sql::sqliteDialect().facts().syntax),
       turns_(betweenTwoLooks) {
     // Any file can be opened; only a statement tells whether it is a database.
     control("Select Count(*) From sqlite_master");

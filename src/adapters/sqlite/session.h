@@ -3,6 +3,7 @@
 #include <string>
 #include <vector>
 
+#include "adapters/sql/dialects/sqlite.h"
 #include "adapters/sql/fair_turns.h"
 #include "adapters/sql/sql_session.h"
 #include "adapters/sqlite/connection.h"
@@ -20,7 +21,7 @@ class Session : public sql::SqlSession, public rdoPlanner {
     Session(const Session&) = delete;
     Session& operator=(const Session&) = delete;
 
-    [[nodiscard]] Dialect dialect() const override { return Dialect::sqlite; }
+    [[nodiscard]] const sql::Dialect& dialect() const override { return sql::sqliteDialect(); }
     [[nodiscard]] const sql::SqlSyntax& syntax() const override { return syntax_; }
 
     /// Only reads in a guarded session, in transactions too.

@@ -4,6 +4,7 @@
 #include <vector>
 
 #include "adapters/sql/data_check.h"
+#include "adapters/sql/dialect.h"
 #include "runtime/convert.h"
 #include "runtime/text.h"
 
@@ -149,14 +150,14 @@ class AutomationResultset : public rdoResultset {
 std::unique_ptr<rdoResultset> AutomationConnection::OpenResultset(const SqlText& sql, int type,
                                                                   int lock) {
     if (listener_ != nullptr) listener_->opened(sql.text(), type, lock);
-    sql::requireDataStaysData(sql, sql::syntaxOf(Dialect::other));
+    sql::requireDataStaysData(sql, sql::standardDialect().facts().syntax);
     return std::make_unique<AutomationResultset>(
         objectIn(connection_.call(L"OpenResultset", {sql.text(), type, lock})), listener_);
 }
 
 std::int64_t AutomationConnection::Execute(const SqlText& sql) {
     if (listener_ != nullptr) listener_->executed(sql.text());
-    sql::requireDataStaysData(sql, sql::syntaxOf(Dialect::other));
+    sql::requireDataStaysData(sql, sql::standardDialect().facts().syntax);
     connection_.call(L"Execute", {sql.text()});
     if (!connection_.has(L"RowsAffected")) return -1;
     return toLong(variantOf(connection_.get(L"RowsAffected").get()), Regional{});
