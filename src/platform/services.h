@@ -17,6 +17,13 @@ constexpr int styleQuestionDefaultNo = 292;
 constexpr int answerYes = 6;
 constexpr int answerNo = 7;
 
+/// Commands of clsUtilidades::MostrarAyuda.
+namespace help_command {
+constexpr int contents = 3;
+/// The page of an id.
+constexpr int page = 15;
+}  // namespace help_command
+
 /// The utility object of the host's service library.
 class clsUtilidades {
   public:
@@ -42,7 +49,7 @@ class clsUtilidades {
     virtual std::string CarpetaVecina(const std::string& path, const std::string& name) = 0;
     /// Opens a file with the program that the desktop associates with it.
     virtual void AbrirArchivo(const std::string& path) = 0;
-    /// Shows help: command 3 contents, command 15 the page of the id in `data`.
+    /// Shows help. `command` is one of help_command; `data` is the id of the page, else 0.
     virtual void MostrarAyuda(Window& window, int command, std::int32_t data) = 0;
 };
 

@@ -6,6 +6,7 @@
 #include <filesystem>
 #include <fstream>
 
+#include "platform/services.h"
 #include "runtime/error.h"
 
 namespace catalogador::help {
@@ -58,8 +59,8 @@ class TemporaryFolder {
 }  // namespace
 
 TEST(HelpPages, CommandThreeIsTheContentsInTheLanguageOfTheScreen) {
-    EXPECT_EQ(pages().page(helpContents, 0, spanish).title, "Índice");
-    EXPECT_EQ(pages().page(helpContents, 0, english).title, "Contents");
+    EXPECT_EQ(pages().page(help_command::contents, 0, spanish).title, "Índice");
+    EXPECT_EQ(pages().page(help_command::contents, 0, english).title, "Contents");
     EXPECT_EQ(pages().page("keys.html", portuguese).title, "As teclas");
 }
 
@@ -69,7 +70,7 @@ TEST(HelpPages, ReadersOfAnUnknownLanguageGetSpanish) {
 }
 
 TEST(HelpPages, CommandFifteenIsThePageOfTheId) {
-    const HelpPage page = pages().page(helpContext, 10, spanish);
+    const HelpPage page = pages().page(help_command::page, 10, spanish);
     EXPECT_EQ(page.name, "countries.html");
     EXPECT_EQ(page.title, "Países");
     EXPECT_TRUE(contains(page.html, "ISO 3166-1"));
@@ -77,7 +78,7 @@ TEST(HelpPages, CommandFifteenIsThePageOfTheId) {
 
 TEST(HelpPages, AnIdWithoutAPageIsNamedAndLeadsToTheContents) {
     for (const int language : {spanish, english}) {
-        const HelpPage page = pages().page(helpContext, 31999, language);
+        const HelpPage page = pages().page(help_command::page, 31999, language);
         EXPECT_TRUE(contains(page.html, "31999"));
         EXPECT_FALSE(contains(page.html, "[id]"));
         EXPECT_TRUE(contains(page.html, "href=\"index.html\""));
@@ -123,9 +124,9 @@ TEST(HelpPages, AMissingContentsPageIsAnErrorWhenItIsAskedFor) {
     folder.write("ids.txt", "7 seven.html\n");
     folder.write("es/seven.html", "<title> Siete </title><body>siete</body>");
     const HelpPages few(folder.path());
-    EXPECT_EQ(few.page(helpContext, 7, spanish).html, "<body>Sietesiete</body>");
-    EXPECT_THROW((void)few.page(helpContents, 0, spanish), RuntimeError);
-    EXPECT_THROW((void)few.page(helpContext, 8, spanish), RuntimeError);
+    EXPECT_EQ(few.page(help_command::page, 7, spanish).html, "<body>Sietesiete</body>");
+    EXPECT_THROW((void)few.page(help_command::contents, 0, spanish), RuntimeError);
+    EXPECT_THROW((void)few.page(help_command::page, 8, spanish), RuntimeError);
 }
 
 }  // namespace catalogador::help

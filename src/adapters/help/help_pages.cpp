@@ -6,6 +6,7 @@
 #include <sstream>
 
 #include "adapters/system/paths.h"
+#include "platform/services.h"
 #include "runtime/error.h"
 #include "runtime/text.h"
 
@@ -88,7 +89,7 @@ HelpPage HelpPages::page(const std::string& link, int language) const {
 }
 
 HelpPage HelpPages::page(int command, std::int32_t id, int language) const {
-    if (command != helpContext) return page(contentsPage, language);
+    if (command != help_command::page) return page(contentsPage, language);
     if (const auto found = ids_.find(id); found != ids_.end()) return page(found->second, language);
     HelpPage unknown = page(unknownIdPage, language);
     unknown.html = replaceText(unknown.html, "[id]", decimalText(id), Compare::binary);

@@ -7,10 +7,6 @@
 
 namespace catalogador::help {
 
-/// Commands of a call for help.
-constexpr int helpContents = 3;
-constexpr int helpContext = 15;
-
 /// One page of help as it is shown: HTML in UTF-8, its pictures relative to `folder`.
 struct HelpPage {
     /// The file's name inside its folder, "filter.html".

@@ -78,8 +78,8 @@ void GridView::paintHeader(wxDC& dc, CellTexts& texts) {
         wxRect cell = columnRect(column);
         if (cell.GetRight() < 0 || cell.x > bar.width) continue;
         cell.height = bar.height;
-        const bool sorted =
-            grid_.sortIndicator() == 5 && grid_.sortColumn() == column && cell.width > 24;
+        const bool sorted = grid_.sortIndicator() == sort_indicator::arrow &&
+                            grid_.sortColumn() == column && cell.width > 24;
         wxRect text = cell;
         if (sorted) text.width -= FromDIP(3 * arrowSize);
         paintText(texts, grid_.header(column), text, 1);

@@ -35,7 +35,7 @@ void ScreenFrame::appendEntry(wxMenu& menu, const ActionPlace& place, const Acti
 wxString ScreenFrame::tooltipOf(const Action& action) const {
     // Nothing but its caption tells whether a filter is applied, and its button shows none.
     const wxString text =
-        action.id == CommandBars::filterAction ? shownCaption(action) : wxText(action.tooltip);
+        action.id == action::filter ? shownCaption(action) : wxText(action.tooltip);
     wxString keys;
     for (const KeyBinding& binding : window_.commandBars.bindings) {
         if (binding.actionId != action.id || (binding.modifiers & bindingControl) == 0) continue;
@@ -110,12 +110,12 @@ void ScreenFrame::addTool(const ActionPlace& place) {
     const Action* action = bars.find(place.actionId);
     if (action == nullptr) return;
     if (place.beginGroup) toolbar_->AddSeparator();
-    if (action->id == CommandBars::filterBoxAction) {
+    if (action->id == action::filterBox) {
         if (!bars.filterBox.visible()) return;
         filterBox_ = new wxTextCtrl(toolbar_, wxID_ANY, "", wxDefaultPosition,
                                     FromDIP(wxSize(bars.filterBoxWidth, -1)));
         bindTextInput(*filterBox_, window_.commandBars.filterBox);
-        if (const Action* filter = bars.find(CommandBars::filterAction))
+        if (const Action* filter = bars.find(action::filter))
             nameForReaders(*filterBox_, wxText(filter->tooltip));
         toolbar_->AddControl(filterBox_);
         return;
@@ -132,7 +132,7 @@ void ScreenFrame::nameToolbar() {
         const Action* action = window_.commandBars.find(place.actionId);
         if (action == nullptr) return;
         if (place.beginGroup) names.emplace_back();
-        const bool box = place.actionId == CommandBars::filterBoxAction;
+        const bool box = place.actionId == action::filterBox;
         if (!box || filterBox_ != nullptr)
             names.push_back(box ? wxString() : shownCaption(*action));
     };

@@ -48,7 +48,7 @@ void CommandBars::setEnabled(int id, bool enabled) {
     Action& action = require(id);
     if (action.enabled == enabled) return;
     action.enabled = enabled;
-    if (id == filterBoxAction) filterBox.setEnabled(enabled);
+    if (id == action::filterBox) filterBox.setEnabled(enabled);
     changed();
 }
 
@@ -101,7 +101,7 @@ std::vector<int> ToolbarButtons::enabledButtons() const {
     for (const auto* places : {&bars_.toolbar, &bars_.quickAccess})
         for (const ActionPlace& place : *places) {
             const Action* action = bars_.find(place.actionId);
-            if (action != nullptr && action->enabled && action->id != CommandBars::filterBoxAction)
+            if (action != nullptr && action->enabled && action->id != action::filterBox)
                 enabled.push_back(action->id);
         }
     return enabled;

@@ -3,6 +3,7 @@
 #include <string>
 #include <vector>
 
+#include "platform/controls/action_ids.h"
 #include "platform/controls/fields.h"
 
 namespace catalogador {
@@ -79,9 +80,6 @@ class ToolbarButtons : public Control {
 /// its edit box, the quick-access buttons, context menus and key bindings.
 class CommandBars {
   public:
-    static constexpr int filterAction = 10;
-    static constexpr int filterBoxAction = 11;
-
     /// Adds an enabled action with the icon of its id.
     void addAction(int id, std::string caption, std::string tooltip, std::string description,
                    std::string category);

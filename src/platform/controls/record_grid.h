@@ -28,6 +28,13 @@ constexpr int ascending = 1;
 constexpr int descending = 2;
 }  // namespace sort_order
 
+/// What the header shows of the sort.
+namespace sort_indicator {
+constexpr int none = 1;
+/// An arrow in the header of the sorted column.
+constexpr int arrow = 5;
+}  // namespace sort_indicator
+
 /// How the list is drawn. Its background, also of the empty part and of every second row, is that
 /// of the control.
 struct GridAppearance {
