@@ -47,15 +47,15 @@ Json textField(const Label& label, const TextBox& box) {
     return field;
 }
 
-Json comboField(const frmCatalogador::ValueField& value) {
-    Json field = labelOf(value.label, value.label.caption());
-    addControl(field, value.combo);
+Json comboField(const ValueField& value) {
+    Json field = labelOf(value.label(), value.label().caption());
+    addControl(field, value.combo());
     Json items = Json::array();
-    for (const ComboBox::Item& item : value.combo.items())
+    for (const ComboBox::Item& item : value.combo().items())
         items.push_back(Json::array({item.text, item.data}));
     field["items"] = std::move(items);
-    field["index"] = value.combo.listIndex();
-    addEnd(field, value.combo, value.label.tag, value.text.tag);
+    field["index"] = value.combo().listIndex();
+    addEnd(field, value.combo(), value.label().tag, value.box().tag);
     return field;
 }
 
@@ -78,16 +78,18 @@ Json yesNoField(const frmCatalogador& form) {
                       onlyUse ? "" : check.tag);
 }
 
-Json fieldsOf(frmCatalogador& form) {
+Json fieldsOf(const frmCatalogador& form) {
     Json fields = Json::object();
-    for (const auto& field : form.textFields())
-        fields[field.text.name()] = textField(field.label, field.text);
-    for (const auto& field : form.valueFields())
-        fields[field.text.name()] = textField(field.label, field.text);
-    for (const auto& field : form.valueFields()) fields[field.combo.name()] = comboField(field);
-    for (const auto& field : form.valueFields())
-        fields[field.check.name()] = checkField(field.label, field.label.caption(), field.check,
-                                                field.label.tag, field.text.tag);
+    for (const TextField* field : form.textFields())
+        fields[field->box().name()] = textField(field->label(), field->box());
+    for (const ValueField* field : form.valueFields())
+        fields[field->box().name()] = textField(field->label(), field->box());
+    for (const ValueField* field : form.valueFields())
+        fields[field->combo().name()] = comboField(*field);
+    for (const ValueField* field : form.valueFields())
+        fields[field->check().name()] =
+            checkField(field->label(), field->label().caption(), field->check(), field->label().tag,
+                       field->box().tag);
     fields[form.chkValorSiNo.name()] = yesNoField(form);
     return fields;
 }

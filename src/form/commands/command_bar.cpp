@@ -64,6 +64,13 @@ std::vector<ActionPlace> editEntries() {
             {action::cancel}};
 }
 
+/// The page of that id, or the contents for an id below 1.
+void showHelp(Window& window, clsUtilidades& utilities, std::int16_t page) {
+    const bool general = page < 1;
+    utilities.MostrarAyuda(window, general ? help_command::contents : help_command::page,
+                           general ? 0 : page);
+}
+
 }  // namespace
 
 void frmCatalogador::CrearAcciones() {
@@ -147,7 +154,7 @@ void frmCatalogador::cmdBars_Execute(int id) {
             case action::cancel:
                 return AccionCancelar();
             case action::help:
-                return MostrarAyuda();
+                return showHelp(*this, host_.utilities, mintIdAyuda);
             case action::filter:
             case action::filterBox:
                 return AccionFiltrar();
@@ -159,14 +166,6 @@ void frmCatalogador::cmdBars_Execute(int id) {
                 return;
         }
     });
-}
-
-void frmCatalogador::MostrarAyuda() {
-    constexpr int helpContents = 3;
-    constexpr int helpContext = 15;
-    const bool general = mintIdAyuda < 1;
-    host_.utilities.MostrarAyuda(*this, general ? helpContents : helpContext,
-                                 general ? 0 : mintIdAyuda);
 }
 
 void frmCatalogador::cmdBars_Resize() {

@@ -1,5 +1,6 @@
 #include "component/clsCatalogador.h"
 #include "form/frmCatalogador.h"
+#include "form/startup/combo_source.h"
 #include "runtime/text.h"
 
 namespace catalogador {
@@ -25,7 +26,7 @@ void frmCatalogador::AccionF2(std::int16_t accion, ComboBox* combo, std::int32_t
         nested.Empresa(mintEmpresa);
         if (!nested.ActivarABM(accion, dato, "") || nested.IDModificado() < 1 || combo == nullptr)
             return;
-        fillCombo(*combo, combo->tag);
+        fillCombo(*this, *combo, combo->tag);
         combo->setListIndex(combo->findItemData(nested.IDModificado()));
         CargarGrilla();
         grdGrilla.refresh();

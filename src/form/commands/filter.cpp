@@ -1,14 +1,27 @@
 #include "form/frmCatalogador.h"
+#include "form/grid/list_rows.h"
 #include "modules/modIds.h"
 #include "modules/modLenguaje.h"
+#include "runtime/base_letters.h"
+#include "runtime/convert.h"
+#include "runtime/like.h"
 #include "runtime/text.h"
 
 namespace catalogador {
 
 namespace {
+
 constexpr int noFilterText = 233;
 constexpr int filteredText = 245;
 constexpr int filteredIcon = 17;
+
+/// Whether the filter tells "Perú" from "peru": the setting FiltroSinAcentos.
+Accents accentsOfFilter(Host& host) {
+    const Variant setting = host.utilities.LeerConfiguracion("VEM04", "FiltroSinAcentos");
+    return leadingNumber(toTextOrEmpty(setting, host.regional)) == 1 ? Accents::ignored
+                                                                     : Accents::count;
+}
+
 }  // namespace
 
 void frmCatalogador::AccionFiltrar() {
@@ -39,26 +52,33 @@ void frmCatalogador::AccionFiltrar() {
         std::string pattern = upperCase(text);
         FiltrarGrilla(pattern);
         mblnSinFiltro = false;
-        showFirstMatch();
+        showFirstMatch(grdGrilla);
         box.setVisible(false);
         mblnFiltroAbierto = false;
     });
 }
 
-void frmCatalogador::showFirstMatch() {
-    if (!mblnSinFiltro && grdGrilla.visibleRows() > 0) grdGrilla.setTopRow(grdGrilla.visibleRow(0));
+void frmCatalogador::FiltrarGrilla(std::string& texto) {
+    trap("FiltrarGrilla", [&] {
+        const Accents accents = accentsOfFilter(host_);
+        if (accents == Accents::ignored) texto = withoutAccents(texto);
+        texto = "*" + upperCase(texto) + "*";
+        // Only a row that is tested shows that a pattern is none.
+        if (hasDataRows(grdGrilla) && grdGrilla.columns() > 0)
+            grdGrilla.filter(LikePattern(texto), accents);
+    });
 }
 
-void frmCatalogador::leaveInput() {
-    TextBox& box = commandBars.filterBox;
-    if (!box.hasFocus()) {
-        if (commandBars.find(action::cancel)->enabled && editMayEnd())
-            commandBars.execute(action::cancel);
-        return;
-    }
-    box.setText("");
-    mblnFiltroAbierto = false;
-    box.setVisible(false);
+void frmCatalogador::SimularFiltrar() {
+    trap("SimularFiltrar", [&] {
+        if (mblnSinFiltro) return;
+        const std::string_view text = trim(commandBars.filterBox.text());
+        mblnSinFiltro = true;
+        if (text.empty()) return;
+        // The filter is applied as if its text had just been entered.
+        mblnFiltroAbierto = true;
+        AccionFiltrar();
+    });
 }
 
 }  // namespace catalogador

@@ -1,4 +1,6 @@
+#include "form/commands/input.h"
 #include "form/frmCatalogador.h"
+#include "modules/modErrores.h"
 #include "modules/modIds.h"
 #include "platform/controls/keys.h"
 #include "runtime/convert.h"
@@ -8,111 +10,134 @@ namespace catalogador {
 
 namespace {
 
-constexpr int fieldTexto1 = 1;
-constexpr int fieldTexto2 = 2;
-constexpr int fieldValorSiNo = 6;
-
 bool isBlank(const TextBox& box) {
     return trim(box.text()).empty();
 }
 
-}  // namespace
-
-void frmCatalogador::wireFields() {
-    wireTextField(textFields_[0], fieldTexto1);
-    wireTextField(textFields_[1], fieldTexto2);
-    for (ValueField& field : valueFields_) wireValueField(field);
-    chkValorSiNo.onKeyPress = [this](char32_t& character) {
-        if (character == key::enter) SiguienteCampo(fieldValorSiNo);
-    };
-    chkValorSiNo.onKeyDown = [this](int& keyCode, int) {
-        if (keyCode == key::f2) runF2(chkValorSiNo.tag, nullptr);
-    };
-    commandBars.filterBox.onKeyPress = [this](char32_t& character) {
-        if (character == key::enter) commandBars.execute(action::filterBox);
-    };
-}
-
-void frmCatalogador::wireText(TextBox& box) {
-    box.onGotFocus = [&box] { box.select(0, lengthInCharacters(box.text())); };
-    box.onKeyDown = [this, &box](int& keyCode, int) {
-        if (keyCode == key::f2) runF2(box.tag, nullptr);
-    };
-}
-
-void frmCatalogador::wireTextField(TextField& field, int number) {
-    wireText(field.text);
-    field.text.onKeyPress = [this, &field, number](char32_t& character) {
-        if (character == key::enter && (!isBlank(field.text) || !required(field.index)))
-            SiguienteCampo(number);
-    };
-}
-
-void frmCatalogador::wireValueField(ValueField& field) {
-    wireText(field.text);
-    // Field numbers of the Enter chain run one ahead of the places in the rule flags.
-    const int number = static_cast<int>(field.index) + 1;
-    field.text.onKeyPress = [this, &field, number](char32_t& character) {
-        if (character == key::enter) {
-            if (!isBlank(field.text) || !required(field.index)) numericStep(field, number);
-        } else if (&field.text == &txtValor3) {
-            exchangeSeparator(character);
-        }
-    };
-    field.check.onKeyPress = [this, number](char32_t& character) {
-        if (character == key::enter) SiguienteCampo(number);
-    };
-    field.check.onKeyDown = [this, &field](int& keyCode, int) {
-        if (keyCode == key::f2) runF2(field.text.tag, nullptr);
-    };
-    field.combo.onKeyPress = [this, &field, number](char32_t& character) {
-        if (character == key::enter && (field.combo.listIndex() != -1 || !required(field.index)))
-            SiguienteCampo(number);
-    };
-    field.combo.onKeyDown = [this, &field](int& keyCode, int) {
-        if (keyCode == key::f2 && field.combo.listIndex() != -1)
-            runF2(field.text.tag, &field.combo);
-    };
-}
-
-void frmCatalogador::exchangeSeparator(char32_t& character) const {
+void exchangeSeparator(const frmCatalogador& form, char32_t& character) {
     const auto single = [](const std::string& text) {
         return text.size() == 1 ? static_cast<char32_t>(text.front()) : U'\0';
     };
-    if (character != 0 && character == single(mstrSeparadorMiles))
-        character = single(mstrSeparadorDecimal);
+    if (character != 0 && character == single(form.thousandsSeparator()))
+        character = single(form.decimalSeparator());
 }
 
-void frmCatalogador::numericStep(ValueField& field, int number) {
-    if (!isNumeric(Variant(field.text.text()), host_.regional)) {
-        field.text.setText("");
-        SiguienteCampo(number - 1);
+/// Enter in a numeric box: what is not a number is erased, then the focus moves on.
+void numericStep(frmCatalogador& form, TextBox& box, int number, const Regional& regional) {
+    if (!isNumeric(Variant(box.text()), regional)) {
+        box.setText("");
+        form.SiguienteCampo(number - 1);
     }
-    SiguienteCampo(number);
+    form.SiguienteCampo(number);
+}
+
+/// Opens the view whose number a tag begins with, if it does, on the selected entry of a combo.
+void runF2(frmCatalogador& form, Host& host, const std::string& tag, ComboBox* combo) {
+    trapped(host, "AccionF2", form.mstrAppName, [&] {
+        const double view = leadingNumber(tag);
+        if (view == 0) return;
+        form.AccionF2(toInteger(Variant(view), host.regional), combo,
+                      combo == nullptr ? 0 : combo->itemData(combo->listIndex()));
+    });
+}
+
+/// Has the events of the fields call the form's procedures.
+class FieldKeys {
+  public:
+    FieldKeys(frmCatalogador& form, Host& host) : form_(form), host_(host) {}
+    void wireTextField(const TextField& field, int number) const;
+    void wireValueField(const ValueField& field, int number) const;
+    /// The tag of `f2Holder` has the F2 action of the check box.
+    void wireCheck(CheckBox& check, const Control& f2Holder, int number) const;
+
+  private:
+    void wireText(TextBox& box) const;
+    void wireF2(Control& control, const Control& f2Holder) const;
+
+    frmCatalogador& form_;
+    Host& host_;
+};
+
+void FieldKeys::wireF2(Control& control, const Control& f2Holder) const {
+    control.onKeyDown = [&form = form_, &host = host_, &f2Holder](int& keyCode, int) {
+        if (keyCode == key::f2) runF2(form, host, f2Holder.tag, nullptr);
+    };
+}
+
+void FieldKeys::wireText(TextBox& box) const {
+    box.onGotFocus = [&box] { box.select(0, lengthInCharacters(box.text())); };
+    wireF2(box, box);
+}
+
+void FieldKeys::wireTextField(const TextField& field, int number) const {
+    wireText(field.box());
+    field.box().onKeyPress = [&form = form_, &field, number](char32_t& character) {
+        if (character == key::enter && (!isBlank(field.box()) || !field.required()))
+            form.SiguienteCampo(number);
+    };
+}
+
+void FieldKeys::wireCheck(CheckBox& check, const Control& f2Holder, int number) const {
+    check.onKeyPress = [&form = form_, number](char32_t& character) {
+        if (character == key::enter) form.SiguienteCampo(number);
+    };
+    wireF2(check, f2Holder);
+}
+
+void FieldKeys::wireValueField(const ValueField& field, int number) const {
+    wireText(field.box());
+    field.box().onKeyPress = [&form = form_, &host = host_, &field, number](char32_t& character) {
+        if (character == key::enter) {
+            if (!isBlank(field.box()) || !field.required())
+                numericStep(form, field.box(), number, host.regional);
+        } else if (&field.box() == &form.txtValor3) {
+            exchangeSeparator(form, character);
+        }
+    };
+    wireCheck(field.check(), field.box(), number);
+    ComboBox& combo = field.combo();
+    combo.onKeyPress = [&form = form_, &field, &combo, number](char32_t& character) {
+        if (character == key::enter && (combo.listIndex() != -1 || !field.required()))
+            form.SiguienteCampo(number);
+    };
+    combo.onKeyDown = [&form = form_, &host = host_, &field, &combo](int& keyCode, int) {
+        if (keyCode == key::f2 && combo.listIndex() != -1)
+            runF2(form, host, field.box().tag, &combo);
+    };
+}
+
+}  // namespace
+
+void wireFields(frmCatalogador& form, Host& host) {
+    const FieldKeys keys(form, host);
+    // Fields are numbered from 1 in the order in which Enter goes through them.
+    int number = 0;
+    for (const TextField* field : form.textFields()) keys.wireTextField(*field, ++number);
+    for (const ValueField* field : form.valueFields()) keys.wireValueField(*field, ++number);
+    keys.wireCheck(form.chkValorSiNo, form.chkValorSiNo, ++number);
+    form.commandBars.filterBox.onKeyPress = [&form](char32_t& character) {
+        if (character == key::enter) form.commandBars.execute(action::filterBox);
+    };
 }
 
 void frmCatalogador::SiguienteCampo(int desde) {
     trap("SiguienteCampo", [&] {
-        if (desde <= fieldTexto1 && kindOf(lblTexto2.tag) > 0) return setFocus(txtTexto2);
-        for (ValueField& field : valueFields_) {
-            if (static_cast<int>(field.index) < desde || field.label.tag == "0") continue;
-            if (field.label.tag == "1") return setFocus(field.text);
-            if (field.label.tag == "2") return setFocus(field.combo);
-            if (field.label.tag == "3" || field.label.tag == "4") return setFocus(field.check);
-            return;
-        }
-        if (desde < fieldValorSiNo && kindOf(chkValorSiNo.tag) > 0) return setFocus(chkValorSiNo);
+        for (std::size_t next = static_cast<std::size_t>(desde); next < fields().size(); ++next)
+            if (Control* stop = fields()[next]->stop()) return setFocus(*stop);
         AccionGrabar();
     });
 }
 
-void frmCatalogador::runF2(const std::string& action, ComboBox* combo) {
-    trap("AccionF2", [&] {
-        const double view = leadingNumber(action);
-        if (view == 0) return;
-        AccionF2(toInteger(Variant(view), host_.regional), combo,
-                 combo == nullptr ? 0 : combo->itemData(combo->listIndex()));
-    });
+void frmCatalogador::leaveInput() {
+    TextBox& box = commandBars.filterBox;
+    if (!box.hasFocus()) {
+        if (commandBars.find(action::cancel)->enabled && confirmDiscard())
+            commandBars.execute(action::cancel);
+        return;
+    }
+    box.setText("");
+    mblnFiltroAbierto = false;
+    box.setVisible(false);
 }
 
 }  // namespace catalogador

@@ -1,8 +1,9 @@
 #include <utility>
 
+#include "form/editing/record_saver.h"
+#include "form/editing/user_lists.h"
 #include "form/frmCatalogador.h"
 #include "modules/modIds.h"
-#include "modules/modImpuestos.h"
 #include "modules/modLenguaje.h"
 #include "runtime/convert.h"
 #include "runtime/text.h"
@@ -14,6 +15,7 @@ namespace {
 constexpr std::int32_t confirmMessage = 100;
 constexpr std::int32_t duplicateRuleMessage = 116;
 constexpr std::int32_t noCodeMessage = 508;
+constexpr std::int32_t noCode = -1;
 
 /// Why there is no new code, for somebody who is to do something about it.
 std::int32_t reasonMessage(ErrorCause cause) {
@@ -29,9 +31,27 @@ std::int32_t reasonMessage(ErrorCause cause) {
     return anyReason;
 }
 
-Date wholeSecond(Date date) {
-    date.nanosecond = 0;
-    return date;
+/// Puts the description of the current error into words for the user, which name the sequence.
+void nameSequenceInError(const std::string& sequence) {
+    CurrentError& error = currentError();
+    const std::string reason =
+        replaceText(ObtenerMensaje(reasonMessage(error.cause)), "[p1]", sequence, Compare::binary);
+    const bool saysAll = error.cause == ErrorCause::sequenceMissing ||
+                         error.cause == ErrorCause::sequenceUsedUp || error.description.empty();
+    error.description = saysAll ? reason : reason + " (" + error.description + ")";
+}
+
+void writeUserLists(frmCatalogador& form, const Regional& regional) {
+    std::int16_t list = user_list::order;
+    if (form.modo() == "1") {
+        std::string codes = codesInOrder(form.grdGrilla);
+        appendCode(codes, decimalText(form.mlngIdDato));
+        form.GrabarLista(form.mlngUsuario, list, codes);
+    }
+    list = user_list::unticked;
+    const bool ticked = form.chkValorSiNo.value() != 0;
+    form.GrabarLista(form.mlngUsuario, list,
+                     untickedCodes(form.grdGrilla, form.mlngIdDato, ticked, regional));
 }
 
 }  // namespace
@@ -45,12 +65,13 @@ std::string frmCatalogador::TextoError() const {
 }
 
 bool frmCatalogador::ChequearUltFechaModificado() {
+    // Hosts and metadata know the name; the stamp is compared where the record is written.
     return trap("ChequearUltFechaModificado", false, [] { return false; });
 }
 
 void frmCatalogador::AccionGrabar() {
     trap("AccionGrabar", [&] {
-        if (!savable() || !GrabarDatos()) return;
+        if (!checkAndConfirm() || !GrabarDatos()) return;
         mlngIdUltimo = mlngIdDato;
         CargarGrilla();
         grdGrilla.refresh();
@@ -58,7 +79,7 @@ void frmCatalogador::AccionGrabar() {
     });
 }
 
-bool frmCatalogador::savable() {
+bool frmCatalogador::checkAndConfirm() {
     for (Control* control : controls()) control->setProblem({});
     if (!ValidoCamposObligatorios()) {
         showNotice(requiredMessage);
@@ -73,7 +94,7 @@ bool frmCatalogador::savable() {
         answerYes)
         return false;
     if (mlngIdVista == viewClassifications &&
-        ValidarClasificacion(mlngIdDato, std::string(trim(txtTexto1.text()))))
+        ValidarClasificacion(mlngIdDato, trimmedText(txtTexto1)))
         return false;
     return VerificarValDuplicados();
 }
@@ -82,80 +103,34 @@ bool frmCatalogador::GrabarDatos() {
     return trap("GrabarDatos", false, [&] {
         if (leadingNumber(mstrModo) != 2 && !drawNewCode()) return false;
         PointerDuring hourglass(surface());
-        mstrSQL =
+        records_.mstrSQL =
             "Select * From genCodigoTexto  Where CTeIDTipoVista = " + decimalText(mlngIdVista) +
             " And  CTeCodigo =" + decimalText(mlngIdDato);
-        openRecords(Purpose::writing);
-        if (!startRow(hourglass)) return false;
-        const Date stamp = writeColumns();
-        if (const std::int32_t problem = updateRecord(stamp); problem != 0) {
-            refuseWrite(hourglass, problem);
-            return false;
+        records_.open(WorkingRecords::Purpose::writing);
+        EditedRecord record{mlngIdVista, mlngIdDato, leadingNumber(mstrModo) == 1, mdatModificado,
+                            std::nullopt};
+        if (mblnPorEmpresa) record.company = mintEmpresa;
+        const std::int32_t problem =
+            RecordSaver(host_, *mrdoCBase, records_, record, mstrAppName).save(fields());
+        records_.mrdoRegistro->Close();
+        if (problem == 0) {
+            if (mlngIdVista == viewClassifications) writeUserLists(*this, host_.regional);
+            return true;
         }
-        mrdoRegistro->Close();
-        if (mlngIdVista == viewClassifications) writeUserLists();
-        return true;
-    });
-}
-
-std::int32_t frmCatalogador::updateRecord(const Date& stamp) {
-    try {
-        mrdoRegistro->Update();
-        return 0;
-    } catch (const RuntimeError& error) {
-        if (error.number() == error_number::rowChanged) return conflictOfRecord();
-        if (error.cause() != ErrorCause::outcomeUnknown) throw;
-        const auto stored = outcomeOfWrite([&] { return isStored(stamp); });
-        if (!stored) return outcomeUnknownMessage;
-        if (!*stored) throw;
-        return 0;
-    }
-}
-
-std::optional<bool> frmCatalogador::outcomeOfWrite(
-    const std::function<std::optional<bool>()>& look) {
-    auto writer = std::exchange(mrdoRegistro, nullptr);
-    const std::optional<bool> stored = look();
-    writer->outcomeFound(stored);
-    if (!mrdoRegistro) mrdoRegistro = std::move(writer);
-    return stored;
-}
-
-std::int32_t frmCatalogador::conflictOfRecord() {
-    openRecords();
-    return mrdoRegistro->atEnd() ? recordGoneMessage : recordChangedMessage;
-}
-
-std::optional<bool> frmCatalogador::isStored(const Date& stamp) {
-    try {
-        openRecords();
-        if (mrdoRegistro->atEnd()) return false;
-        // Nobody else was given this code.
-        if (leadingNumber(mstrModo) == 1) return true;
-        const Date found = stampOfRecord();
-        // A column of whole seconds has cut the stamp off.
-        if (found == stamp || (found == wholeSecond(stamp) && found != mdatModificado)) return true;
-        // What somebody else has written since may be written over this save or without it.
-        if (found > mdatModificado || found == wholeSecond(stamp)) return std::nullopt;
+        hourglass.done();
+        showNotice(problem);
+        if (problem == noReceiptPositionMessage || problem == outcomeUnknownMessage) return false;
+        // The list shows what is stored now.
+        CargarGrilla();
+        grdGrilla.refresh();
         return false;
-    } catch (const RuntimeError&) {
-        return std::nullopt;
-    }
-}
-
-void frmCatalogador::refuseWrite(PointerDuring& hourglass, std::int32_t message) {
-    mrdoRegistro->Close();
-    hourglass.done();
-    showNotice(message);
-    if (message == noReceiptPositionMessage || message == outcomeUnknownMessage) return;
-    CargarGrilla();
-    grdGrilla.refresh();
+    });
 }
 
 bool frmCatalogador::drawNewCode() {
     const std::int32_t code = host_.utilities.ProximoCodigo(*mrdoCBase, gstrNombreVista);
-    if (code == -1) {
-        nameSequenceInError();
+    if (code == noCode) {
+        nameSequenceInError(gstrNombreVista);
         host_.messages.MostrarError(ObtenerMensaje(noCodeMessage), mstrAppName, TextoError());
         return false;
     }
@@ -163,67 +138,32 @@ bool frmCatalogador::drawNewCode() {
     return true;
 }
 
-void frmCatalogador::nameSequenceInError() {
-    CurrentError& error = currentError();
-    const std::string reason = replaceText(ObtenerMensaje(reasonMessage(error.cause)), "[p1]",
-                                           gstrNombreVista, Compare::binary);
-    const bool told = error.cause == ErrorCause::sequenceMissing ||
-                      error.cause == ErrorCause::sequenceUsedUp || error.description.empty();
-    error.description = told ? reason : reason + " (" + error.description + ")";
+void frmCatalogador::GrabarLista(std::int32_t& clave, std::int16_t& lista,
+                                 const std::string& texto) {
+    ignoringErrors([&] {
+        const PointerDuring hourglass(surface());
+        records_.mstrSQL = "Select * From genListas Where LisIDLista = " + decimalText(lista) +
+                           " And LisIDClave = " + decimalText(clave);
+        records_.open(WorkingRecords::Purpose::writing);
+        rdoResultset& row = *records_.mrdoRegistro;
+        if (row.atEnd()) {
+            row.AddNew();
+            row.setValue("LisIDLista", lista);
+            row.setValue("LisIDClave", clave);
+        } else {
+            row.Edit();
+        }
+        row.setValue("LisLista", texto);
+        row.Update();
+        row.Close();
+    });
 }
 
-bool frmCatalogador::startRow(PointerDuring& hourglass) {
-    const std::int32_t problem = leadingNumber(mstrModo) == 1 ? startNewRow() : startChange();
-    if (problem != 0) refuseWrite(hourglass, problem);
-    return problem == 0;
-}
-
-std::int32_t frmCatalogador::startNewRow() {
-    std::int16_t position = 0;
-    if (mlngIdVista == viewTaxes) {
-        position = PosicionLibreTablaReceta(host_, *mrdoCBase, mstrAppName);
-        if (position == -1) return noReceiptPositionMessage;
-    }
-    mrdoRegistro->AddNew();
-    mrdoRegistro->setValue("CTeCodigo", mlngIdDato);
-    mrdoRegistro->setValue("CTeIDTipoVista", mlngIdVista);
-    if (mlngIdVista == viewTaxes) mrdoRegistro->setValue("CTeValor2", position);
-    return 0;
-}
-
-std::int32_t frmCatalogador::startChange() {
-    if (mrdoRegistro->atEnd()) return recordGoneMessage;
-    if (stampOfRecord() > mdatModificado) return recordChangedMessage;
-    mrdoRegistro->Edit();
-    return 0;
-}
-
-Date frmCatalogador::writeColumns() {
-    const auto trimmed = [](const TextBox& box) { return Variant(trim(box.text())); };
-    mrdoRegistro->setValue("CTeTextoCorto", txtTexto1.visible() ? trimmed(txtTexto1)
-                                                                : mrdoRegistro->value("CTeCodigo"));
-    if (txtTexto2.visible())
-        mrdoRegistro->setValue("CTeTextoLargo",
-                               txtTexto2.text().empty() ? Variant(Null{}) : trimmed(txtTexto2));
-    for (ValueField& field : valueFields_)
-        if (kindOf(field.label.tag) > 0) writeValueField(field);
-    if (chkValorSiNo.visible()) mrdoRegistro->setValue("CTeSiNo1", chkValorSiNo.value());
-    const Date stamp = host_.utilities.FechaServidor(*mrdoCBase);
-    mrdoRegistro->setValue("Modificado", stamp);
-    if (mblnPorEmpresa) mrdoRegistro->setValue("CTeValor1", mintEmpresa);
-    return stamp;
-}
-
-void frmCatalogador::writeValueField(ValueField& field) {
-    Variant value = Null{};
-    const int index = field.combo.listIndex();
-    if (field.text.visible() && !field.text.text().empty())
-        value = numberForDatabase(field.text.text());
-    else if (index != -1 && field.combo.visible())
-        value = field.combo.itemData(index);
-    else if (field.check.visible())
-        value = field.check.value();
-    mrdoRegistro->setValue(field.column, value);
+void frmCatalogador::GrabarListaGrilla() {
+    ignoringErrors([&] {
+        std::int16_t list = user_list::order;
+        GrabarLista(mlngUsuario, list, codesInOrder(grdGrilla));
+    });
 }
 
 }  // namespace catalogador

@@ -1,7 +1,9 @@
 #include <algorithm>
 #include <vector>
 
+#include "form/classification.h"
 #include "form/frmCatalogador.h"
+#include "form/grid/list_rows.h"
 #include "modules/modIds.h"
 #include "runtime/convert.h"
 #include "runtime/text.h"
@@ -22,59 +24,36 @@ int widthOf(const std::string& entry) {
     return static_cast<int>(std::clamp(leadingNumber(entry), 0.0, 1.0e6));
 }
 
-}  // namespace
-
-void frmCatalogador::InicializarGrilla() {
-    trap("InicializarGrilla", [&] {
-        const auto text = [&](const char* column) {
-            return toText(mrdoRegistro->value(column), host_.regional);
-        };
-        grdGrilla.tag = text("ABMConsulta");
-        grdGrilla.setColumns(0);
-        grdGrilla.setFormatString(text("ABMColumnasNombre"));
-        hideColumnsOfOtherKeys();
-        mstrAnchoColumnas = text("ABMColumnasAncho");
-        setGridWidths();
-        setGridAlignments(text("ABMColumnasAlineacion"));
-        grdGrilla.addExtraColumn(extraColumnWidth);
-        grdGrilla.clearRows();
-        setGridAppearance();
-    });
-}
-
-void frmCatalogador::hideColumnsOfOtherKeys() {
-    if (mlngIdVista != viewClassifications) return;
-    const std::string application = upperCase(mstrAppKey);
-    const std::array<const char*, 4> shownFor{nullptr, "VEM04", "VEM04", "VEM01"};
-    const int last = std::min(static_cast<int>(shownFor.size()), grdGrilla.columns());
+/// Columns 1 to 3 of the list of view 10 show its values 1 to 3.
+void hideColumnsOfOtherKeys(RecordGrid& grid, const std::string& appKey) {
+    const int last = std::min(classification::lastValue + 1, grid.columns());
     for (int column = 1; column < last; ++column)
-        grdGrilla.setColumnHidden(column,
-                                  application != shownFor[static_cast<std::size_t>(column)]);
+        grid.setColumnHidden(column, !classification::valueIsOffered(column, appKey));
 }
 
-void frmCatalogador::setGridWidths() {
-    const std::vector<std::string> widths = splitText(mstrAnchoColumnas, "|");
-    const int last = std::min(static_cast<int>(widths.size()), grdGrilla.columns());
+void setWidths(RecordGrid& grid, const std::string& list) {
+    const std::vector<std::string> widths = splitText(list, "|");
+    const int last = std::min(static_cast<int>(widths.size()), grid.columns());
     for (int column = 0; column < last; ++column) {
         const int width = widthOf(widths[static_cast<std::size_t>(column)]);
-        const auto length = static_cast<int>(lengthInCharacters(grdGrilla.header(column)));
-        grdGrilla.setColumnWidth(column, width > 0 ? width : length * twipsPerHeaderCharacter);
+        const auto length = static_cast<int>(lengthInCharacters(grid.header(column)));
+        grid.setColumnWidth(column, width > 0 ? width : length * twipsPerHeaderCharacter);
     }
 }
 
-void frmCatalogador::setGridAlignments(const std::string& alignments) {
+void setAlignments(RecordGrid& grid, const std::string& alignments) {
     const std::vector<std::string> codes = splitText(alignments, "|");
-    const int last = std::min(static_cast<int>(codes.size()), grdGrilla.columns());
+    const int last = std::min(static_cast<int>(codes.size()), grid.columns());
     for (int column = 0; column < last; ++column)
-        grdGrilla.setHeaderData(column, leadingNumber(codes[static_cast<std::size_t>(column)]));
+        grid.setHeaderData(column, leadingNumber(codes[static_cast<std::size_t>(column)]));
 }
 
-void frmCatalogador::setGridAppearance() {
+void setGridAppearance(RecordGrid& grid, const CommandBars& bars) {
     GridAppearance look;
     look.gridLines = 4;
     look.wordWrap = false;
-    look.backColorFixed = commandBars.paintColor(fixedBackgroundEntry);
-    look.foreColorFixed = commandBars.paintColor(fixedTextEntry);
+    look.backColorFixed = bars.paintColor(fixedBackgroundEntry);
+    look.foreColorFixed = bars.paintColor(fixedTextEntry);
     look.backColorSel = gold;
     look.foreColorSel = systemHighlightColor;
     look.gridColor = systemButtonShadowColor;
@@ -82,7 +61,27 @@ void frmCatalogador::setGridAppearance() {
     look.headerHeight = 320;
     look.rowHeightMin = 250;
     look.extendLastColumn = true;
-    grdGrilla.setAppearance(look);
+    grid.setAppearance(look);
+}
+
+}  // namespace
+
+void frmCatalogador::InicializarGrilla() {
+    trap("InicializarGrilla", [&] {
+        const auto text = [&](const char* column) {
+            return toText(records_.mrdoRegistro->value(column), host_.regional);
+        };
+        grdGrilla.tag = text("ABMConsulta");
+        grdGrilla.setColumns(0);
+        grdGrilla.setFormatString(text("ABMColumnasNombre"));
+        if (mlngIdVista == viewClassifications) hideColumnsOfOtherKeys(grdGrilla, mstrAppKey);
+        mstrAnchoColumnas = text("ABMColumnasAncho");
+        setWidths(grdGrilla, mstrAnchoColumnas);
+        setAlignments(grdGrilla, text("ABMColumnasAlineacion"));
+        grdGrilla.addExtraColumn(extraColumnWidth);
+        grdGrilla.clearRows();
+        setGridAppearance(grdGrilla, commandBars);
+    });
 }
 
 void frmCatalogador::AjustarAnchoForm() {
@@ -92,6 +91,29 @@ void frmCatalogador::AjustarAnchoForm() {
             if (!grdGrilla.columnHidden(column)) sum += grdGrilla.columnWidth(column);
         setWidth(
             static_cast<int>(std::clamp<std::int64_t>(sum + formMargin, narrowestForm, 1'000'000)));
+    });
+}
+
+void frmCatalogador::grdGrilla_AfterUserResize() {
+    trap("grdGrilla_AfterUserResize", [&] {
+        std::string widths = decimalText(grdGrilla.columnWidth(0));
+        for (int column = 1; column < grdGrilla.listColumns(); ++column)
+            widths += "|" + decimalText(grdGrilla.columnWidth(column));
+        mstrAnchoColumnas = widths;
+        mblnAnchoCambiado = true;
+    });
+}
+
+void frmCatalogador::GuardarAnchoColumnas() {
+    trap("GuardarAnchoColumnas", [&] {
+        const PointerDuring hourglass(surface());
+        records_.mstrSQL = "Select ABMColumnasAncho from Catalogador Where ABMIDFormVista = " +
+                           decimalText(mlngIdVista);
+        records_.open();
+        records_.mrdoRegistro->Edit();
+        records_.mrdoRegistro->setValue("ABMColumnasAncho", mstrAnchoColumnas);
+        records_.mrdoRegistro->Update();
+        records_.mrdoRegistro->Close();
     });
 }
 

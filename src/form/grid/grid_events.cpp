@@ -1,38 +1,40 @@
+#include "form/commands/input.h"
 #include "form/frmCatalogador.h"
+#include "form/grid/list_rows.h"
 #include "modules/modIds.h"
 #include "platform/controls/keys.h"
-#include "runtime/text.h"
 
 namespace catalogador {
 
-namespace {
-constexpr int indicatorArrow = 5;
-constexpr int indicatorNone = 1;
-}  // namespace
-
-void frmCatalogador::wireGrid() {
-    grdGrilla.onDoubleClick = [this](int row, int) {
-        if (row >= RecordGrid::fixedRows) AccionModificar();
+void wireList(frmCatalogador& form) {
+    RecordGrid& grid = form.grdGrilla;
+    grid.onDoubleClick = [&form](int row, int) {
+        if (row >= RecordGrid::fixedRows) form.AccionModificar();
     };
-    grdGrilla.onKeyDown = [this](int& keyCode, int modifiers) {
-        grdGrilla_KeyDown(keyCode);
-        otherKeyInList(keyCode, modifiers);
+    grid.onKeyDown = [&form](int& keyCode, int modifiers) {
+        form.grdGrilla_KeyDown(keyCode);
+        otherKeyInList(form, keyCode, modifiers);
     };
-    grdGrilla.onKeyPress = [this](char32_t& character) {
+    grid.onKeyPress = [&form](char32_t& character) {
         if (character == key::enter)
-            AccionModificar();
+            form.AccionModificar();
         else
-            characterInList(character);
+            characterInList(form, character);
     };
-    grdGrilla.onMouseUp = [this](MouseButton button, int row, int column) {
-        grdGrilla_MouseUp(button, row, column);
+    grid.onMouseUp = [&form](MouseButton button, int row, int column) {
+        form.grdGrilla_MouseUp(button, row, column);
     };
-    grdGrilla.onSort = [this](int column, int order) { grdGrilla_Sort(column, order); };
-    grdGrilla.onAfterUserResize = [this](int, int) { grdGrilla_AfterUserResize(); };
-    grdGrilla.onGotFocus = [this] {
-        if (hasDataRows() && grdGrilla.row() <= RecordGrid::fixedRows)
-            grdGrilla.select(RecordGrid::fixedRows, 0);
+    grid.onSort = [&form](int column, int order) { form.grdGrilla_Sort(column, order); };
+    grid.onAfterUserResize = [&form](int, int) { form.grdGrilla_AfterUserResize(); };
+    grid.onGotFocus = [&grid] {
+        if (hasDataRows(grid) && grid.row() <= RecordGrid::fixedRows)
+            grid.select(RecordGrid::fixedRows, 0);
     };
+}
+
+void showContextMenu(Window& window) {
+    if (const Menu* menu = window.commandBars.contextMenu(gridContextMenu))
+        window.surface().showMenu(window, *menu);
 }
 
 void frmCatalogador::grdGrilla_KeyDown(int& keyCode) {
@@ -45,16 +47,11 @@ void frmCatalogador::grdGrilla_KeyDown(int& keyCode) {
             if (mblnSinFiltro) AccionModificar();
             break;
         case key::menu:
-            showContextMenu();
+            showContextMenu(*this);
             break;
         default:
             break;
     }
-}
-
-void frmCatalogador::showContextMenu() {
-    if (const Menu* menu = commandBars.contextMenu(gridContextMenu))
-        surface().showMenu(*this, *menu);
 }
 
 void frmCatalogador::grdGrilla_MouseUp(MouseButton button, int row, int column) {
@@ -66,41 +63,24 @@ void frmCatalogador::grdGrilla_MouseUp(MouseButton button, int row, int column) 
             grdGrilla.setHeaderData(column, 1 - data);
         } else if (button == MouseButton::right) {
             if (row < grdGrilla.rows()) grdGrilla.select(row, 0);
-            showContextMenu();
+            showContextMenu(*this);
         }
     });
 }
 
 void frmCatalogador::grdGrilla_Sort(int column, int order) {
     if (column >= grdGrilla.listColumns()) {
-        grdGrilla.setSortIndicator(indicatorNone);
+        grdGrilla.setSortIndicator(sort_indicator::none);
         return;
     }
-    const int row = grdGrilla.row();
-    const std::string selected(row >= RecordGrid::fixedRows ? grdGrilla.code(row) : "");
+    const std::string selected = selectedCode(grdGrilla);
     grdGrilla.sort(column, order);
-    if (grdGrilla.sortIndicator() != indicatorArrow) grdGrilla.setSortIndicator(indicatorArrow);
+    if (grdGrilla.sortIndicator() != sort_indicator::arrow)
+        grdGrilla.setSortIndicator(sort_indicator::arrow);
     mintColOrden = static_cast<std::int16_t>(column);
     mintOrden = static_cast<std::int16_t>(order);
     // The user goes on with the record that was selected, wherever the sort puts it.
-    selectCode(selected);
-}
-
-void frmCatalogador::selectCode(const std::string& code) {
-    const int at = code.empty() ? 0 : grdGrilla.findCode(code);
-    if (at == 0) return;
-    grdGrilla.select(at, 0);
-    if (!grdGrilla.rowIsShown(at)) grdGrilla.setTopRow(at);
-}
-
-void frmCatalogador::grdGrilla_AfterUserResize() {
-    trap("grdGrilla_AfterUserResize", [&] {
-        std::string widths = decimalText(grdGrilla.columnWidth(0));
-        for (int column = 1; column < grdGrilla.listColumns(); ++column)
-            widths += "|" + decimalText(grdGrilla.columnWidth(column));
-        mstrAnchoColumnas = widths;
-        mblnAnchoCambiado = true;
-    });
+    selectCode(grdGrilla, selected);
 }
 
 }  // namespace catalogador

@@ -1,8 +1,7 @@
-#include <algorithm>
-#include <optional>
-#include <span>
-
+#include "form/editing/user_lists.h"
 #include "form/frmCatalogador.h"
+#include "form/grid/list_load.h"
+#include "form/grid/list_rows.h"
 #include "modules/modIds.h"
 #include "modules/modLenguaje.h"
 #include "runtime/convert.h"
@@ -13,9 +12,6 @@ namespace catalogador {
 
 namespace {
 
-constexpr int leftCentred = 1;
-/// More than any alignment code that there is.
-constexpr double largestAlignment = 255;
 constexpr std::int32_t listStoppedMessage = 119;
 constexpr std::int32_t readAgainMessage = 122;
 
@@ -37,61 +33,65 @@ class RedrawOff {
     RecordGrid& grid_;
 };
 
-std::size_t at(int column) {
-    return static_cast<std::size_t>(column);
-}
-
-/// nullopt for a text that is neither yes nor no.
-std::optional<bool> yesOrNo(std::string_view text, const Regional& regional) {
-    if (text == "True") return true;
-    if (text == "False") return false;
-    try {
-        return toBoolean(Variant(text), regional);
-    } catch (const RuntimeError&) {
-        return std::nullopt;
+/// While it lives the user sees how far the load is, and can stop it.
+class LoadProgress {
+  public:
+    /// `stopped` becomes true when the user stops the load. `connection` may be null.
+    LoadProgress(Window& window, const RecordGrid& grid, rdoConnection* connection, bool& stopped)
+        : window_(window), grid_(grid), connection_(connection), stopped_(stopped) {
+        if (connection_ != nullptr) connection_->setWaiting([this] { return goOn(); });
     }
+    ~LoadProgress() {
+        if (connection_ != nullptr) connection_->setWaiting(nullptr);
+        window_.surface().progress(window_, 0, 0);
+    }
+    LoadProgress(const LoadProgress&) = delete;
+    LoadProgress& operator=(const LoadProgress&) = delete;
+
+    /// Shows how many rows there are; false once the user wants no more of them.
+    bool goOn() {
+        const int rows = grid_.rows() - RecordGrid::fixedRows;
+        if (!window_.surface().progress(window_, rows, Surface::unknownTotal)) stopped_ = true;
+        return !stopped_;
+    }
+
+    /// Opens the listing; false when the user stopped that.
+    bool open(WorkingRecords& records) {
+        try {
+            records.open();
+            return true;
+        } catch (const RuntimeError&) {
+            if (!stopped_) throw;
+            return false;
+        }
+    }
+
+  private:
+    Window& window_;
+    const RecordGrid& grid_;
+    rdoConnection* connection_;
+    bool& stopped_;
+};
+
+void sortAsLoaded(RecordGrid& grid) {
+    if (!hasDataRows(grid)) return;
+    grid.select(RecordGrid::fixedRows, 0);
+    grid.sort(0, sort_order::ascending);
 }
 
-/// What every cell of the grid is shown as.
-std::span<const std::string_view> trimmed(std::span<std::string_view> texts) {
-    for (std::string_view& text : texts)
-        if (text.data() != nullptr) text = trim(text);
-    return texts;
+void sortAsRemembered(RecordGrid& grid, int column, int order) {
+    if (order == sort_order::none || column >= grid.columns()) return;
+    grid.select(0, column);
+    grid.sort(column, order);
 }
 
 }  // namespace
 
-/// A column of the listing and the cells of it that were read last.
-struct frmCatalogador::ListColumn {
-    bool bit = false;
-    TextBlock cells;
-    /// What the cells of a bit column say, up to one that cannot be read.
-    std::vector<CheckState> checks;
-};
-
-/// While it lives the user sees how far the load is, and can stop it.
-class frmCatalogador::Loading {
-  public:
-    explicit Loading(frmCatalogador& form) : form_(form) {
-        form_.loadStopped_ = false;
-        if (form_.mrdoCBase != nullptr)
-            form_.mrdoCBase->setWaiting([this] { return form_.keepLoading(); });
-    }
-    ~Loading() {
-        if (form_.mrdoCBase != nullptr) form_.mrdoCBase->setWaiting(nullptr);
-        form_.surface().progress(form_, 0, 0);
-    }
-    Loading(const Loading&) = delete;
-    Loading& operator=(const Loading&) = delete;
-
-  private:
-    frmCatalogador& form_;
-};
-
 void frmCatalogador::CargarGrilla() {
+    bool stopped = false;
     trap("CargarGrilla", [&] {
         try {
-            loadList();
+            loadList(stopped);
         } catch (const RuntimeError& error) {
             if (!browsing() || !mayPass(error.cause())) throw;
             throw RuntimeError(error.number(),
@@ -99,59 +99,34 @@ void frmCatalogador::CargarGrilla() {
                                error.cause());
         }
     });
-    if (loadStopped_) tellStopped();
-}
-
-void frmCatalogador::loadList() {
-    if (!mstrModo.empty()) grdGrilla.clearRows();
-    if (grdGrilla.columns() > 0) grdGrilla.addExtraColumn(extraColumnWidth);
-    mstrSQL = listingStatement();
-    const PointerDuring hourglass(surface());
-    if (viewIsKnown_ || !mstrSQL.empty()) {
-        const Loading loading(*this);
-        const bool opened = openListing();
-        const RedrawOff quiet(grdGrilla);
-        if (opened) appendRows();
-        if (opened) mrdoRegistro->Close();
-        ignoringErrors([&] { sortAsLoaded(); });
-    }
-    ignoringErrors([&] { SimularFiltrar(); });
-    ignoringErrors([&] { sortAsRemembered(); });
-    showFirstMatch();
-    ignoringErrors([&] { PosicionarseGrilla(); });
-}
-
-void frmCatalogador::readListAgain() {
-    if (!browsing()) return;
-    const int row = grdGrilla.row();
-    const std::string selected(row >= RecordGrid::fixedRows ? grdGrilla.code(row) : "");
-    CargarGrilla();
-    grdGrilla.refresh();
-    selectCode(selected);
-}
-
-bool frmCatalogador::openListing() {
-    try {
-        openRecords();
-        return true;
-    } catch (const RuntimeError&) {
-        if (!loadStopped_) throw;
-        return false;
-    }
-}
-
-bool frmCatalogador::keepLoading() {
-    if (!surface().progress(*this, grdGrilla.rows() - RecordGrid::fixedRows, Surface::unknownTotal))
-        loadStopped_ = true;
-    return !loadStopped_;
-}
-
-void frmCatalogador::tellStopped() {
-    loadStopped_ = false;
+    if (!stopped) return;
     const std::string rows = decimalText(grdGrilla.rows() - RecordGrid::fixedRows);
     host_.messages.MostrarMensaje(
         replaceText(ObtenerMensaje(listStoppedMessage), "[p1]", rows, Compare::binary),
         styleExclamation, mstrAppName);
+}
+
+void frmCatalogador::loadList(bool& stopped) {
+    if (!mstrModo.empty()) grdGrilla.clearRows();
+    if (grdGrilla.columns() > 0) grdGrilla.addExtraColumn(extraColumnWidth);
+    records_.mstrSQL = listingStatement();
+    const PointerDuring hourglass(surface());
+    if (viewHasMetadata_ || !records_.mstrSQL.empty()) {
+        LoadProgress progress(*this, grdGrilla, mrdoCBase, stopped);
+        const bool opened = progress.open(records_);
+        const RedrawOff quiet(grdGrilla);
+        if (opened) {
+            const bool ticksOfUser = mlngIdVista == viewClassifications;
+            ListLoad(grdGrilla, host_.regional, ticksOfUser ? &mstrListaNoMarcados : nullptr)
+                .append(*records_.mrdoRegistro, [&] { return progress.goOn(); });
+            records_.mrdoRegistro->Close();
+        }
+        ignoringErrors([&] { sortAsLoaded(grdGrilla); });
+    }
+    ignoringErrors([&] { SimularFiltrar(); });
+    ignoringErrors([&] { sortAsRemembered(grdGrilla, mintColOrden, mintOrden); });
+    if (!mblnSinFiltro) showFirstMatch(grdGrilla);
+    ignoringErrors([&] { PosicionarseGrilla(); });
 }
 
 SqlText frmCatalogador::listingStatement() {
@@ -160,114 +135,34 @@ SqlText frmCatalogador::listingStatement() {
     mblnPorEmpresa = containsText(sql.text(), "[prmIdEmpresa]", Compare::text);
     sql.replace(mblnPorEmpresa ? "[prmIdEmpresa]" : "[prmIdEmpresa2]", company, Compare::text);
     if (mlngIdVista == viewClassifications && containsText(sql.text(), "[prm99]", Compare::text)) {
-        std::string codes = BuscarTextoLista(1, mlngUsuario);
+        std::string codes = BuscarTextoLista(user_list::order, mlngUsuario);
         if (codes.empty()) codes = "-1";
         sql.replace("[prm99]", SqlText::ofData(codes, SqlText::Kind::codes), Compare::text);
-        mstrListaNoMarcados = BuscarTextoLista(2, mlngUsuario);
+        mstrListaNoMarcados = BuscarTextoLista(user_list::unticked, mlngUsuario);
     }
     return sql;
 }
 
-void frmCatalogador::appendRows() {
-    const int shown = std::min(mrdoRegistro->columnCount(), grdGrilla.columns());
-    std::vector<ListColumn> list(static_cast<std::size_t>(std::max(0, shown)));
-    for (int column = 0; column < shown; ++column)
-        list[at(column)].bit = column > 0 && isBit(column);
-    for (int column = 0; column < shown - 1; ++column) {
-        const double code = grdGrilla.headerData(column).value_or(0);
-        grdGrilla.setColumnAlignment(
-            column, code > 0 ? static_cast<int>(std::min(code, largestAlignment)) : leftCentred);
-    }
-    while (const std::size_t count = mrdoRegistro->rowsAtHand()) {
-        for (int column = 0; column < shown; ++column)
-            mrdoRegistro->shownTexts(column, host_.regional, list[at(column)].cells);
-        appendBlock(list, count);
-        mrdoRegistro->skipRows(count);
-        if (!keepLoading()) break;
-    }
-    grdGrilla.packRows();
+void frmCatalogador::readListAgain() {
+    if (!browsing()) return;
+    const std::string selected = selectedCode(grdGrilla);
+    CargarGrilla();
+    grdGrilla.refresh();
+    selectCode(grdGrilla, selected);
 }
 
-void frmCatalogador::appendBlock(std::vector<ListColumn>& list, std::size_t count) {
-    std::size_t readable = count;
-    for (ListColumn& column : list)
-        if (column.bit) readable = std::min(readable, readableChecks(column));
-    appendPart(list, 0, readable);
-    // What cannot be read is an error of its row; the rows before it are there.
-    if (readable < count) appendPart(list, readable, readable + 1);
-}
-
-void frmCatalogador::appendPart(std::vector<ListColumn>& list, std::size_t from, std::size_t to) {
-    const int first = grdGrilla.addRows(to - from);
-    for (int number = 0; number < static_cast<int>(list.size()); ++number) {
-        ListColumn& column = list[at(number)];
-        const std::span texts(column.cells.texts.data() + from, to - from);
-        if (number == 0) {
-            setGridCodes(first, texts);
-        } else if (!column.bit) {
-            grdGrilla.setTexts(first, number - 1, trimmed(texts));
-        } else {
-            const bool starts = from < to && first == RecordGrid::fixedRows;
-            if (starts && texts.front().data() != nullptr)
-                grdGrilla.setColumnBoolean(number - 1, true);
-            for (std::size_t i = from; i < to; ++i)
-                setGridCheck(first + static_cast<int>(i - from), number, column, list.front(), i);
+void frmCatalogador::PosicionarseGrilla() {
+    trap("PosicionarseGrilla", [&] {
+        if (mlngIdDato < 1) {
+            if (hasDataRows(grdGrilla)) grdGrilla.select(RecordGrid::fixedRows, 0);
+            return;
         }
-    }
-}
-
-bool frmCatalogador::isBit(int column) const {
-    return mrdoRegistro->column(column).type == bitColumnType;
-}
-
-std::size_t frmCatalogador::readableChecks(ListColumn& column) {
-    const std::vector<std::string_view>& texts = column.cells.texts;
-    column.checks.clear();
-    for (const std::string_view text : texts) {
-        const auto checked = text.data() == nullptr ? false : yesOrNo(text, host_.regional);
-        if (!checked) break;
-        column.checks.push_back(text.data() == nullptr ? CheckState::none
-                                : *checked             ? CheckState::checked
-                                                       : CheckState::unchecked);
-    }
-    return column.checks.size();
-}
-
-void frmCatalogador::setGridCodes(int row, std::span<const std::string_view> codes) {
-    for (const std::string_view code : codes) {
-        if (code.data() != nullptr) grdGrilla.setCode(row, trim(code));
-        ++row;
-    }
-}
-
-void frmCatalogador::setGridCheck(int row, int number, const ListColumn& column,
-                                  const ListColumn& codes, std::size_t index) {
-    const std::string_view text = column.cells.texts[index];
-    if (text.data() == nullptr) return;
-    // Raises what is wrong with a cell that could not be read.
-    if (index == column.checks.size()) (void)toBoolean(Variant(text), host_.regional);
-    CheckState state = column.checks[index];
-    if (mlngIdVista == viewClassifications) {
-        const std::string_view code = codes.cells.texts[index];
-        const Variant value = code.data() == nullptr ? Variant() : Variant(code);
-        const bool unticked =
-            containsText("," + mstrListaNoMarcados + ",", "," + toText(value, host_.regional) + ",",
-                         Compare::binary);
-        state = unticked ? CheckState::unchecked : CheckState::checked;
-    }
-    grdGrilla.setCheck(row, number - 1, state);
-}
-
-void frmCatalogador::sortAsLoaded() {
-    if (!hasDataRows()) return;
-    grdGrilla.select(RecordGrid::fixedRows, 0);
-    grdGrilla.sort(0, sort_order::ascending);
-}
-
-void frmCatalogador::sortAsRemembered() {
-    if (mintOrden == sort_order::none || mintColOrden >= grdGrilla.columns()) return;
-    grdGrilla.select(0, mintColOrden);
-    grdGrilla.sort(mintColOrden, mintOrden);
+        const int row = grdGrilla.findCode(mlngIdDato);
+        if (row == 0) return;
+        grdGrilla.select(row, 0);
+        grdGrilla.setRowHidden(row, false);
+        if (!grdGrilla.rowIsShown(row)) grdGrilla.setTopRow(row);
+    });
 }
 
 std::string frmCatalogador::BuscarTextoLista(std::int16_t lista, std::int32_t clave) {

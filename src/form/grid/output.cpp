@@ -1,4 +1,5 @@
 #include "form/frmCatalogador.h"
+#include "form/grid/list_rows.h"
 #include "modules/modIds.h"
 #include "modules/modLenguaje.h"
 #include "printing/vs_printer.h"
@@ -85,6 +86,24 @@ std::string shortDateTime(const Date& date) {
            ":" + two(date.minute);
 }
 
+/// Writes the rows shown to the file; the extra column is away meanwhile, and stays away until the
+/// next load when that fails.
+void saveGrid(Host& host, Window& window, RecordGrid& grid, const SaveChoice& choice) {
+    const UnmarkedSelection unmarked(grid);
+    grid.removeExtraColumn();
+    if (const std::optional<int> format = formatOf(choice.filterIndex)) {
+        GridFileOptions options;
+        options.title = window.caption();
+        options.regional = host.regional;
+        options.progress = [&](int done, int total) {
+            return host.surface.progress(window, done, total);
+        };
+        host.gridFiles.save(grid, choice.path, *format, options);
+    }
+    host.surface.processEvents();
+    grid.addExtraColumn(extraColumnWidth);
+}
+
 }  // namespace
 
 std::string frmCatalogador::ObtenerDirInicial() {
@@ -105,29 +124,13 @@ void frmCatalogador::AccionExportarDatosGrilla() {
         dialog.filter = ObtenerMensaje(saveDialogFilter);
         const std::optional<SaveChoice> choice = host_.surface.saveDialog(dialog);
         if (!choice || choice->path.empty()) return;
-        saveGrid(*choice);
+        saveGrid(host_, *this, grdGrilla, *choice);
         if (host_.messages.MostrarMensaje(ObtenerMensaje(openFileQuestion), styleQuestion,
                                           mstrAppName) != answerYes)
             return;
         host_.surface.processEvents();
         host_.utilities.AbrirArchivo(choice->path);
     });
-}
-
-void frmCatalogador::saveGrid(const SaveChoice& choice) {
-    const UnmarkedSelection unmarked(grdGrilla);
-    grdGrilla.removeExtraColumn();
-    if (const std::optional<int> format = formatOf(choice.filterIndex)) {
-        GridFileOptions options;
-        options.title = caption();
-        options.regional = host_.regional;
-        options.progress = [this](int done, int total) {
-            return host_.surface.progress(*this, done, total);
-        };
-        host_.gridFiles.save(grdGrilla, choice.path, *format, options);
-    }
-    host_.surface.processEvents();
-    grdGrilla.addExtraColumn(extraColumnWidth);
 }
 
 void frmCatalogador::AccionImprimirDatosGrilla() {

@@ -1,4 +1,5 @@
 #include "form/frmCatalogador.h"
+#include "form/grid/list_rows.h"
 #include "modules/modIds.h"
 #include "modules/modLenguaje.h"
 #include "platform/controls/keys.h"
@@ -31,10 +32,9 @@ std::string grouped(int number, const std::string& separator) {
     return text;
 }
 
-}  // namespace
-
-std::string frmCatalogador::keyOfAction(int id) const {
-    for (const KeyBinding& binding : commandBars.bindings) {
+/// "Ctrl+G": the key bound to an action, empty when it has none.
+std::string keyOfAction(const CommandBars& bars, int id) {
+    for (const KeyBinding& binding : bars.bindings) {
         if (binding.actionId != id || binding.modifiers != bindingControl) continue;
         std::string name = "Ctrl+";
         appendCharacter(name, static_cast<char32_t>(binding.keyCode));
@@ -43,8 +43,10 @@ std::string frmCatalogador::keyOfAction(int id) const {
     return {};
 }
 
+}  // namespace
+
 std::string frmCatalogador::statusText() const {
-    if (!browsing()) return filled(nextStepText, keyOfAction(action::save));
+    if (!browsing()) return filled(nextStepText, keyOfAction(commandBars, action::save));
     const std::string all = grouped(grdGrilla.rows() - RecordGrid::fixedRows, mstrSeparadorMiles);
     if (!mblnSinFiltro)
         return filled(filteredCountText, grouped(grdGrilla.visibleRows(), mstrSeparadorMiles), all,
@@ -55,9 +57,10 @@ std::string frmCatalogador::statusText() const {
 }
 
 std::string frmCatalogador::emptyListText() const {
-    if (!hasDataRows()) return filled(noRecordsText, keyOfAction(action::create));
+    if (!hasDataRows(grdGrilla))
+        return filled(noRecordsText, keyOfAction(commandBars, action::create));
     return filled(noMatchText, std::string(trim(commandBars.filterBox.text())),
-                  keyOfAction(action::filter));
+                  keyOfAction(commandBars, action::filter));
 }
 
 }  // namespace catalogador

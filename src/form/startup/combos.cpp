@@ -1,4 +1,5 @@
 #include "form/frmCatalogador.h"
+#include "form/startup/combo_source.h"
 #include "modules/modIds.h"
 #include "runtime/convert.h"
 #include "runtime/error.h"
@@ -6,12 +7,12 @@
 
 namespace catalogador {
 
-void frmCatalogador::fillCombo(ComboBox& combo, const std::string& source) {
+void fillCombo(frmCatalogador& form, ComboBox& combo, const std::string& source) {
     if (upperCase(leftCharacters(source, 6)) == "SELECT") {
         std::string sql = source;
-        CargoComboXSQL(sql, combo, "");
+        form.CargoComboXSQL(sql, combo, "");
     } else {
-        CargoComboXArray(source, combo);
+        form.CargoComboXArray(source, combo);
     }
 }
 

@@ -1,6 +1,7 @@
 #include <algorithm>
 
 #include "form/frmCatalogador.h"
+#include "form/grid/list_rows.h"
 #include "modules/modIds.h"
 #include "runtime/convert.h"
 #include "runtime/text.h"
@@ -9,10 +10,16 @@ namespace catalogador {
 
 namespace {
 
-constexpr Color panelColor{0x00DECFCE};
 constexpr float widestForm = 1.0e6F;
 constexpr int minimumWidth = 5000;
 constexpr int minimumHeight = 4000;
+
+void centreOnScreen(Window& window) {
+    const Rect screen = window.surface().monitorOf(window);
+    const Rect& place = window.place();
+    window.move({screen.left + (screen.width - place.width) / 2,
+                 screen.top + (screen.height - place.height) / 2, place.width, place.height});
+}
 
 }  // namespace
 
@@ -32,23 +39,18 @@ void frmCatalogador::Form_Load() {
     OpcionesRibbon();
     ignoringErrors([&] { AjustarAnchoForm(); });
     ignoringErrors([&] { SetButtonState(true); });
-    ignoringErrors([&] { centreOnScreen(); });
+    ignoringErrors([&] { centreOnScreen(*this); });
     ignoringErrors([&] { commandBars.recalcLayout(); });
     ignoringErrors([&] { LimpiarControles(); });
     ignoringErrors([&] { openAtStart(); });
-}
-
-void frmCatalogador::centreOnScreen() {
-    const Rect screen = surface().monitorOf(*this);
-    move({screen.left + (screen.width - place().width) / 2,
-          screen.top + (screen.height - place().height) / 2, place().width, place().height});
 }
 
 void frmCatalogador::openAtStart() {
     if (mlngIdDato >= 1) {
         // A code that is not in the list must not open the record that happens to be selected.
         const int row = grdGrilla.row();
-        if (row >= RecordGrid::fixedRows && rowHasCode(row, mlngIdDato)) AccionModificar();
+        if (row >= RecordGrid::fixedRows && rowHasCode(grdGrilla, row, mlngIdDato, host_.regional))
+            AccionModificar();
         if (browsing()) mlngIdDato = 0;
     } else if (mlngIdDato == -1) {
         txtTexto1.setText(mstrValorTexto1);
@@ -64,26 +66,28 @@ void frmCatalogador::InicializarForm() {
         mblnSinFiltro = true;
         mlngIdUltimo = 0;
         const PointerDuring hourglass(surface());
-        mstrSQL = "Select * From Catalogador Where ABMIDFormVista = " + decimalText(mlngIdVista);
-        openRecords();
-        viewIsKnown_ = !mrdoRegistro->atEnd();
-        if (viewIsKnown_) {
+        records_.mstrSQL =
+            "Select * From Catalogador Where ABMIDFormVista = " + decimalText(mlngIdVista);
+        records_.open();
+        viewHasMetadata_ = !records_.mrdoRegistro->atEnd();
+        if (viewHasMetadata_) {
             readViewRow();
             InicializarGrilla();
         }
-        mrdoRegistro->Close();
+        records_.mrdoRegistro->Close();
     });
 }
 
 void frmCatalogador::readViewRow() {
-    const std::string title = textOrEmpty("ABMTitulo");
+    const std::string title = records_.textOrEmpty("ABMTitulo");
     setCaption(title);
     mstrAppName = title;
-    gstrNombreVista = textOrEmpty("ABMNombreVista");
-    const float width = toSingle(mrdoRegistro->value("ABMAnchoForm"), host_.regional);
+    gstrNombreVista = records_.textOrEmpty("ABMNombreVista");
+    const float width = toSingle(records_.mrdoRegistro->value("ABMAnchoForm"), host_.regional);
     setWidth(static_cast<int>(std::clamp(width, 0.0F, widestForm)));
-    mstrSQLDuplicados = host_.utilities.TextoDe(mrdoRegistro->value("ABMSQLValidarDuplicados"));
-    const Variant help = mrdoRegistro->value("ABMIDAyuda");
+    mstrSQLDuplicados =
+        host_.utilities.TextoDe(records_.mrdoRegistro->value("ABMSQLValidarDuplicados"));
+    const Variant help = records_.mrdoRegistro->value("ABMIDAyuda");
     mintIdAyuda = help.isNull() ? std::int16_t{0} : toInteger(help, host_.regional);
 }
 
@@ -93,7 +97,7 @@ void frmCatalogador::Form_QueryUnload() {
 
 void frmCatalogador::Form_Unload() {
     if (mblnAnchoCambiado) GuardarAnchoColumnas();
-    mrdoRegistro.reset();
+    records_.mrdoRegistro.reset();
     mrdoCBase = nullptr;
 }
 
