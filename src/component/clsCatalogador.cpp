@@ -1,6 +1,7 @@
 #include "component/clsCatalogador.h"
 
 #include "form/frmCatalogador.h"
+#include "modules/messages.h"
 #include "modules/modErrores.h"
 #include "modules/modIds.h"
 #include "modules/modLenguaje.h"
@@ -10,8 +11,6 @@
 namespace catalogador {
 
 namespace {
-constexpr std::int32_t activationErrorMessage = 901;
-constexpr std::int32_t addNewErrorMessage = 902;
 constexpr std::uint8_t resultKnownOrNoCode = 0;
 constexpr std::uint8_t resultAdded = 1;
 constexpr std::uint8_t resultMissingArgument = 9;
@@ -35,7 +34,7 @@ bool clsCatalogador::ActivarABM(std::int16_t ABM, std::int32_t IDValor, const st
         showForm(ABM, IDValor, Valor);
         return true;
     } catch (const RuntimeError& error) {
-        report(activationErrorMessage, error);
+        report(message::activationFailed, error);
         return false;
     }
 }
@@ -65,7 +64,7 @@ std::uint8_t clsCatalogador::AddNew(std::int16_t IDVista, const std::string& Nom
         insertText(IDVista, NombreVista, Valor, result);
     } catch (const RuntimeError& error) {
         const bool unknown = error.cause() == ErrorCause::outcomeUnknown;
-        report(unknown ? outcomeUnknownMessage : addNewErrorMessage, error);
+        report(unknown ? message::outcomeUnknown : message::addingFailed, error);
     }
     return result;
 }

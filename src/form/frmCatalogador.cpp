@@ -3,6 +3,7 @@
 #include <algorithm>
 
 #include "form/commands/input.h"
+#include "modules/messages.h"
 #include "modules/modLenguaje.h"
 #include "runtime/text.h"
 
@@ -11,7 +12,6 @@ namespace catalogador {
 namespace {
 
 constexpr Rect designPlace{0, 0, 6500, 6000};
-constexpr std::int32_t textRefusedMessage = 121;
 
 /// The native window of a form, which goes away even when an error escapes from the form.
 class OpenForm {
@@ -47,7 +47,7 @@ RuntimeError inWords(const DataRefused& refused, const frmCatalogador& form) {
     std::replace_if(
         shown.begin(), shown.end(), [](unsigned char c) { return c < ' '; }, ' ');
     const std::string text =
-        replaceText(ObtenerMensaje(textRefusedMessage), "[p2]", place, Compare::binary);
+        replaceText(ObtenerMensaje(message::textRefused), "[p2]", place, Compare::binary);
     return {refused.number(), replaceText(text, "[p1]", shown, Compare::binary)};
 }
 

@@ -2,6 +2,7 @@
 
 #include <utility>
 
+#include "modules/messages.h"
 #include "modules/modIds.h"
 #include "runtime/convert.h"
 #include "runtime/error.h"
@@ -50,7 +51,7 @@ std::optional<bool> WorkingRecords::outcomeOfWrite(
 
 std::int32_t WorkingRecords::conflict() {
     open();
-    return mrdoRegistro->atEnd() ? recordGoneMessage : recordChangedMessage;
+    return mrdoRegistro->atEnd() ? message::recordGone : message::recordChanged;
 }
 
 }  // namespace catalogador

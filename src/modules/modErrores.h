@@ -3,13 +3,11 @@
 #include <string>
 #include <string_view>
 
+#include "modules/messages.h"
 #include "platform/host.h"
 #include "runtime/error.h"
 
 namespace catalogador {
-
-/// Message number of the error that any procedure of the form or of the modules can end with.
-constexpr std::int32_t procedureErrorMessage = 500;
 
 /// Number of the message that tells the user what could not be done when that procedure failed; 0
 /// for a procedure without one.
@@ -29,9 +27,9 @@ Result trapped(Host& host, const char* procedure, const std::string& application
     try {
         return body();
     } catch (const RuntimeError& error) {
-        reportError(host, procedureErrorMessage, procedure, applicationName, error);
+        reportError(host, message::procedureFailed, procedure, applicationName, error);
     } catch (const std::bad_alloc&) {
-        reportError(host, procedureErrorMessage, procedure, applicationName,
+        reportError(host, message::procedureFailed, procedure, applicationName,
                     RuntimeError(7, "Out of memory"));
     }
     return failure;

@@ -28,15 +28,6 @@ class PointerDuring {
     Surface* surface_;
 };
 
-/// Message about a required field that is empty.
-constexpr std::int32_t requiredMessage = 101;
-
-/// Messages about a record that could not be written.
-constexpr std::int32_t recordGoneMessage = 113;
-constexpr std::int32_t recordChangedMessage = 114;
-constexpr std::int32_t noReceiptPositionMessage = 118;
-constexpr std::int32_t outcomeUnknownMessage = 120;
-
 /// Views with behaviour of their own.
 constexpr int viewClassifications = 10;
 constexpr int viewTaxes = 16;

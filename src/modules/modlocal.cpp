@@ -1,5 +1,6 @@
 #include "modules/modlocal.h"
 
+#include "modules/messages.h"
 #include "modules/modErrores.h"
 #include "modules/modIds.h"
 #include "modules/modLenguaje.h"
@@ -47,8 +48,8 @@ bool ruleAllows(Host& host, rdoConnection& conexion, const ViewAccess& access, s
     ObtenerPermisos(host, conexion, parts[0], company, "", permisos, usuario);
     if (!permisos.empty() && containsText(permisos, parts[1], Compare::text)) return true;
     host.messages.MostrarMensaje(
-        replaceText(ObtenerMensaje(117), "[p]", access.title, Compare::binary), styleExclamation,
-        "ATENCIÓN");
+        replaceText(ObtenerMensaje(message::noRightToOpen), "[p]", access.title, Compare::binary),
+        styleExclamation, "ATENCIÓN");
     return false;
 }
 

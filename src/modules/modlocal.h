@@ -7,7 +7,7 @@
 namespace catalogador {
 
 /// Whether the current user may open a view. `usuario` is filled in when it is unknown (-1) or
-/// when the view has an access rule. Shows message 117 when the right is missing. An error is
+/// when the view has an access rule. Tells the user when the right is missing. An error is
 /// reported and gives false.
 bool ValidarAccesoForm(Host& host, rdoConnection& conexion, std::int16_t idVista,
                        std::int16_t empresa, const std::string& appKey, std::int32_t& usuario);

@@ -1,5 +1,6 @@
 #include <gtest/gtest.h>
 
+#include "modules/messages.h"
 #include "modules/modErrores.h"
 #include "modules/modLenguaje.h"
 #include "told_host.h"
@@ -10,7 +11,7 @@ namespace {
 class ErrorNotices : public testing::Test {
   protected:
     test::ToldMessages::Error told(const std::string& procedure) {
-        reportError(told_.host, procedureErrorMessage, procedure, "Países",
+        reportError(told_.host, message::procedureFailed, procedure, "Países",
                     RuntimeError(40002, "no such table"));
         return told_.messages.errors.back();
     }

@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <utility>
 
+#include "modules/messages.h"
 #include "modules/modIds.h"
 #include "modules/modLenguaje.h"
 
@@ -38,7 +39,7 @@ std::vector<std::string> Desk::takeTold() {
 }
 
 bool Desk::isUnknown(const std::vector<std::string>& told) {
-    const std::string words = ObtenerMensaje(outcomeUnknownMessage);
+    const std::string words = ObtenerMensaje(message::outcomeUnknown);
     return std::any_of(told.begin(), told.end(),
                        [&](const std::string& text) { return text.starts_with(words); });
 }

@@ -5,6 +5,7 @@
 #include "adapters/wx/printing.h"
 #include "adapters/wx/window_texts.h"
 #include "adapters/wx/wx_surface.h"
+#include "modules/messages.h"
 #include "modules/modLenguaje.h"
 #include "runtime/error.h"
 #include "runtime/text.h"
@@ -14,11 +15,9 @@ namespace catalogador::desktop {
 namespace {
 
 wx::HelpLabels helpLabels() {
-    constexpr std::int32_t helpCaption = 224;
-    namespace number = wx::window_text;
-    return {replaceText(ObtenerMensaje(helpCaption), "&", "", Compare::binary),
-            wx::windowText(number::back), wx::windowText(number::forward),
-            wx::windowText(number::contents), wx::windowText(number::close)};
+    return {replaceText(ObtenerMensaje(message::helpCaption), "&", "", Compare::binary),
+            wx::windowText(message::helpBack), wx::windowText(message::helpForward),
+            wx::windowText(message::helpContents), wx::windowText(message::closeButton)};
 }
 
 class WxScreen : public RealScreen {

@@ -7,7 +7,7 @@ namespace catalogador::wx {
 
 wxString fieldDescription(bool required, const wxString& problem) {
     if (!required) return problem;
-    const wxString mark = wxText(windowText(window_text::required));
+    const wxString mark = wxText(windowText(message::requiredField));
     return problem.empty() ? mark : mark + ". " + problem;
 }
 

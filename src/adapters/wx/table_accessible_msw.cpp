@@ -19,7 +19,7 @@ constexpr std::size_t keptParts = 1000;
 wxString sortText(std::string_view sort) {
     if (sort == "none") return {};
     return wxText(
-        windowText(sort == "ascending" ? window_text::ascending : window_text::descending));
+        windowText(sort == "ascending" ? message::sortedAscending : message::sortedDescending));
 }
 
 /// The row that a step leads to from a row, which is the same for a step to the side.

@@ -12,14 +12,13 @@ BoxLabels boxLabels() {
     const auto textOr = [](std::int32_t number, const char* spanish) {
         return messageIfKnown(number).value_or(spanish);
     };
-    return {
-        textOr(window_text::yes, "&Sí"),
-        textOr(window_text::no, "&No"),
-        textOr(window_text::ok, "&Aceptar"),
-        textOr(window_text::question, "Pregunta"),
-        textOr(window_text::notice, "Aviso"),
-        textOr(window_text::error, "Error"),
-        textOr(window_text::replaceFile, "El archivo \"[p1]\" ya existe. ¿Desea reemplazarlo?")};
+    return {textOr(message::yesButton, "&Sí"),
+            textOr(message::noButton, "&No"),
+            textOr(message::okButton, "&Aceptar"),
+            textOr(message::questionTitle, "Pregunta"),
+            textOr(message::noticeTitle, "Aviso"),
+            textOr(message::errorTitle, "Error"),
+            textOr(message::replaceFile, "El archivo \"[p1]\" ya existe. ¿Desea reemplazarlo?")};
 }
 
 }  // namespace catalogador::wx

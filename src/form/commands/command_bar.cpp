@@ -1,4 +1,5 @@
 #include "form/frmCatalogador.h"
+#include "modules/messages.h"
 #include "modules/modIds.h"
 #include "modules/modLenguaje.h"
 #include "platform/controls/keys.h"
@@ -12,39 +13,49 @@ namespace {
 /// Message numbers of an action's texts; 0 stands for the empty text.
 struct ActionTexts {
     int id;
-    int caption;
-    int tooltip;
-    int description;
-    int category;
+    std::int32_t caption;
+    std::int32_t tooltip;
+    std::int32_t description;
+    std::int32_t category;
 };
 
 constexpr std::array<ActionTexts, 13> actionTexts{{
-    {action::editMenu, 200, 0, 0, 0},
-    {action::helpMenu, 204, 0, 0, 0},
-    {action::create, 208, 209, 210, 211},
-    {action::modify, 212, 213, 214, 211},
-    {action::remove, 215, 216, 217, 211},
-    {action::save, 218, 219, 220, 211},
-    {action::cancel, 221, 222, 223, 211},
-    {action::help, 224, 225, 226, 227},
-    {action::filter, 232, 233, 234, 235},
-    {action::filterBox, 0, 0, 234, 235},
-    {action::application, 228, 229, 230, 231},
-    {action::exportRows, 237, 238, 239, 240},
-    {action::printRows, 241, 242, 243, 244},
+    {action::editMenu, message::editCaption, 0, 0, 0},
+    {action::helpMenu, message::helpMenuCaption, 0, 0, 0},
+    {action::create, message::createCaption, message::createTooltip, message::createDescription,
+     message::recordCategory},
+    {action::modify, message::modifyCaption, message::modifyTooltip, message::modifyDescription,
+     message::recordCategory},
+    {action::remove, message::deleteCaption, message::deleteTooltip, message::deleteDescription,
+     message::recordCategory},
+    {action::save, message::saveCaption, message::saveTooltip, message::saveDescription,
+     message::recordCategory},
+    {action::cancel, message::cancelCaption, message::cancelTooltip, message::cancelDescription,
+     message::recordCategory},
+    {action::help, message::helpCaption, message::helpTooltip, message::helpDescription,
+     message::helpCategory},
+    {action::filter, message::filterCaption, message::filterTooltip, message::filterDescription,
+     message::filterCategory},
+    {action::filterBox, 0, 0, message::filterDescription, message::filterCategory},
+    {action::application, message::applicationCaption, message::applicationTooltip,
+     message::applicationDescription, message::applicationCategory},
+    {action::exportRows, message::exportCaption, message::exportTooltip, message::exportDescription,
+     message::exportCategory},
+    {action::printRows, message::printCaption, message::printTooltip, message::printDescription,
+     message::printCategory},
 }};
 
 struct AcceleratorText {
-    int message;
+    std::int32_t letter;
     int actionId;
 };
 
 constexpr std::array<AcceleratorText, 5> acceleratorTexts{{
-    {246, action::create},
-    {247, action::modify},
-    {248, action::remove},
-    {249, action::save},
-    {250, action::cancel},
+    {message::createLetter, action::create},
+    {message::modifyLetter, action::modify},
+    {message::deleteLetter, action::remove},
+    {message::saveLetter, action::save},
+    {message::cancelLetter, action::cancel},
 }};
 
 /// Commands that stand in no menu; the letters of the language come first.
@@ -53,8 +64,6 @@ constexpr std::array<KeyBinding, 3> furtherBindings{{
     {bindingControl, 'P', action::printRows},
     {bindingControl | bindingShift, 'S', action::exportRows},
 }};
-
-constexpr int groupCaptionText = 236;
 
 std::vector<ActionPlace> editEntries() {
     return {{action::create},
@@ -75,8 +84,8 @@ void showHelp(Window& window, clsUtilidades& utilities, std::int16_t page) {
 
 void frmCatalogador::CrearAcciones() {
     trap("CrearAcciones", [&] {
-        const auto text = [](int message) {
-            return message == 0 ? std::string() : ObtenerMensaje(message);
+        const auto text = [](std::int32_t number) {
+            return number == 0 ? std::string() : ObtenerMensaje(number);
         };
         for (const ActionTexts& entry : actionTexts)
             commandBars.addAction(entry.id, text(entry.caption), text(entry.tooltip),
@@ -98,7 +107,7 @@ void frmCatalogador::CrearRibbon() {
                                {action::cancel},
                                {action::filter, true},
                                {action::filterBox}};
-        commandBars.groupCaption = ObtenerMensaje(groupCaptionText);
+        commandBars.groupCaption = ObtenerMensaje(message::groupCaption);
     });
 }
 
@@ -111,7 +120,7 @@ void frmCatalogador::CrearContextMenues() {
 void frmCatalogador::CrearAceleradores() {
     trap("CrearAceleradores", [&] {
         for (const AcceleratorText& entry : acceleratorTexts) {
-            const std::string letter = ObtenerMensaje(entry.message);
+            const std::string letter = ObtenerMensaje(entry.letter);
             if (letter.empty()) continue;
             std::size_t first = 0;
             commandBars.bindings.push_back(

@@ -1,5 +1,6 @@
 #include "form/frmCatalogador.h"
 #include "form/grid/list_rows.h"
+#include "modules/messages.h"
 #include "modules/modIds.h"
 #include "modules/modLenguaje.h"
 #include "runtime/base_letters.h"
@@ -11,8 +12,6 @@ namespace catalogador {
 
 namespace {
 
-constexpr int noFilterText = 233;
-constexpr int filteredText = 245;
 constexpr int filteredIcon = 17;
 
 /// Whether the filter tells "Perú" from "peru": the setting FiltroSinAcentos.
@@ -30,7 +29,7 @@ void frmCatalogador::AccionFiltrar() {
         if (!mblnFiltroAbierto) {
             commandBars.setChecked(action::filter, false);
             commandBars.setIcon(action::filter, action::filter);
-            commandBars.setCaption(action::filter, ObtenerMensaje(noFilterText));
+            commandBars.setCaption(action::filter, ObtenerMensaje(message::filterTooltip));
             grdGrilla.showAllRows();
             grdGrilla.bringIntoSight(grdGrilla.row());
             mblnSinFiltro = true;
@@ -48,7 +47,7 @@ void frmCatalogador::AccionFiltrar() {
         }
         commandBars.setChecked(action::filter, true);
         commandBars.setIcon(action::filter, filteredIcon);
-        commandBars.setCaption(action::filter, ObtenerMensaje(filteredText));
+        commandBars.setCaption(action::filter, ObtenerMensaje(message::filteredCaption));
         std::string pattern = upperCase(text);
         FiltrarGrilla(pattern);
         mblnSinFiltro = false;

@@ -1,5 +1,6 @@
 #include "form/frmCatalogador.h"
 #include "form/grid/list_rows.h"
+#include "modules/messages.h"
 #include "modules/modEliminar.h"
 #include "modules/modIds.h"
 #include "modules/modLenguaje.h"
@@ -8,8 +9,6 @@
 namespace catalogador {
 
 namespace {
-
-constexpr std::int32_t confirmDeleteMessage = 102;
 
 void showRowToDelete(RecordGrid& grid, int row) {
     // Nobody should delete what the filter keeps out of sight.
@@ -37,7 +36,7 @@ std::int32_t removeRow(WorkingRecords& records) {
         }
         return std::nullopt;
     });
-    return gone ? 0 : outcomeUnknownMessage;
+    return gone ? 0 : message::outcomeUnknown;
 }
 
 }  // namespace
@@ -47,7 +46,7 @@ void frmCatalogador::AccionEliminar() {
         const int row = grdGrilla.row();
         if (!hasDataRows(grdGrilla) || row < RecordGrid::fixedRows) return;
         showRowToDelete(grdGrilla, row);
-        const std::string question = replaceText(ObtenerMensaje(confirmDeleteMessage), "[p1]",
+        const std::string question = replaceText(ObtenerMensaje(message::confirmDelete), "[p1]",
                                                  nameOfRow(grdGrilla, row), Compare::binary);
         if (host_.messages.MostrarMensaje(question, styleQuestionDefaultNo, mstrAppName) !=
             answerYes)
@@ -73,7 +72,7 @@ void frmCatalogador::deleteRecord() {
     // Reading the stamp fails on a row that vanished in between, which is then reported.
     static_cast<void>(records_.stamp());
     const std::int32_t problem =
-        records_.mrdoRegistro->atEnd() ? recordGoneMessage : removeRow(records_);
+        records_.mrdoRegistro->atEnd() ? message::recordGone : removeRow(records_);
     records_.mrdoRegistro->Close();
     if (problem == 0) {
         mlngIdUltimo = mlngIdDato;

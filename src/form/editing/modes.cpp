@@ -1,5 +1,6 @@
 #include "form/frmCatalogador.h"
 #include "form/grid/list_rows.h"
+#include "modules/messages.h"
 #include "modules/modIds.h"
 #include "modules/modLenguaje.h"
 #include "platform/controls/keys.h"
@@ -67,10 +68,9 @@ void frmCatalogador::AccionCancelar() {
 }
 
 bool frmCatalogador::confirmDiscard() {
-    constexpr std::int32_t unsavedChanges = 105;
     if (browsing() || contentsOfFields() == contentsWhenEditBegan_) return true;
-    return host_.messages.MostrarMensaje(ObtenerMensaje(unsavedChanges), styleQuestionDefaultNo,
-                                         mstrAppName) == answerYes;
+    return host_.messages.MostrarMensaje(ObtenerMensaje(message::confirmDiscard),
+                                         styleQuestionDefaultNo, mstrAppName) == answerYes;
 }
 
 }  // namespace catalogador

@@ -1,5 +1,6 @@
 #include "form/editing/record_saver.h"
 
+#include "modules/messages.h"
 #include "modules/modIds.h"
 #include "modules/modImpuestos.h"
 #include "runtime/error.h"
@@ -27,7 +28,7 @@ std::int32_t RecordSaver::startNewRow() {
     std::int16_t position = 0;
     if (record_.view == viewTaxes) {
         position = PosicionLibreTablaReceta(host_, connection_, title_);
-        if (position == -1) return noReceiptPositionMessage;
+        if (position == -1) return message::noReceiptPosition;
     }
     row.AddNew();
     row.setValue("CTeCodigo", record_.code);
@@ -37,8 +38,8 @@ std::int32_t RecordSaver::startNewRow() {
 }
 
 std::int32_t RecordSaver::startChange() {
-    if (records_.mrdoRegistro->atEnd()) return recordGoneMessage;
-    if (records_.stamp() > record_.stamp) return recordChangedMessage;
+    if (records_.mrdoRegistro->atEnd()) return message::recordGone;
+    if (records_.stamp() > record_.stamp) return message::recordChanged;
     records_.mrdoRegistro->Edit();
     return 0;
 }
@@ -59,7 +60,7 @@ std::int32_t RecordSaver::update() {
         if (error.number() == error_number::rowChanged) return records_.conflict();
         if (error.cause() != ErrorCause::outcomeUnknown) throw;
         const auto stored = records_.outcomeOfWrite([&] { return isStored(); });
-        if (!stored) return outcomeUnknownMessage;
+        if (!stored) return message::outcomeUnknown;
         if (!*stored) throw;
         return 0;
     }

@@ -3,6 +3,7 @@
 #include "form/editing/record_saver.h"
 #include "form/editing/user_lists.h"
 #include "form/frmCatalogador.h"
+#include "modules/messages.h"
 #include "modules/modIds.h"
 #include "modules/modLenguaje.h"
 #include "runtime/convert.h"
@@ -12,23 +13,23 @@ namespace catalogador {
 
 namespace {
 
-constexpr std::int32_t confirmMessage = 100;
-constexpr std::int32_t duplicateRuleMessage = 116;
-constexpr std::int32_t noCodeMessage = 508;
 constexpr std::int32_t noCode = -1;
 
 /// Why there is no new code, for somebody who is to do something about it.
 std::int32_t reasonMessage(ErrorCause cause) {
-    constexpr std::int32_t anyReason = 516;
     constexpr std::pair<ErrorCause, std::int32_t> messages[] = {
-        {ErrorCause::conflict, 510},       {ErrorCause::locked, 510},
-        {ErrorCause::readOnly, 511},       {ErrorCause::full, 512},
-        {ErrorCause::lost, 513},           {ErrorCause::outcomeUnknown, 513},
-        {ErrorCause::sequenceUsedUp, 514}, {ErrorCause::sequenceMissing, 515},
+        {ErrorCause::conflict, message::sequenceHeld},
+        {ErrorCause::locked, message::sequenceHeld},
+        {ErrorCause::readOnly, message::sequenceReadOnly},
+        {ErrorCause::full, message::sequenceWithoutRoom},
+        {ErrorCause::lost, message::sequenceConnectionLost},
+        {ErrorCause::outcomeUnknown, message::sequenceConnectionLost},
+        {ErrorCause::sequenceUsedUp, message::sequenceUsedUp},
+        {ErrorCause::sequenceMissing, message::sequenceMissing},
     };
-    for (const auto& [known, message] : messages)
-        if (known == cause) return message;
-    return anyReason;
+    for (const auto& [known, reason] : messages)
+        if (known == cause) return reason;
+    return message::sequenceNotRead;
 }
 
 /// Puts the description of the current error into words for the user, which name the sequence.
@@ -82,16 +83,16 @@ void frmCatalogador::AccionGrabar() {
 bool frmCatalogador::checkAndConfirm() {
     for (Control* control : controls()) control->setProblem({});
     if (!ValidoCamposObligatorios()) {
-        showNotice(requiredMessage);
+        showNotice(message::required);
         return false;
     }
     if (!mstrSQLDuplicados.empty() && !ValidarSQLDuplicados(mstrSQLDuplicados, mlngIdDato)) {
-        showNotice(duplicateRuleMessage);
+        showNotice(message::duplicateRule);
         return false;
     }
     if (!ValidarDatosNumericos()) return false;
-    if (host_.messages.MostrarMensaje(ObtenerMensaje(confirmMessage), styleQuestion, mstrAppName) !=
-        answerYes)
+    if (host_.messages.MostrarMensaje(ObtenerMensaje(message::confirmSave), styleQuestion,
+                                      mstrAppName) != answerYes)
         return false;
     if (mlngIdVista == viewClassifications &&
         ValidarClasificacion(mlngIdDato, trimmedText(txtTexto1)))
@@ -119,7 +120,8 @@ bool frmCatalogador::GrabarDatos() {
         }
         hourglass.done();
         showNotice(problem);
-        if (problem == noReceiptPositionMessage || problem == outcomeUnknownMessage) return false;
+        if (problem == message::noReceiptPosition || problem == message::outcomeUnknown)
+            return false;
         // The list shows what is stored now.
         CargarGrilla();
         grdGrilla.refresh();
@@ -131,7 +133,7 @@ bool frmCatalogador::drawNewCode() {
     const std::int32_t code = host_.utilities.ProximoCodigo(*mrdoCBase, gstrNombreVista);
     if (code == noCode) {
         nameSequenceInError(gstrNombreVista);
-        host_.messages.MostrarError(ObtenerMensaje(noCodeMessage), mstrAppName, TextoError());
+        host_.messages.MostrarError(ObtenerMensaje(message::noCode), mstrAppName, TextoError());
         return false;
     }
     mlngIdDato = code;

@@ -1,6 +1,7 @@
 #include "form/editing/user_lists.h"
 #include "form/frmCatalogador.h"
 #include "form/grid/list_rows.h"
+#include "modules/messages.h"
 #include "modules/modIds.h"
 #include "modules/modLenguaje.h"
 #include "runtime/text.h"
@@ -8,10 +9,6 @@
 namespace catalogador {
 
 namespace {
-
-constexpr std::int32_t notNumericMessage = 106;
-constexpr std::int32_t duplicateMessage = 107;
-constexpr std::int32_t nameTakenMessage = 301;
 
 /// The statement with its tokens replaced by what the form holds.
 SqlText withFieldValues(SqlText sql, const frmCatalogador& form, std::int32_t code,
@@ -32,7 +29,7 @@ bool frmCatalogador::ValidoCamposObligatorios() {
     return trap("ValidoCamposObligatorios", false, [&] {
         for (const Field* field : fields()) {
             if (!field->missing()) continue;
-            field->control()->setProblem(ObtenerMensaje(requiredMessage));
+            field->control()->setProblem(ObtenerMensaje(message::required));
             setFocus(*field->control());
             return false;
         }
@@ -44,7 +41,7 @@ bool frmCatalogador::ValidarDatosNumericos() {
     return trap("ValidarDatosNumericos", false, [&] {
         for (const Field* field : fields()) {
             if (!field->noNumber(host_.regional)) continue;
-            const std::string problem = replaceText(ObtenerMensaje(notNumericMessage), "[p1]",
+            const std::string problem = replaceText(ObtenerMensaje(message::notNumeric), "[p1]",
                                                     field->label().caption(), Compare::binary);
             host_.messages.MostrarMensaje(problem, styleExclamation, mstrAppName);
             field->control()->setProblem(problem);
@@ -87,8 +84,8 @@ bool frmCatalogador::VerificarValDuplicados() {
             if (!value || !ValorDuplicado(field->key(), value->text, value->numeric)) continue;
             std::string caption = field->label().caption();
             LimpiarCaption(caption);
-            std::string text =
-                replaceText(ObtenerMensaje(duplicateMessage), "[p1]", value->text, Compare::binary);
+            std::string text = replaceText(ObtenerMensaje(message::duplicateValue), "[p1]",
+                                           value->text, Compare::binary);
             text = replaceText(text, "[p2]", caption, Compare::binary);
             host_.messages.MostrarMensaje(text, styleExclamation, mstrAppName);
             field->control()->setProblem(text);
@@ -119,7 +116,7 @@ bool frmCatalogador::ValidarClasificacion(std::int32_t codigo, const std::string
         const bool taken = records_.findsRow();
         if (taken) {
             const std::string problem =
-                replaceText(ObtenerMensaje(nameTakenMessage), "[p]", nombre, Compare::binary);
+                replaceText(ObtenerMensaje(message::nameTaken), "[p]", nombre, Compare::binary);
             host_.messages.MostrarMensaje(problem, styleExclamation, mstrAppName);
             txtTexto1.setProblem(problem);
         }

@@ -2,6 +2,7 @@
 #include "form/frmCatalogador.h"
 #include "form/grid/list_load.h"
 #include "form/grid/list_rows.h"
+#include "modules/messages.h"
 #include "modules/modIds.h"
 #include "modules/modLenguaje.h"
 #include "runtime/convert.h"
@@ -11,9 +12,6 @@
 namespace catalogador {
 
 namespace {
-
-constexpr std::int32_t listStoppedMessage = 119;
-constexpr std::int32_t readAgainMessage = 122;
 
 /// Whether the same listing may succeed a moment later.
 bool mayPass(ErrorCause cause) {
@@ -95,14 +93,14 @@ void frmCatalogador::CargarGrilla() {
         } catch (const RuntimeError& error) {
             if (!browsing() || !mayPass(error.cause())) throw;
             throw RuntimeError(error.number(),
-                               error.description() + " " + ObtenerMensaje(readAgainMessage),
+                               error.description() + " " + ObtenerMensaje(message::readAgain),
                                error.cause());
         }
     });
     if (!stopped) return;
     const std::string rows = decimalText(grdGrilla.rows() - RecordGrid::fixedRows);
     host_.messages.MostrarMensaje(
-        replaceText(ObtenerMensaje(listStoppedMessage), "[p1]", rows, Compare::binary),
+        replaceText(ObtenerMensaje(message::listStopped), "[p1]", rows, Compare::binary),
         styleExclamation, mstrAppName);
 }
 

@@ -1,5 +1,6 @@
 #include "form/frmCatalogador.h"
 #include "form/grid/list_rows.h"
+#include "modules/messages.h"
 #include "modules/modIds.h"
 #include "modules/modLenguaje.h"
 #include "printing/vs_printer.h"
@@ -9,11 +10,6 @@ namespace catalogador {
 
 namespace {
 
-constexpr std::int32_t openFileQuestion = 108;
-constexpr std::int32_t defaultFileName = 109;
-constexpr std::int32_t saveDialogTitle = 110;
-constexpr std::int32_t exportFolder = 111;
-constexpr std::int32_t saveDialogFilter = 112;
 /// The dialog asks before it overwrites (2) and before it creates (0x2000).
 constexpr int saveDialogFlags = 8194;
 constexpr const char* printFont = "Tahoma";
@@ -109,7 +105,7 @@ void saveGrid(Host& host, Window& window, RecordGrid& grid, const SaveChoice& ch
 std::string frmCatalogador::ObtenerDirInicial() {
     return trap("ObtenerDirInicial", std::string(), [this] {
         const std::string application(trim(host_.utilities.RutaAplicacion(mstrAppKey)));
-        return host_.utilities.CarpetaVecina(application, ObtenerMensaje(exportFolder));
+        return host_.utilities.CarpetaVecina(application, ObtenerMensaje(message::exportFolder));
     });
 }
 
@@ -117,15 +113,15 @@ void frmCatalogador::AccionExportarDatosGrilla() {
     trap("AccionExportarDatosGrilla", [this] {
         SaveDialog dialog;
         dialog.folder = ObtenerDirInicial();
-        dialog.file =
-            replaceText(ObtenerMensaje(defaultFileName), "[p1]", caption(), Compare::binary);
+        dialog.file = replaceText(ObtenerMensaje(message::exportFileName), "[p1]", caption(),
+                                  Compare::binary);
         dialog.flags = saveDialogFlags;
-        dialog.title = ObtenerMensaje(saveDialogTitle);
-        dialog.filter = ObtenerMensaje(saveDialogFilter);
+        dialog.title = ObtenerMensaje(message::exportDialogTitle);
+        dialog.filter = ObtenerMensaje(message::exportFileKinds);
         const std::optional<SaveChoice> choice = host_.surface.saveDialog(dialog);
         if (!choice || choice->path.empty()) return;
         saveGrid(host_, *this, grdGrilla, *choice);
-        if (host_.messages.MostrarMensaje(ObtenerMensaje(openFileQuestion), styleQuestion,
+        if (host_.messages.MostrarMensaje(ObtenerMensaje(message::openExportedFile), styleQuestion,
                                           mstrAppName) != answerYes)
             return;
         host_.surface.processEvents();

@@ -1,5 +1,6 @@
 #include "form/frmCatalogador.h"
 #include "form/grid/list_rows.h"
+#include "modules/messages.h"
 #include "modules/modIds.h"
 #include "modules/modLenguaje.h"
 #include "platform/controls/keys.h"
@@ -9,13 +10,6 @@
 namespace catalogador {
 
 namespace {
-
-constexpr std::int32_t positionText = 130;
-constexpr std::int32_t countText = 131;
-constexpr std::int32_t filteredCountText = 132;
-constexpr std::int32_t nextStepText = 133;
-constexpr std::int32_t noRecordsText = 134;
-constexpr std::int32_t noMatchText = 135;
 
 std::string filled(std::int32_t message, const std::string& first, const std::string& second = {},
                    const std::string& third = {}) {
@@ -46,20 +40,20 @@ std::string keyOfAction(const CommandBars& bars, int id) {
 }  // namespace
 
 std::string frmCatalogador::statusText() const {
-    if (!browsing()) return filled(nextStepText, keyOfAction(commandBars, action::save));
+    if (!browsing()) return filled(message::nextStep, keyOfAction(commandBars, action::save));
     const std::string all = grouped(grdGrilla.rows() - RecordGrid::fixedRows, mstrSeparadorMiles);
     if (!mblnSinFiltro)
-        return filled(filteredCountText, grouped(grdGrilla.visibleRows(), mstrSeparadorMiles), all,
-                      std::string(trim(commandBars.filterBox.text())));
+        return filled(message::filteredCount, grouped(grdGrilla.visibleRows(), mstrSeparadorMiles),
+                      all, std::string(trim(commandBars.filterBox.text())));
     const int index = grdGrilla.visibleIndex(grdGrilla.row());
-    if (index < 0) return filled(countText, all);
-    return filled(positionText, grouped(index + 1, mstrSeparadorMiles), all);
+    if (index < 0) return filled(message::count, all);
+    return filled(message::position, grouped(index + 1, mstrSeparadorMiles), all);
 }
 
 std::string frmCatalogador::emptyListText() const {
     if (!hasDataRows(grdGrilla))
-        return filled(noRecordsText, keyOfAction(commandBars, action::create));
-    return filled(noMatchText, std::string(trim(commandBars.filterBox.text())),
+        return filled(message::emptyList, keyOfAction(commandBars, action::create));
+    return filled(message::noMatch, std::string(trim(commandBars.filterBox.text())),
                   keyOfAction(commandBars, action::filter));
 }
 
