@@ -109,7 +109,7 @@ void clsCatalogador::updateAdded(rdoResultset& rows, std::int16_t view, std::int
 
 std::optional<bool> clsCatalogador::isStored(std::int16_t view, std::int32_t code) {
     try {
-        // Nobody else was given the code: its record is the one that was added.
+        // The sequence gives a code only once, so its record is the one that was added.
         return !connection_
                     ->OpenResultset("Select * From genCodigoTexto Where CTeIDTipoVista = " +
                                     decimalText(view) + " And CTeCodigo = " + decimalText(code))

@@ -13,11 +13,12 @@ namespace catalogador {
 class clsCatalogador {
   public:
     /// Loads the language library. Raises RuntimeError (languageMissing) when it is missing, after
-    /// the user was told. `host` must outlive the object. `depth` is how deep in one another its
-    /// screens will be open; 1 for a host's own.
+    /// the user was shown it. `host` must outlive the object. `depth` is the number of screens that
+    /// are open inside one another once this object shows its own: 1 for a host's own.
     explicit clsCatalogador(Host& host, int depth = 1);
 
-    /// The host's open connection, not owned; null for none.
+    /// The host's open connection, not owned, which must outlive its use; null for none. A
+    /// connection that cannot be used is noticed only when a screen or AddNew uses it.
     void Coneccion(rdoConnection* connection) { connection_ = connection; }
     void Empresa(std::int16_t company) { company_ = company; }
     void AppKey(std::string key) { appKey_ = std::move(key); }
@@ -40,7 +41,7 @@ class clsCatalogador {
     void insertText(std::int16_t view, const std::string& sequence, const std::string& text,
                     std::uint8_t& result);
     void updateAdded(rdoResultset& rows, std::int16_t view, std::int32_t code);
-    /// Whether the record of that code is in the database; nullopt when that cannot be found out.
+    /// Whether the record of that code is in the database; nullopt when that cannot be determined.
     std::optional<bool> isStored(std::int16_t view, std::int32_t code);
     void report(std::int32_t message, const RuntimeError& error);
 

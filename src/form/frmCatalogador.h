@@ -100,22 +100,22 @@ class frmCatalogador : public Window, public ScreenControls, public ActivationVa
 
     /// False after the focus was put on a required field that is empty.
     bool ValidoCamposObligatorios();
-    /// False after the user was told of a text that is no number.
+    /// False after the user was shown a text that is not a number.
     bool ValidarDatosNumericos();
     /// Runs the view's own rule, a statement with tokens: false when it returns a row.
     bool ValidarSQLDuplicados(const std::string& sql, std::int32_t codigo);
-    /// False after the user was told of a value that another record has too.
+    /// False after the user was shown a value that another record has too.
     bool VerificarValDuplicados();
     /// Whether another record has the value in the column "CTe" + `campo`. Raises RuntimeError.
     bool ValorDuplicado(const std::string& campo, const std::string& valor, bool numerico);
-    /// Whether another classification has that name; the user was told then. True after an error.
+    /// Whether another classification has that name, which the user is shown. True after an error.
     bool ValidarClasificacion(std::int32_t codigo, const std::string& nombre);
     /// Takes a "&" off the start and a ":" off the end.
     void LimpiarCaption(std::string& caption) const;
 
     /// Checks, asks, saves and goes back to the list.
     void AccionGrabar();
-    /// Writes the record. False after the user was told why it was not written.
+    /// Writes the record. False after the user was shown why it was not written.
     bool GrabarDatos();
     /// Replaces or adds a list of genListas. Ignores errors.
     void GrabarLista(std::int32_t& clave, std::int16_t& lista, const std::string& texto);
@@ -123,7 +123,7 @@ class frmCatalogador : public Window, public ScreenControls, public ActivationVa
     void GrabarListaGrilla();
     /// The current error as "number - description".
     std::string TextoError() const;
-    /// Always false, and called by nobody.
+    /// Always false. Nothing calls it.
     bool ChequearUltFechaModificado();
     /// Asks, and deletes the record of the selected row where the rules on delete allow it.
     void AccionEliminar();

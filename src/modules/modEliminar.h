@@ -21,8 +21,8 @@ struct ForeignRule {
 /// the upper bound is the number of rules; rebuilt by every CargarTablasForaneas.
 extern std::vector<ForeignRule> gregForaneas;
 
-/// Whether a record may be deleted; if so the follow-up statements of the rules have run. A refusal
-/// has been told to the user.
+/// Whether a record may be deleted. If so, the follow-up statements of the rules have run; if not,
+/// the user has been shown why.
 bool PermitirEliminar(Host& host, const std::string& tabla, std::int32_t id,
                       rdoConnection& conexion, const std::string& titulo, std::int32_t id1);
 
@@ -34,7 +34,8 @@ bool CargarTablasForaneas(Host& host, const std::string& tabla, rdoConnection& c
 /// Whether a rule's statement can be run at all, tried with 0 for every id.
 bool ProbarSQLForanea(Host& host, rdoConnection& conexion, const std::string& sentencia);
 
-/// Whether the rule at `indice` does not stand in the way; asks the user where the rule says so.
+/// Whether the rule at `indice` allows the delete; asks the user where the rule says so. False
+/// after an error, which was reported.
 bool ChequearDatosTabla(Host& host, std::int16_t indice, std::int32_t id, rdoConnection& conexion,
                         const std::string& titulo, std::int32_t id1);
 

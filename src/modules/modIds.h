@@ -9,7 +9,7 @@ namespace catalogador {
 constexpr int pointerDefault = 0;
 constexpr int pointerHourglass = 11;
 
-/// Shows the hourglass for its own lifetime, or until it is told that the work is done.
+/// Shows the hourglass during its lifetime, or until done() is called.
 class PointerDuring {
   public:
     explicit PointerDuring(Surface& surface) : surface_(&surface) {

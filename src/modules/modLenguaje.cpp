@@ -78,7 +78,7 @@ std::optional<std::string> messageIfKnown(std::int32_t number) {
         if (gobjLenguaje != nullptr && number <= INT32_MAX - resourceOffset)
             return gobjLenguaje->resLoad(number + resourceOffset);
     } catch (const RuntimeError&) {
-        // Libraries of other makers need not have every text.
+        // A library that comes with a host may lack texts.
     }
     return std::nullopt;
 }

@@ -11,7 +11,7 @@ namespace catalogador {
 namespace {
 
 void showRowToDelete(RecordGrid& grid, int row) {
-    // Nobody should delete what the filter keeps out of sight.
+    // The user must see the record that is about to be deleted, even if the filter hides it.
     grid.setRowHidden(row, false);
     if (!grid.rowIsShown(row)) grid.setTopRow(row);
 }

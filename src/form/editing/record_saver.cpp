@@ -70,7 +70,7 @@ std::optional<bool> RecordSaver::isStored() {
     try {
         records_.open();
         if (records_.mrdoRegistro->atEnd()) return false;
-        // Nobody else was given this code.
+        // The sequence gives a code only once.
         if (record_.isNew) return true;
         const Date found = records_.stamp();
         // A column of whole seconds has cut the stamp off.

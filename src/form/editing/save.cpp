@@ -66,7 +66,7 @@ std::string frmCatalogador::TextoError() const {
 }
 
 bool frmCatalogador::ChequearUltFechaModificado() {
-    // Hosts and metadata know the name; the stamp is compared where the record is written.
+    // Empty because RecordSaver compares the stamps; only the name is kept, for those who know it.
     return trap("ChequearUltFechaModificado", false, [] { return false; });
 }
 

@@ -80,7 +80,8 @@ class ComboFace : public ValueFace {
     TextBox& box_;
 };
 
-/// No control at all. In statements the field still counts with its check box, which nobody sees.
+/// No control at all. In statements the field still has the value of its check box, which is
+/// hidden.
 class UnusedFace : public ValueFace {
   public:
     explicit UnusedFace(CheckBox& check) : check_(check) {}

@@ -29,7 +29,7 @@ void showFirstMatch(RecordGrid& grid) {
 }
 
 std::string nameOfRow(const RecordGrid& grid, int row) {
-    // A code that is as short as this says little without the text beside it.
+    // A code as short as this says little without the text next to it.
     constexpr std::size_t shortText = 8;
     std::string name;
     for (int column = 0; column < grid.columns(); ++column) {

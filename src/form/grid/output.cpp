@@ -82,8 +82,8 @@ std::string shortDateTime(const Date& date) {
            ":" + two(date.minute);
 }
 
-/// Writes the rows shown to the file; the extra column is away meanwhile, and stays away until the
-/// next load when that fails.
+/// Writes the rows shown to the file, without the extra column. If that fails, the column is
+/// missing until the next load.
 void saveGrid(Host& host, Window& window, RecordGrid& grid, const SaveChoice& choice) {
     const UnmarkedSelection unmarked(grid);
     grid.removeExtraColumn();
