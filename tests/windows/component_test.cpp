@@ -8,7 +8,7 @@
 namespace catalogador::test {
 namespace {
 
-using namespace member_id;
+using namespace com::member_id;
 
 class Component : public testing::Test {
   protected:
@@ -26,7 +26,7 @@ class Component : public testing::Test {
         return invoked(component_.get(), member, kind, std::move(arguments));
     }
     int addNew(SHORT view, const char* sequence, const char* value) {
-        const Outcome outcome = call(member_id::addNew, DISPATCH_METHOD,
+        const Outcome outcome = call(com::member_id::addNew, DISPATCH_METHOD,
                                      {integer(view), textArgument(sequence), textArgument(value)});
         EXPECT_EQ(outcome.result, S_OK);
         EXPECT_EQ(outcome.value.get().vt, VT_UI1);
@@ -109,11 +109,11 @@ TEST_F(Component, IsFoundByTheNamesOfItsMembersInAnyCase) {
     const com::AutomationObject object(com::ComPtr<IDispatch>::sharing(component_.get()));
     EXPECT_EQ(object.idOf(L"coneccion"), coneccion);
     EXPECT_EQ(object.idOf(L"EMPRESA"), empresa);
-    EXPECT_EQ(object.idOf(L"AppKey"), member_id::appKey);
+    EXPECT_EQ(object.idOf(L"AppKey"), com::member_id::appKey);
     EXPECT_EQ(object.idOf(L"Idioma"), idioma);
     EXPECT_EQ(object.idOf(L"IDModificado"), idModificado);
     EXPECT_EQ(object.idOf(L"ActivarABM"), activarABM);
-    EXPECT_EQ(object.idOf(L"AddNew"), member_id::addNew);
+    EXPECT_EQ(object.idOf(L"AddNew"), com::member_id::addNew);
     EXPECT_FALSE(object.has(L"Remove"));
     UINT count = 0;
     EXPECT_EQ(component_->GetTypeInfoCount(&count), S_OK);
@@ -134,14 +134,15 @@ TEST_F(Component, ArgumentsOfTheWrongTypeAreErrors) {
         for (const DISPID member : {empresa, idioma})
             EXPECT_TRUE(FAILED(call(member, DISPATCH_PROPERTYPUT, {wrong}).result)) << wrong.vt;
         EXPECT_TRUE(FAILED(call(activarABM, DISPATCH_METHOD, {wrong}).result)) << wrong.vt;
-        EXPECT_TRUE(FAILED(
-            call(member_id::addNew, DISPATCH_METHOD, {wrong, textArgument("a"), textArgument("b")})
-                .result))
+        EXPECT_TRUE(FAILED(call(com::member_id::addNew, DISPATCH_METHOD,
+                                {wrong, textArgument("a"), textArgument("b")})
+                               .result))
             << wrong.vt;
     }
     EXPECT_EQ(call(empresa, DISPATCH_PROPERTYPUT, {longInteger(40000)}).result, DISP_E_OVERFLOW);
     EXPECT_EQ(call(empresa, DISPATCH_PROPERTYPUT, {textArgument("x")}).result, DISP_E_TYPEMISMATCH);
-    EXPECT_EQ(call(member_id::appKey, DISPATCH_PROPERTYPUT, {object}).result, DISP_E_TYPEMISMATCH);
+    EXPECT_EQ(call(com::member_id::appKey, DISPATCH_PROPERTYPUT, {object}).result,
+              DISP_E_TYPEMISMATCH);
     EXPECT_EQ(call(coneccion, DISPATCH_PROPERTYPUTREF, {integer(1)}).result, DISP_E_TYPEMISMATCH);
     EXPECT_EQ(call(activarABM, DISPATCH_METHOD, {integer(0), textArgument("x")}).result,
               DISP_E_TYPEMISMATCH);
@@ -162,7 +163,7 @@ TEST_F(Component, ArgumentsOfTheWrongTypeAreErrors) {
 }
 
 TEST_F(Component, ArgumentsThatAreMissingOrTooManyAreErrors) {
-    for (const DISPID member : {empresa, member_id::appKey, idioma}) {
+    for (const DISPID member : {empresa, com::member_id::appKey, idioma}) {
         EXPECT_EQ(call(member, DISPATCH_PROPERTYPUT).result, DISP_E_BADPARAMCOUNT);
         EXPECT_EQ(call(member, DISPATCH_PROPERTYPUT, {omitted()}).result, DISP_E_PARAMNOTOPTIONAL);
         EXPECT_EQ(call(member, DISPATCH_PROPERTYGET).result, DISP_E_MEMBERNOTFOUND);
@@ -175,9 +176,11 @@ TEST_F(Component, ArgumentsThatAreMissingOrTooManyAreErrors) {
         call(activarABM, DISPATCH_METHOD, {integer(0), integer(0), textArgument(""), integer(1)})
             .result,
         DISP_E_BADPARAMCOUNT);
-    EXPECT_EQ(call(member_id::addNew, DISPATCH_METHOD, {integer(1)}).result, DISP_E_BADPARAMCOUNT);
+    EXPECT_EQ(call(com::member_id::addNew, DISPATCH_METHOD, {integer(1)}).result,
+              DISP_E_BADPARAMCOUNT);
     EXPECT_EQ(
-        call(member_id::addNew, DISPATCH_METHOD, {integer(1), omitted(), textArgument("b")}).result,
+        call(com::member_id::addNew, DISPATCH_METHOD, {integer(1), omitted(), textArgument("b")})
+            .result,
         DISP_E_PARAMNOTOPTIONAL);
     EXPECT_EQ(call(99, DISPATCH_METHOD).result, DISP_E_MEMBERNOTFOUND);
 }

@@ -19,7 +19,7 @@ TEST(Manifest, LetsAHostUseTheLibrariesWithoutRegisteringThem) {
     {
         const com::AutomationObject component = created(L"Catalogador.clsCatalogador");
         const com::AutomationObject connection = created(L"vemDatos.rdoConnection");
-        EXPECT_EQ(component.idOf(L"ActivarABM"), member_id::activarABM);
+        EXPECT_EQ(component.idOf(L"ActivarABM"), com::member_id::activarABM);
         EXPECT_TRUE(connection.has(L"EstablishConnection"));
         EXPECT_EQ(com::variantOf(component.call(L"ActivarABM", {1}).get()), Variant(false));
     }

@@ -32,7 +32,7 @@ HRESULT interfaceDescription(ITypeInfo** info) {
 
 // NOLINTBEGIN(readability-identifier-naming): the names are the platform's
 extern "C" BOOL WINAPI DllMain(HINSTANCE instance, DWORD reason, void* /*reserved*/) {
-    if (reason == DLL_PROCESS_ATTACH) catalogador::ownLibrary = instance;
+    if (reason == DLL_PROCESS_ATTACH) catalogador::com::ownLibrary = instance;
     return TRUE;
 }
 
@@ -46,19 +46,21 @@ extern "C" BOOL WINAPI LibraryEntry(HINSTANCE instance, DWORD reason, void* rese
 }
 
 STDAPI DllGetClassObject(REFCLSID classId, REFIID iid, void** object) {
-    return catalogador::classObject(catalogador::classes().data(), catalogador::classes().size(),
-                                    classId, iid, object);
+    return catalogador::com::classObject(catalogador::com::classes().data(),
+                                         catalogador::com::classes().size(), classId, iid, object);
 }
 
 STDAPI DllCanUnloadNow() {
-    return catalogador::library_use::canUnload();
+    return catalogador::com::library_use::canUnload();
 }
 
 STDAPI DllRegisterServer() {
-    return catalogador::registerLibrary(catalogador::classes(), catalogador::typeLibrary);
+    return catalogador::com::registerLibrary(catalogador::com::classes(),
+                                             catalogador::com::typeLibrary);
 }
 
 STDAPI DllUnregisterServer() {
-    return catalogador::unregisterLibrary(catalogador::classes(), catalogador::typeLibrary);
+    return catalogador::com::unregisterLibrary(catalogador::com::classes(),
+                                               catalogador::com::typeLibrary);
 }
 // NOLINTEND(readability-identifier-naming)

@@ -3,11 +3,12 @@
 
 namespace {
 
-const std::vector<catalogador::LibraryClass>& classes() {
-    static const std::vector<catalogador::LibraryClass> made{
-        {catalogador::CLSID_rdoConnection, L"vemDatos.rdoConnection", L"vemDatos.rdoConnection",
-         L"Apartment",
-         []() -> IUnknown* { return static_cast<IDispatch*>(new catalogador::ConnectionObject); }}};
+const std::vector<catalogador::com::LibraryClass>& classes() {
+    static const std::vector<catalogador::com::LibraryClass> made{
+        {catalogador::com::CLSID_rdoConnection, L"vemDatos.rdoConnection",
+         L"vemDatos.rdoConnection", L"Apartment", []() -> IUnknown* {
+             return static_cast<IDispatch*>(new catalogador::com::ConnectionObject);
+         }}};
     return made;
 }
 
@@ -15,18 +16,18 @@ const std::vector<catalogador::LibraryClass>& classes() {
 
 // NOLINTBEGIN(readability-identifier-naming): the names are the platform's
 STDAPI DllGetClassObject(REFCLSID classId, REFIID iid, void** object) {
-    return catalogador::classObject(classes().data(), classes().size(), classId, iid, object);
+    return catalogador::com::classObject(classes().data(), classes().size(), classId, iid, object);
 }
 
 STDAPI DllCanUnloadNow() {
-    return catalogador::library_use::canUnload();
+    return catalogador::com::library_use::canUnload();
 }
 
 STDAPI DllRegisterServer() {
-    return catalogador::registerLibrary(classes(), {});
+    return catalogador::com::registerLibrary(classes(), {});
 }
 
 STDAPI DllUnregisterServer() {
-    return catalogador::unregisterLibrary(classes(), {});
+    return catalogador::com::unregisterLibrary(classes(), {});
 }
 // NOLINTEND(readability-identifier-naming)

@@ -82,24 +82,24 @@ const std::vector<LibraryClass>& classes() {
 
 // NOLINTBEGIN(readability-identifier-naming): the names are the platform's
 extern "C" BOOL WINAPI DllMain(HINSTANCE instance, DWORD reason, void* /*reserved*/) {
-    if (reason == DLL_PROCESS_ATTACH) catalogador::ownLibrary = instance;
+    if (reason == DLL_PROCESS_ATTACH) catalogador::com::ownLibrary = instance;
     return TRUE;
 }
 
 STDAPI DllGetClassObject(REFCLSID classId, REFIID iid, void** object) {
-    return catalogador::classObject(catalogador::classes().data(), catalogador::classes().size(),
-                                    classId, iid, object);
+    return catalogador::com::classObject(catalogador::com::classes().data(),
+                                         catalogador::com::classes().size(), classId, iid, object);
 }
 
 STDAPI DllCanUnloadNow() {
-    return catalogador::library_use::canUnload();
+    return catalogador::com::library_use::canUnload();
 }
 
 STDAPI DllRegisterServer() {
-    return catalogador::registerLibrary(catalogador::classes(), {});
+    return catalogador::com::registerLibrary(catalogador::com::classes(), {});
 }
 
 STDAPI DllUnregisterServer() {
-    return catalogador::unregisterLibrary(catalogador::classes(), {});
+    return catalogador::com::unregisterLibrary(catalogador::com::classes(), {});
 }
 // NOLINTEND(readability-identifier-naming)

@@ -182,9 +182,10 @@ int main(int argc, char** argv) {
     CoInitialize(nullptr);
     try {
         const bool is32 = argc > 2 && std::string(argv[2]) == "32";
-        catalogador::writeLibrary(catalogador::wideOf(argv[1]), is32 ? SYS_WIN32 : SYS_WIN64);
+        catalogador::com::writeLibrary(catalogador::system::wideOf(argv[1]),
+                                       is32 ? SYS_WIN32 : SYS_WIN64);
         return 0;
-    } catch (const catalogador::Failure& failure) {
+    } catch (const catalogador::com::Failure& failure) {
         std::fprintf(stderr, "write_types: %s: %08lx\n", failure.step,
                      static_cast<unsigned long>(failure.result));
         return 1;
