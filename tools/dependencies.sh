@@ -3,7 +3,7 @@
 
 build_packages=(g++ cmake ninja-build ccache pkg-config libsqlite3-dev unixodbc-dev libsqliteodbc
     libxlsxwriter-dev libminizip-dev libcairo2-dev libpango1.0-dev
-    libgtk-3-dev libwxgtk3.2-dev wx3.2-i18n gettext nlohmann-json3-dev libcli11-dev libgtest-dev
+    libgtk-3-dev libwxgtk3.2-dev wx3.2-i18n gettext nlohmann-json3-dev libcli11-dev libtomlplusplus-dev libgtest-dev
     libgmock-dev iso-codes)
 screen_packages=(xvfb xauth openbox xdotool x11-utils x11-xkb-utils xclip imagemagick
     fonts-dejavu-core adwaita-icon-theme librsvg2-common librsvg2-bin python3-openpyxl libreoffice-calc-nogui

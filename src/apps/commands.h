@@ -11,5 +11,6 @@ int addCommand(const Options& options);
 int demoCommand(const Options& options);
 int schemaCommand(const Options& options);
 int checkCommand(const Options& options);
+int viewsCommand(const Options& options);
 
 }  // namespace catalogador

@@ -22,6 +22,8 @@ int perform(const catalogador::Options& options) {
             return schemaCommand(options);
         case Command::check:
             return checkCommand(options);
+        case Command::views:
+            return viewsCommand(options);
     }
     return catalogador::exitUnusable;
 }

@@ -1,47 +1,12 @@
 #include "apps/options.h"
 
-#include <CLI/CLI.hpp>
-#include <charconv>
-#include <limits>
-
 #include "adapters/checks/finding.h"
 #include "adapters/sql/dialect.h"
+#include "apps/option_values.h"
 
 namespace catalogador {
 
 namespace {
-
-/// A whole decimal number; one that does not fit its type is wrong usage.
-template <class T>
-T numberOf(const std::string& option, const std::string& text) {
-    T number{};
-    const char* end = text.data() + text.size();
-    const auto result = std::from_chars(text.data(), end, number);
-    if (result.ec == std::errc() && result.ptr == end) return number;
-    using Limits = std::numeric_limits<T>;
-    throw CLI::ValidationError(option, "'" + text + "' is no whole number from " +
-                                           std::to_string(Limits::min()) + " to " +
-                                           std::to_string(Limits::max()));
-}
-
-/// `target` is a number or an optional one.
-template <class T, class Target>
-CLI::Option* addNumber(CLI::App& app, const std::string& name, Target& target,
-                       const std::string& description) {
-    const auto read = [name, &target](const CLI::results_t& given) {
-        target = numberOf<T>(name, given.front());
-        return true;
-    };
-    return app.add_option(name, read, description)->type_name("N");
-}
-
-void addConnection(CLI::App& app, Options& options) {
-    auto* group = app.add_option_group("connection", "The database");
-    group->add_option("--database", options.database, "SQLite file")->type_name("FILE");
-    group->add_option("--connect", options.connectionString, "ODBC connection string")
-        ->type_name("TEXT");
-    group->require_option(1);
-}
 
 void readSetting(Options& options, const std::string& text) {
     const std::size_t equals = text.find('=');
@@ -98,25 +63,15 @@ IgnoredFinding ignoredOf(const std::string& text) {
 }
 
 void addChecking(CLI::App& app, CheckCall& call) {
-    const auto repeated = [&app](const char* name, const auto& read, const char* description,
-                                 const char* type) {
-        app.add_option_function<std::vector<std::string>>(
-               name,
-               [read](const std::vector<std::string>& given) {
-                   for (const std::string& text : given) read(text);
-               },
-               description)
-            ->type_name(type)
-            ->allow_extra_args(false);
-    };
-    repeated(
-        "--view",
+    addRepeated(
+        app, "--view",
         [&call](const std::string& text) {
             call.views.push_back(numberOf<std::int16_t>("--view", text));
         },
         "View to check, default all; may be repeated", "N");
-    repeated(
-        "--ignore", [&call](const std::string& text) { call.ignored.push_back(ignoredOf(text)); },
+    addRepeated(
+        app, "--ignore",
+        [&call](const std::string& text) { call.ignored.push_back(ignoredOf(text)); },
         "Finding that is not told for a view; may be repeated", "ID:VIEW");
     app.add_option("--format", call.format, "How findings are printed, default text")
         ->check(CLI::IsMember({"text", "json", "github"}));
@@ -158,6 +113,7 @@ void addCommands(CLI::App& app, Options& options) {
     addConnection(*check, options);
     addChecking(*check, options.check);
     addNumber<std::int16_t>(*check, "--company", options.company, "Company id, default 1");
+    addViews(*command("views", "Views as files", Command::views), options);
     std::vector<std::string> names;
     for (const sql::Dialect* dialect : sql::dialects()) names.emplace_back(dialect->facts().name);
     command("schema", "Prints the statements that create every table", Command::schema)
@@ -167,6 +123,28 @@ void addCommands(CLI::App& app, Options& options) {
 }
 
 }  // namespace
+
+void addRepeated(CLI::App& app, const char* name,
+                 const std::function<void(const std::string&)>& read, const char* description,
+                 const char* type) {
+    app.add_option_function<std::vector<std::string>>(
+           name,
+           [read](const std::vector<std::string>& given) {
+               for (const std::string& text : given) read(text);
+           },
+           description)
+        ->type_name(type)
+        ->allow_extra_args(false);
+}
+
+CLI::Option_group* addConnection(CLI::App& app, Options& options) {
+    auto* group = app.add_option_group("connection", "The database");
+    group->add_option("--database", options.database, "SQLite file")->type_name("FILE");
+    group->add_option("--connect", options.connectionString, "ODBC connection string")
+        ->type_name("TEXT");
+    group->require_option(1);
+    return group;
+}
 
 std::optional<Options> readOptions(int argc, const char* const* argv, int& exitStatus) {
     Options options;

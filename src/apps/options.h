@@ -9,7 +9,7 @@
 
 namespace catalogador {
 
-enum class Command { run, open, add, demo, schema, check };
+enum class Command { run, open, add, demo, schema, check, views };
 
 /// A finding that is not to be told for a view; view 0 stands for findings of no view.
 struct IgnoredFinding {
@@ -27,6 +27,25 @@ struct CheckCall {
     /// Statements that mend findings are printed.
     bool fixHints = false;
     std::vector<IgnoredFinding> ignored;
+};
+
+/// What `views` was called with.
+struct ViewsCall {
+    enum class Action { write, diff, apply, test };
+
+    Action action = Action::diff;
+    /// The folder of the files.
+    std::string folder;
+    /// Empty for all views.
+    std::vector<std::int16_t> views;
+    bool dryRun = false;
+    bool deleteMissing = false;
+    /// Widths of columns are taken from the files.
+    bool widths = false;
+    /// The scratch database has no more than the tables.
+    bool scratch = false;
+    /// What happens is what is expected from now on.
+    bool accept = false;
 };
 
 /// What the program was called with.
@@ -64,10 +83,11 @@ struct Options {
     std::string dialect;
 
     CheckCall check;
+    ViewsCall views;
 };
 
 constexpr int exitPlayed = 0;
-/// `check` found an error.
+/// `check` found an error, or `views` a difference.
 constexpr int exitFindings = 1;
 /// Wrong usage, no connection, or no component.
 constexpr int exitUnusable = 2;

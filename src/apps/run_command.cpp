@@ -12,6 +12,7 @@
 #include "apps/commands.h"
 #include "apps/component.h"
 #include "apps/connections.h"
+#include "apps/playing.h"
 #include "apps/view_notice.h"
 #include "runtime/error.h"
 
@@ -19,12 +20,12 @@ namespace catalogador {
 
 namespace {
 
-/// Everything that stands between the component and a transcript on the standard output.
+/// Everything that stands between the component and a transcript.
 class PlayedHost {
   public:
-    PlayedHost(const Options& options, const Services& services, Surface& screen,
+    PlayedHost(std::ostream& out, const Options& options, const Services& services, Surface& screen,
                rdoConnection& connection)
-        : transcript(std::cout, options.trace),
+        : transcript(out, options.trace),
           surface(screen, transcript, answers),
           statements_(transcript),
           utilities_(*services.utilities, transcript, statements_, answers),
@@ -89,14 +90,11 @@ std::unique_ptr<script::PlayedScreen> screenOf(const Options& options, const Ser
 
 }  // namespace
 
-int runCommand(const Options& options) {
-    const auto file = openScript(options.script);
-    script::Script script(file ? static_cast<std::istream&>(*file) : std::cin);
-    const auto connection = openDatabase(options);
-    tellWhenViewIsMissing(std::cerr, *connection, options);
+int playScript(const Options& options, script::Script& script, rdoConnection& connection,
+               std::ostream& out) {
     const Services services = servicesOf(options);
     const auto screen = screenOf(options, services);
-    PlayedHost host(options, services, screen->surface(), *connection);
+    PlayedHost host(out, options, services, screen->surface(), connection);
     const auto component = host.component(options);
     if (!component) return exitUnusable;
     script::Player player({script, *screen, host.surface, host.transcript, host.answers,
@@ -105,11 +103,19 @@ int runCommand(const Options& options) {
     return player.run(*component, options.activation);
 }
 
+int runCommand(const Options& options) {
+    const auto file = openScript(options.script);
+    script::Script script(file ? static_cast<std::istream&>(*file) : std::cin);
+    const auto connection = openDatabase(options);
+    tellWhenViewIsMissing(std::cerr, *connection, options);
+    return playScript(options, script, *connection, std::cout);
+}
+
 int addCommand(const Options& options) {
     const auto connection = openDatabase(options);
     const Services services = servicesOf(options);
     script::WindowlessSurface screen;
-    PlayedHost host(options, services, screen, *connection);
+    PlayedHost host(std::cout, options, services, screen, *connection);
     const auto component = host.component(options);
     if (!component) return exitUnusable;
     host.transcript.print(script::addedEvent(*component, options.activation.view, options.sequence,

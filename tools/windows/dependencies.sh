@@ -4,7 +4,7 @@
 
 windows_packages=(g++-mingw-w64-x86-64-posix g++-mingw-w64-i686-posix mingw-w64-tools
     libz-mingw-w64-dev googletest cmake ninja-build ccache make gcc tcl dpkg-dev gettext nsis
-    nlohmann-json3-dev libcli11-dev)
+    nlohmann-json3-dev libcli11-dev libtomlplusplus-dev)
 wine_packages=(wine wine64 libwine-dev unixodbc libsqliteodbc sqlite3 xvfb xauth openbox xdotool
     imagemagick fonts-dejavu-core)
 # Inside of the tree of 32 bits, and what makes it.

@@ -40,7 +40,11 @@ auto orderOf(const Finding& finding) {
 
 CheckResult checkMetadata(rdoConnection& connection, const CheckOptions& options) {
     const Database database(connection);
-    const Metadata metadata = readMetadata(database);
+    return checkMetadata(database, readMetadata(database), options);
+}
+
+CheckResult checkMetadata(const Database& database, const Metadata& metadata,
+                          const CheckOptions& options) {
     Findings findings;
     const Context context{database, metadata, options, findings};
     CheckResult result;

@@ -7,6 +7,7 @@
 #include <vector>
 
 #include "adapters/checks/finding.h"
+#include "adapters/checks/metadata.h"
 #include "platform/rdo.h"
 
 namespace catalogador::checks {
@@ -32,5 +33,8 @@ struct CheckResult {
 /// Reads the metadata of a database, has its statements prepared and says what is wrong. Nothing is
 /// written, whatever the metadata says. Raises RuntimeError when the database cannot be read.
 CheckResult checkMetadata(rdoConnection& connection, const CheckOptions& options);
+/// The same for metadata that is not in the database, or not yet.
+CheckResult checkMetadata(const Database& database, const Metadata& metadata,
+                          const CheckOptions& options);
 
 }  // namespace catalogador::checks

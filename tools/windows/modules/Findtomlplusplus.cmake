@@ -1,0 +1,3 @@
+include(header_library)
+header_library(tomlplusplus::tomlplusplus toml++)
+set(tomlplusplus_FOUND TRUE)
