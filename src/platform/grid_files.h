@@ -20,8 +20,8 @@ struct GridFileOptions {
     std::string title;
     /// How numbers are written in the grid's texts.
     Regional regional;
-    /// Called now and then with rows done and rows in all; false stops the export, which then
-    /// leaves no file.
+    /// Called repeatedly with the number of rows done and of all rows; false stops the export,
+    /// which then leaves no file.
     std::function<bool(int done, int total)> progress;
 };
 

@@ -15,7 +15,7 @@ struct PrinterChoice {
     std::string file;
 };
 
-/// The printers of the desk that the program runs at.
+/// The printers of the machine that runs the program.
 class Printer {
   public:
     virtual ~Printer() = default;

@@ -10,7 +10,7 @@ namespace catalogador {
 
 class Window;
 
-/// Styles of message boxes, by the numbers that are shown in traces.
+/// Styles of message boxes. The numbers are those that traces show.
 constexpr int styleExclamation = 48;
 constexpr int styleQuestion = 36;
 constexpr int styleQuestionDefaultNo = 292;
@@ -31,9 +31,9 @@ class clsUtilidades {
     /// The next code of a named sequence, unique among all clients; -1 when none can be given. The
     /// reason is left in currentError().
     virtual std::int32_t ProximoCodigo(rdoConnection& connection, const std::string& name) = 0;
-    /// Date and time of the database server, as exactly as it tells. Raises RuntimeError.
+    /// Date and time of the database server, with the precision that it has. Raises RuntimeError.
     virtual Date FechaServidor(rdoConnection& connection) = 0;
-    /// Date and time at the desk that the program runs at, to the second.
+    /// Local date and time of the machine that runs the program, to the second.
     [[nodiscard]] virtual Date Ahora() const = 0;
     /// A setting by key and name; Null when it is not set.
     virtual Variant LeerConfiguracion(const std::string& key, const std::string& name) = 0;
@@ -47,9 +47,9 @@ class clsUtilidades {
     /// made when it is missing. A `path` of one name is taken for the holding folder itself. Raises
     /// RuntimeError (76) when the folder cannot be made.
     virtual std::string CarpetaVecina(const std::string& path, const std::string& name) = 0;
-    /// Opens a file with the program that the desktop associates with it.
+    /// Opens a file with the program that the desktop has for it. Raises RuntimeError if it cannot.
     virtual void AbrirArchivo(const std::string& path) = 0;
-    /// Shows help. `command` is one of help_command; `data` is the id of the page, else 0.
+    /// Runs one of help_command; `data` is the page's id. Raises RuntimeError without help.
     virtual void MostrarAyuda(Window& window, int command, std::int32_t data) = 0;
 };
 
@@ -57,14 +57,14 @@ class clsUtilidades {
 class clsMensajes {
   public:
     virtual ~clsMensajes() = default;
-    /// Shows a text with a style number; gives 1 (OK), 6 (Yes) or 7 (No).
+    /// Shows a message box of one of the styles above; returns 1 for OK, answerYes or answerNo.
     virtual int MostrarMensaje(const std::string& text, int style, const std::string& title) = 0;
     /// Shows an error with its detail ("number - description") and, where given, its context and
     /// what could not be done, in the user's words.
     virtual void MostrarError(const std::string& text, const std::string& title,
                               const std::string& detail, const std::string& context = {},
                               const std::string& task = {}) = 0;
-    /// Language of the object's own dialogs.
+    /// Sets the language of the object's own dialogs: 1 Spanish, 2 English, 3 Portuguese.
     virtual void Idioma(std::uint8_t number) = 0;
 };
 
@@ -72,10 +72,10 @@ class clsMensajes {
 class clsAccesos {
   public:
     virtual ~clsAccesos() = default;
-    /// The rights of the current user for an option in a company, as a text of letters.
+    /// The rights of the current user for an option in a company: letters, none for no right.
     virtual std::string PermisosOpcion(rdoConnection& connection, const std::string& appKey,
                                        const std::string& option, std::int16_t company) = 0;
-    /// Fills in the id of the current user, -1 when that person is not known.
+    /// Sets `user` to the id of the current user, -1 for an unknown person. Raises RuntimeError.
     virtual void UsuarioActual(rdoConnection& connection, const std::string& appKey,
                                std::int32_t& user) = 0;
 };

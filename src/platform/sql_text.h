@@ -41,8 +41,8 @@ class SqlText {
 
     [[nodiscard]] const std::string& text() const { return text_; }
     [[nodiscard]] bool empty() const { return text_.empty(); }
-    /// The runs of data from left to right, none of them empty. Data beside data of its kind is one
-    /// run.
+    /// The runs of data from left to right, none of them empty. Adjacent data of the same kind is
+    /// one run.
     [[nodiscard]] std::vector<Piece> data() const;
 
     SqlText& operator+=(const SqlText& other);

@@ -21,7 +21,7 @@ struct SaveDialog {
     int flags = 0;
 };
 
-/// An error as the user is told of it.
+/// An error as it is shown to the user.
 struct ErrorNotice {
     std::string text;
     std::string title;
@@ -53,23 +53,23 @@ class Surface {
     virtual void showModal(Window& window) = 0;
     virtual void close(Window& window) = 0;
 
-    /// Something of the model changed and has to be drawn anew. Called for windows that are open.
+    /// The model has changed and must be drawn again. Called only for windows that are open.
     virtual void windowChanged(Window& window) = 0;
     virtual void controlChanged(Window& window, Control& control) = 0;
     /// Actions, menus, toolbar or the filter box changed.
     virtual void commandBarsChanged(Window& window) = 0;
     virtual void focusChanged(Window& window) = 0;
-    /// Mouse pointer of the whole screen: 0 default, 11 hourglass.
+    /// Sets the mouse pointer of the whole screen: 0 default, 11 hourglass.
     virtual void pointerChanged(int pointer) = 0;
 
-    /// Language of the texts that are the surface's own, such as the buttons of its boxes.
+    /// Sets the language of the surface's own texts: 1 Spanish, 2 English, 3 Portuguese.
     virtual void speak(std::uint8_t /*language*/) {}
-    /// Shows a message box; style numbers as in clsMensajes. Gives 1, 6 or 7.
+    /// Shows a message box until the user answers it. Style and result are those of clsMensajes.
     virtual int messageBox(const std::string& text, int style, const std::string& title) = 0;
     virtual void errorBox(const ErrorNotice& error) = 0;
     /// nullopt when the user cancels.
     virtual std::optional<SaveChoice> saveDialog(const SaveDialog& dialog) = 0;
-    /// Pops a menu up. The choice comes back through CommandBars::execute.
+    /// Opens a popup menu. The choice comes back through CommandBars::execute.
     virtual void showMenu(Window& window, const Menu& menu) = 0;
 
     /// Puts a text on the clipboard.
@@ -77,8 +77,8 @@ class Surface {
 
     /// Width in twips of a text in the font of the panel.
     [[nodiscard]] virtual int textWidth(std::string_view text) const = 0;
-    /// The monitor that a window is on, or will be on, with what the desktop keeps of it for
-    /// itself; in twips.
+    /// The place in twips of the monitor that shows the window, or will show it, including what
+    /// the desktop reserves for itself.
     [[nodiscard]] virtual Rect monitorOf(const Window& window) const = 0;
     /// The part of the window that the command bars leave free, relative to its own corner
     /// (so left and top are usually 0).
@@ -89,7 +89,7 @@ class Surface {
     static constexpr int unknownTotal = -1;
     virtual bool progress(Window& /*window*/, int /*done*/, int /*total*/) { return true; }
 
-    /// A short sound that tells the user that not all could be done.
+    /// Makes a short sound: only a part of what the user wanted could be done.
     virtual void beep() {}
 
     /// Lets the desktop handle what is pending, such as painting.

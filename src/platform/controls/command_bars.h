@@ -102,7 +102,7 @@ class CommandBars {
     std::vector<Menu> menus;
     std::string toolbarName;
     std::vector<ActionPlace> toolbar;
-    /// Buttons beside the toolbar (export and print).
+    /// Buttons next to the toolbar (export and print).
     std::vector<ActionPlace> quickAccess;
     std::vector<Menu> contextMenus;
     std::vector<KeyBinding> bindings;
@@ -128,10 +128,10 @@ class CommandBars {
     /// Width of the edit box in pixels at 96 dpi.
     int filterBoxWidth = 92;
 
-    /// Entries of the theme's colour table: 36 background and 45 text of fixed grid cells.
+    /// A colour of the theme's table: entry 36 is the background and 45 the text of header cells.
     [[nodiscard]] Color paintColor(int entry) const;
 
-    /// Has the surface lay the bars out anew; onResize follows.
+    /// Has the surface lay out the bars again; onResize follows.
     void recalcLayout();
 
   private:

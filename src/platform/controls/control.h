@@ -33,8 +33,8 @@ class Control {
     /// Whether the field, or the field that a caption names, must not be left empty.
     [[nodiscard]] bool required() const { return required_; }
     void setRequired(bool required);
-    /// Why the last save refused what the field holds; empty when it did not, and once the user has
-    /// changed it.
+    /// Why the last save refused the contents of the field. Empty when it did not refuse them, and
+    /// after the user has changed them.
     [[nodiscard]] const std::string& problem() const { return problem_; }
     void setProblem(const std::string& problem);
 
@@ -77,7 +77,7 @@ class Control {
     [[nodiscard]] Window* window() const { return window_; }
 
   protected:
-    /// The control has got the focus; comes before onGotFocus.
+    /// The control has got the focus. Called before onGotFocus.
     virtual void entered() {}
     /// To be called by setters after a change.
     void changed();

@@ -38,26 +38,26 @@ class TextBox : public Control {
     [[nodiscard]] bool focusable() const override { return true; }
 
     [[nodiscard]] const std::string& text() const { return text_; }
-    /// Puts the caret at the start. A text longer than maxLength is kept whole.
+    /// Puts the caret at the start. A text longer than maxLength() is not cut.
     void setText(std::string text);
-    /// 0 means no limit; it holds for what is typed.
+    /// The most characters that can be typed or pasted; 0 means no limit.
     [[nodiscard]] int maxLength() const { return maxLength_; }
     void setMaxLength(int maxLength);
 
     [[nodiscard]] std::size_t selStart() const { return selStart_; }
     [[nodiscard]] std::size_t selLength() const { return selLength_; }
-    /// Both are cut to what the text has.
+    /// Selects `length` characters from `start` on. Both are limited to the length of the text.
     void select(std::size_t start, std::size_t length);
 
-    /// Puts a text in the place of the selection as the clipboard does: as pastedText makes it, and
-    /// cut to what fits, which a beep tells. Where nothing is left of it nothing changes.
+    /// Replaces the selection with a text from the clipboard, as pastedText prepares it. The
+    /// surface beeps when it is cut to what fits. An empty text changes nothing.
     void paste(std::string_view text);
 
     /// A native editor changed the text or the selection. Does not echo back to the surface.
     void userEdited(std::string text, std::size_t selStart, std::size_t selLength);
 
-    /// Ctrl+Z brings the text back that was there when the field was entered or filled, and pressed
-    /// again what was typed since.
+    /// Ctrl+Z restores the text that was there when the field was entered or filled; pressed again,
+    /// it restores what was typed since.
     bool defaultKey(int keyCode, int modifiers) override;
     void defaultCharacter(char32_t character) override;
 
@@ -116,8 +116,8 @@ class ComboBox : public Control {
     void focusGone() override { closeList(false); }
     bool takeKeyFirst(int keyCode, int modifiers) override;
     bool defaultKey(int keyCode, int modifiers) override;
-    /// Goes to the entry that the letters typed lead to. A blank that is part of no text opens the
-    /// list.
+    /// Goes to the entry that begins with the letters typed. A blank opens the list unless it is
+    /// part of a text that is being typed.
     void defaultCharacter(char32_t character) override;
 
   private:

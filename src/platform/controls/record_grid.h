@@ -28,7 +28,7 @@ constexpr int ascending = 1;
 constexpr int descending = 2;
 }  // namespace sort_order
 
-/// What the header shows of the sort.
+/// Values of RecordGrid::sortIndicator(); it is 0 before the first sort.
 namespace sort_indicator {
 constexpr int none = 1;
 /// An arrow in the header of the sorted column.
@@ -38,21 +38,21 @@ constexpr int arrow = 5;
 /// How the list is drawn. Its background, also of the empty part and of every second row, is that
 /// of the control.
 struct GridAppearance {
-    /// 0 for none.
+    /// Style of the lines between cells: 0 draws none, every other number the same thin lines.
     int gridLines = 1;
-    /// Whether the texts of cells go on in a second line where the row has room for one.
+    /// Whether the text of a cell is broken into a second line where the row has room for one.
     bool wordWrap = true;
     Color backColorFixed = systemButtonFaceColor;
     Color foreColorFixed{0x80000012};
     Color backColorSel = systemHighlightColor;
     Color foreColorSel{0x8000000E};
     Color gridColor = systemButtonFaceColor;
-    /// 0 for no line round the list.
+    /// 0 draws a line around the list only while it has the focus, 1 always.
     int borderStyle = 1;
     /// Heights in twips.
     int headerHeight = 240;
     int rowHeightMin = 0;
-    bool extendLastColumn = true;
+    bool extendLastColumn = true;  ///< Whether the last column is widened to fill the list.
 };
 
 /// The grid of records. Row 0 is the header; data rows follow in the order of the sort, hidden
@@ -104,7 +104,7 @@ class RecordGrid : public Control {
 
     /// Appends an empty row and gives its number. Appended rows come last whatever the sort.
     int addRow();
-    /// Appends so many of them and gives the number of the first.
+    /// Appends `count` empty rows and gives the number of the first.
     int addRows(std::size_t count);
     /// Row numbers from 1. All cell members raise subscriptOutOfRange outside of the grid.
     [[nodiscard]] std::string_view text(int row, int column) const;
@@ -119,7 +119,7 @@ class RecordGrid : public Control {
     /// All data rows of a column have the same alignment, 0 until it is set.
     [[nodiscard]] int alignment(int row, int column) const;
     void setColumnAlignment(int column, int alignment);
-    /// Gives back the memory that growing took in advance; for after the last row of a load.
+    /// Releases the memory reserved for more rows. To be called after the last row of a load.
     void packRows();
 
     [[nodiscard]] bool rowHidden(int row) const;
@@ -148,29 +148,29 @@ class RecordGrid : public Control {
     void sort(int column, int order);
     [[nodiscard]] int sortColumn() const { return sortColumn_; }
     [[nodiscard]] int sortOrder() const { return sortOrder_; }
-    /// 0 none, 5 sort arrow shown, 1 sorting without arrow.
+    /// One of sort_indicator, or 0.
     [[nodiscard]] int sortIndicator() const { return sortIndicator_; }
     void setSortIndicator(int mode);
 
     /// The selected cell; row 0 stands for the header, as after the start of a new record.
     [[nodiscard]] int row() const { return row_; }
     [[nodiscard]] int column() const { return column_; }
-    /// A data row that is not in sight, nor cut by the lower edge, becomes the first row shown.
+    /// Also scrolls to a data row that is not visible. Raises subscriptOutOfRange for no row.
     void select(int row, int column);
     /// The first row shown under the header.
     [[nodiscard]] int topRow() const { return topRow_; }
-    void setTopRow(int row);
-    /// Whether the row is hidden by no filter and inside the part that is shown.
+    void setTopRow(int row);  ///< Limited to the rows that there are.
+    /// Whether no filter hides the row and it is inside the part that is shown.
     [[nodiscard]] bool rowIsShown(int row) const;
     /// Scrolls by no more than it takes to show the row whole. A hidden row changes nothing.
     void bringIntoSight(int row);
-    /// How many data rows fit; the surface may tell a better figure than the heights give.
+    /// How many data rows fit: what the surface has measured, else what the heights give.
     [[nodiscard]] int rowsThatFit() const;
-    /// A selected row that was in sight stays in sight.
+    /// Keeps a selected row visible that was visible before.
     void setRowsThatFit(int count);
 
     [[nodiscard]] bool redraw() const { return redraw_; }
-    /// Off: nothing is told to the surface until it is on again.
+    /// While it is off, the surface is not notified of changes; turning it on draws the list.
     void setRedraw(bool redraw);
     void refresh() { changed(); }
 

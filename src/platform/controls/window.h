@@ -29,7 +29,7 @@ class Window {
     void setCaption(std::string caption);
     /// Outer place on the screen in twips.
     [[nodiscard]] const Rect& place() const { return place_; }
-    /// As the program sets it; the resize events follow when the size changed.
+    /// Sets the outer place in twips. onResize follows when the size has changed.
     void move(const Rect& place);
     void setWidth(int width) { move({place_.left, place_.top, width, place_.height}); }
     [[nodiscard]] WindowState state() const { return state_; }
@@ -52,17 +52,17 @@ class Window {
     void moveFocus(bool forward);
     /// The first field that the Tab key stops at, nullptr when there is none.
     [[nodiscard]] Control* firstField() const;
-    /// Goes round the list, the fields and the toolbar.
+    /// Moves the focus: list, first field, toolbar, and round again, or the other way.
     void focusNextPart(bool forward);
-    /// What the loss of a control that had the focus leads to: called when it is hidden, disabled.
+    /// Called when a control is hidden or disabled: if it has the focus, the next one gets it.
     void focusLostIfUnable(Control& control);
 
-    /// What stands under the list: where the user is and what the next step is.
+    /// The text under the list: the position in it, or the next step of an edit.
     [[nodiscard]] virtual std::string statusText() const { return {}; }
-    /// What stands in the place of rows where there are none to show.
+    /// The text in place of the rows when there are none to show.
     [[nodiscard]] virtual std::string emptyListText() const { return {}; }
 
-    /// The name under which a surface may remember what size its user gave it; empty for none.
+    /// The name under which a surface may keep the window's size; empty when it must not.
     [[nodiscard]] virtual std::string memoryName() const { return {}; }
 
     /// Input from a surface.
@@ -86,9 +86,9 @@ class Window {
     void requestClose();
     [[nodiscard]] bool isClosed() const { return closed_; }
 
-    /// Escape that no control used.
+    /// The user pressed Escape and no control used it.
     std::function<void()> onEscape;
-    /// F5 that neither a binding nor a control used.
+    /// The user pressed F5 and neither a binding nor a control used it.
     std::function<void()> onRefresh;
     std::function<void()> onResize;
     std::function<void()> onQueryUnload;
@@ -97,7 +97,7 @@ class Window {
     /// Called by controls and command bars.
     void controlChanged(Control& control);
     void commandBarsChanged();
-    /// From here on (and until it closes) changes are told to the surface.
+    /// While it is open, the window notifies the surface of every change.
     void setOpen(bool open) { open_ = open; }
     [[nodiscard]] bool isOpen() const { return open_; }
 
