@@ -43,6 +43,11 @@ ScreenFrame::ScreenFrame(Window& window, wxWindow* below)
     };
     everythingChanged();
     applyWindow();
+    bindWindowEvents();
+    bindMenuEvents();
+}
+
+void ScreenFrame::bindWindowEvents() {
     Bind(wxEVT_CHAR_HOOK, &ScreenFrame::onKey, this);
     Bind(wxEVT_CLOSE_WINDOW, &ScreenFrame::onClose, this);
     Bind(wxEVT_SIZE, [this](wxSizeEvent& event) {
@@ -59,10 +64,17 @@ ScreenFrame::ScreenFrame(Window& window, wxWindow* below)
         if (event.GetActive() && !released_) takeFocus();
         if (!event.GetActive() && !released_) closeLists();
     });
+    Bind(wxEVT_MOVE, [this](wxMoveEvent& event) {
+        if (!released_) closeLists();
+        event.Skip();
+    });
     Bind(wxEVT_IDLE, [this](wxIdleEvent& event) {
         sync();
         event.Skip();
     });
+}
+
+void ScreenFrame::bindMenuEvents() {
     Bind(wxEVT_MENU, [this](wxCommandEvent& event) {
         // Not at once: a screen reader that asked for the action waits for the answer to its
         // request, and a box that the action shows would keep it waiting.
@@ -74,10 +86,6 @@ ScreenFrame::ScreenFrame(Window& window, wxWindow* below)
         });
     });
     Bind(wxEVT_MENU_OPEN, [this](wxMenuEvent& event) {
-        if (!released_) closeLists();
-        event.Skip();
-    });
-    Bind(wxEVT_MOVE, [this](wxMoveEvent& event) {
         if (!released_) closeLists();
         event.Skip();
     });

@@ -69,6 +69,8 @@ class ScreenFrame : public wxFrame {
     FieldView* createField(Control& control);
     /// The label that names a text box or a combo: the one before it in the model.
     [[nodiscard]] const Label* captionOf(const Control& control) const;
+    void bindWindowEvents();
+    void bindMenuEvents();
     void syncFields();
     void layOut();
     void everythingChanged();
