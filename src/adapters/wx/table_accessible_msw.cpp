@@ -223,6 +223,7 @@ wxAccStatus TablePart::GetLocation(wxRect& place, int number) {
 
 wxAccStatus TablePart::Navigate(wxNavDir direction, int from, int* to, wxAccessible** found) {
     *to = 0;
+    *found = nullptr;
     const int column = from > 0 ? from - 1 : column_;
     if (column == wholeRow && direction == wxNAVDIR_FIRSTCHILD)
         *found = owner_.part(row_, 0);
@@ -230,7 +231,7 @@ wxAccStatus TablePart::Navigate(wxNavDir direction, int from, int* to, wxAccessi
         *found = owner_.part(row_, table().columns() - 1);
     else if (column == wholeRow)
         *found = owner_.part(rowAfter(direction, row_, true), wholeRow);
-    else
+    else if (columnAfter(direction, column) >= 0)
         *found = owner_.part(rowAfter(direction, row_, false), columnAfter(direction, column));
     return *found == nullptr || *found == this ? wxACC_FALSE : wxACC_OK;
 }
