@@ -196,6 +196,7 @@ TEST_F(Accessibility, LeadsFromCellToCellInEveryDirection) {
         EXPECT_EQ(code.next(NAVDIR_RIGHT).next(NAVDIR_LEFT).name(), "AED");
         EXPECT_EQ(code.next(NAVDIR_DOWN).name(), "AFN");
         EXPECT_EQ(code.next(NAVDIR_UP).role(), ROLE_SYSTEM_COLUMNHEADER);
+        EXPECT_FALSE(code.next(NAVDIR_LEFT));
         EXPECT_FALSE(code.next(NAVDIR_UP).next(NAVDIR_UP));
         EXPECT_EQ(row.next(NAVDIR_LASTCHILD).name(), "Emiratos Árabes Unidos");
         EXPECT_FALSE(row.next(NAVDIR_LASTCHILD).next(NAVDIR_RIGHT));
