@@ -4,6 +4,7 @@
 #include "adapters/odbc/connection_string.h"
 #include "adapters/odbc/odbc_rows.h"
 #include "adapters/odbc/odbc_session.h"
+#include "adapters/odbc/result.h"
 #include "adapters/odbc/single_row_reader.h"
 #include "database.h"
 
@@ -21,8 +22,8 @@ class RowReaders : public testing::Test {
   protected:
     template <class Reader>
     Rows read(const char* sql) {
-        const odbc::OdbcHandle statement = session_.execute(sql);
-        const auto columns = session_.columnsOf(statement, sql);
+        const odbc::Statement statement = session_.execute(sql);
+        const auto columns = odbc::columnsOf(statement, session_.dialect(), session_.syntax(), sql);
         Reader reader(statement, session_.dialect(), columns);
         Rows rows;
         while (reader.next()) {

@@ -27,7 +27,7 @@ std::size_t firstWidth(SQLSMALLINT type, const sql::ColumnInfo& column) {
 
 }  // namespace
 
-BlockReader::BlockReader(const OdbcHandle& statement, const sql::Dialect& dialect,
+BlockReader::BlockReader(const Statement& statement, const sql::Dialect& dialect,
                          const std::vector<sql::ColumnInfo>& columns)
     : statement_(statement) {
     for (const sql::ColumnInfo& column : columns) {

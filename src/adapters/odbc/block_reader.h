@@ -3,7 +3,7 @@
 #include <string>
 #include <vector>
 
-#include "adapters/odbc/odbc_handle.h"
+#include "adapters/odbc/statement_runner.h"
 #include "adapters/sql/dialect.h"
 #include "adapters/sql/row_reader.h"
 
@@ -14,7 +14,7 @@ namespace catalogador::odbc {
 /// column decides only how wide its buffer is at first.
 class BlockReader : public sql::RowReader {
   public:
-    BlockReader(const OdbcHandle& statement, const sql::Dialect& dialect,
+    BlockReader(const Statement& statement, const sql::Dialect& dialect,
                 const std::vector<sql::ColumnInfo>& columns);
     ~BlockReader() override;
     BlockReader(const BlockReader&) = delete;
@@ -43,7 +43,7 @@ class BlockReader : public sql::RowReader {
     void convertTexts();
     void checkRows(SQLRETURN result) const;
 
-    const OdbcHandle& statement_;
+    const Statement& statement_;
     std::vector<Buffer> buffers_;
     std::vector<SQLUSMALLINT> status_;
     /// Rows that a block may hold with the buffers as they are.

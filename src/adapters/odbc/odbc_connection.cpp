@@ -52,7 +52,7 @@ std::int64_t OdbcConnection::Execute(const SqlText& sql) {
 }
 
 void OdbcConnection::setWaiting(const std::function<bool()>& waiting) {
-    session_->waiting = waiting;
+    session_->setWaiting(waiting);
 }
 
 void OdbcConnection::setListener(StatementListener* listener) {

@@ -6,19 +6,19 @@
 
 namespace catalogador::odbc {
 
-OdbcRows::OdbcRows(OdbcSession& session, OdbcHandle statement, const std::string& sql)
-    : session_(session), statement_(std::move(statement)) {
-    columns = session_.columnsOf(statement_, sql);
-    if (!columns.empty()) reader = makeRowReader(statement_, session_.dialect(), columns);
+OdbcRows::OdbcRows(Statement statement, const sql::Dialect& dialect,
+                   std::vector<sql::ColumnInfo> described)
+    : statement_(std::move(statement)) {
+    columns = std::move(described);
+    if (!columns.empty()) reader = makeRowReader(statement_, dialect, columns);
 }
 
 OdbcRows::~OdbcRows() {
     constexpr std::size_t manyRows = 2000;
-    session_.settle();
     const auto* block = dynamic_cast<const BlockReader*>(reader.get());
     const bool many = block != nullptr && block->rowsRead() > manyRows;
     reader.reset();
-    if (many) session_.freeBeside(std::move(statement_));
+    if (many) statement_.freeBeside();
 }
 
 SQLSMALLINT transferType(const sql::Dialect& dialect, sql::ColumnKind kind) {
@@ -35,7 +35,7 @@ SQLSMALLINT transferType(const sql::Dialect& dialect, sql::ColumnKind kind) {
     }
 }
 
-std::unique_ptr<sql::RowReader> makeRowReader(const OdbcHandle& statement,
+std::unique_ptr<sql::RowReader> makeRowReader(const Statement& statement,
                                               const sql::Dialect& dialect,
                                               const std::vector<sql::ColumnInfo>& columns) {
     SQLULEN cursor = SQL_CURSOR_FORWARD_ONLY;

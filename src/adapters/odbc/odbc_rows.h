@@ -1,9 +1,8 @@
 #pragma once
 #include <memory>
-#include <string>
+#include <vector>
 
-#include "adapters/odbc/odbc_handle.h"
-#include "adapters/odbc/odbc_session.h"
+#include "adapters/odbc/statement_runner.h"
 #include "adapters/sql/dialect.h"
 #include "adapters/sql/row_reader.h"
 #include "adapters/sql/sql_session.h"
@@ -13,20 +12,20 @@ namespace catalogador::odbc {
 /// The rows of an executed statement over ODBC.
 class OdbcRows : public sql::SqlRows {
   public:
-    /// `session` must outlive this.
-    OdbcRows(OdbcSession& session, OdbcHandle statement, const std::string& sql);
+    OdbcRows(Statement statement, const sql::Dialect& dialect,
+             std::vector<sql::ColumnInfo> described);
+    /// A statement with many rows is freed while the caller goes on.
     ~OdbcRows() override;
     OdbcRows(const OdbcRows&) = delete;
     OdbcRows& operator=(const OdbcRows&) = delete;
 
   private:
-    OdbcSession& session_;
-    OdbcHandle statement_;
+    Statement statement_;
 };
 
 /// By blocks of rows into bound buffers where the driver lets a block be fetched again with larger
 /// buffers, otherwise row by row. `statement` must outlive the reader.
-std::unique_ptr<sql::RowReader> makeRowReader(const OdbcHandle& statement,
+std::unique_ptr<sql::RowReader> makeRowReader(const Statement& statement,
                                               const sql::Dialect& dialect,
                                               const std::vector<sql::ColumnInfo>& columns);
 

@@ -1,26 +1,22 @@
 #pragma once
-#include <chrono>
 #include <cstdint>
 #include <functional>
-#include <future>
 #include <memory>
-#include <optional>
 #include <string>
+#include <string_view>
 #include <vector>
 
 #include "adapters/odbc/defences.h"
-#include "adapters/odbc/odbc_handle.h"
-#include "adapters/odbc/statement_watch.h"
-#include "adapters/sql/dialect.h"
-#include "adapters/sql/fair_turns.h"
+#include "adapters/odbc/link.h"
+#include "adapters/odbc/statement_runner.h"
+#include "adapters/odbc/transactions.h"
 #include "adapters/sql/sql_session.h"
-#include "adapters/sql/timeouts.h"
 #include "platform/rdo_plan.h"
-#include "runtime/error.h"
 
 namespace catalogador::odbc {
 
-/// A connection to a database as the resultsets opened on it share it.
+/// A connection to a database as the resultsets opened on it share it. It lets through what may be
+/// run, and repeats what a lost connection kept from being read.
 class OdbcSession : public sql::SqlSession, public rdoPlanner {
   public:
     /// Raises RuntimeError (statementFailed) with the driver's text, never with a password.
@@ -29,14 +25,11 @@ class OdbcSession : public sql::SqlSession, public rdoPlanner {
     /// On a connection that somebody else has opened and will close; it is not made again when it
     /// is lost, and its settings are left as they are. Raises RuntimeError (statementFailed).
     explicit OdbcSession(OdbcHandle borrowed);
-    ~OdbcSession() override;
-    OdbcSession(const OdbcSession&) = delete;
-    OdbcSession& operator=(const OdbcSession&) = delete;
 
-    [[nodiscard]] const sql::Dialect& dialect() const override { return *dialect_; }
-    /// The driver manager's handle of the connection, for somebody else to use beside the session.
+    [[nodiscard]] const sql::Dialect& dialect() const override { return link_.dialect(); }
+    [[nodiscard]] const sql::SqlSyntax& syntax() const override { return link_.state.syntax; }
+    /// The driver manager's handle of the connection, for somebody else to use too.
     [[nodiscard]] SQLHANDLE lend();
-    [[nodiscard]] const sql::SqlSyntax& syntax() const override { return state_.syntax; }
 
     /// While it lives, what the session executes is that statement.
     class Announced {
@@ -53,21 +46,11 @@ class OdbcSession : public sql::SqlSession, public rdoPlanner {
 
     /// Runs one statement on a connection that lives: one that was lost is made again first, and a
     /// query that finds it lost is asked once more. A write is never repeated, nor anything in a
-    /// transaction. The handle that is given back holds the rows, if any. `warnings` gets what the
-    /// driver has to say of a statement that was run. Outside of a transaction a statement can
-    /// write only with that access.
-    OdbcHandle execute(const std::string& sql, const std::vector<sql::Parameter>& parameters = {},
-                       std::string* warnings = nullptr, sql::Access access = sql::Access::reading);
-    /// The columns of the rows that a statement returned when it was executed; none when it
-    /// returns no rows.
-    [[nodiscard]] std::vector<sql::ColumnInfo> columnsOf(const OdbcHandle& statement,
-                                                         const std::string& sql) const;
-    [[nodiscard]] static std::int64_t touchedRows(const OdbcHandle& statement);
-    /// Frees a statement with many rows, which takes a driver long, beside what the caller does
-    /// next; at once where others use the connection too.
-    void freeBeside(OdbcHandle statement);
-    /// Waits until no statement is being freed.
-    void settle() const override;
+    /// transaction. The statement that is given back holds the rows, if any. `warnings` gets what
+    /// the driver has to say of a statement that was run. Outside of a transaction a statement can
+    /// write only with that access. Raises RuntimeError (statementFailed).
+    Statement execute(const std::string& sql, const std::vector<sql::Parameter>& parameters = {},
+                      std::string* warnings = nullptr, sql::Access access = sql::Access::reading);
 
     std::unique_ptr<sql::SqlRows> open(const std::string& sql) override;
 
@@ -77,105 +60,38 @@ class OdbcSession : public sql::SqlSession, public rdoPlanner {
     std::vector<std::vector<Variant>> query(const sql::ParameterizedStatement& statement) override;
     std::int64_t write(const sql::ParameterizedStatement& statement) override;
 
-    [[nodiscard]] bool inTransaction() const override { return transactions_ > 0; }
-    /// An inner transaction is a savepoint of the outer.
-    void begin() override;
-    void commit() override;
-    void rollback() override;
+    [[nodiscard]] bool inTransaction() const override { return transactions_.isOpen(); }
+    void begin() override { transactions_.begin(); }
+    void commit() override { transactions_.commit(); }
+    void rollback() override { transactions_.rollback(); }
 
     StatementPlan prepare(const std::string& sql) override;
-    void beginReading() override;
+    void beginReading() override { transactions_.beginReading(); }
 
-    /// Called while a statement runs long, if not empty; false stops the statement.
-    std::function<bool()> waiting;
+    /// `waiting` is called while a statement runs long, if not empty; false stops the statement.
+    void setWaiting(std::function<bool()> waiting) { runner_.waiting = std::move(waiting); }
 
   private:
     /// Runs what a dialect sets the session up with.
     class Commands;
 
-    [[nodiscard]] std::vector<std::vector<Variant>> rowsOf(const OdbcHandle& statement,
-                                                           const std::string& sql) const;
-    /// To the host in use, or the next in the list that takes connections.
-    void connect();
-    void connectTo(const std::string& connectionString);
-    void useNextHost() { host_ = (host_ + 1) % hosts_.size(); }
+    /// Sets up the session on a new connection.
+    void setUp();
+    /// Connects again if the connection was lost and there is no transaction.
+    void makeReady();
     /// Waits for what the server was doing on the lost connection when its answer got lost.
     void awaitUnanswered();
-    void prepareDialect();
-    void joinCluster();
-    [[nodiscard]] sql::SessionSetUp setUp() const;
-    /// Whether the program sets what the database does in this session.
-    [[nodiscard]] bool guarded() const { return !borrowed_ && !lent_ && defences_.engine; }
-    void setAccess(sql::Access access);
-    /// How a statement is handed over.
-    enum class Protocol {
-        /// As the driver does it best.
-        any,
-        /// So that the server takes one command, and in MariaDB one that has rows.
-        oneCommand
-    };
-    OdbcHandle executeOnce(const std::string& text, const std::vector<sql::Parameter>& parameters,
-                           std::string* warnings, Protocol protocol = Protocol::any);
     /// A statement with data, of which nothing may remain but its rows.
-    OdbcHandle executeWithData(const std::string& text);
-    OdbcHandle executeInReading(const std::string& begin, const std::string& text);
-    void requireRows(const OdbcHandle& statement, const std::string& text) const;
-    /// Several commands of the program's own at once.
-    void command(const std::string& text);
-    /// What `run` gives, which is stopped when it outlives the limit.
-    [[nodiscard]] SQLRETURN watched(const OdbcHandle& statement,
-                                    const std::function<SQLRETURN()>& run);
-    /// Stops a statement that another thread is executing.
-    void cancel(const OdbcHandle& statement) const;
-    void endSession() const;
-    /// A command on a connection of its own, which fails silently.
-    void runBeside(const std::string& text) const;
-    [[nodiscard]] SQLRETURN runText(const OdbcHandle& statement, const std::string& text,
-                                    Protocol protocol) const;
-    /// Whether a failure means that the connection is gone.
-    [[nodiscard]] bool meansLost(const RuntimeError& error) const;
-    void reconnectIfLost();
-    /// Raises the error that is being handled, with what it means for the transaction.
-    [[noreturn]] void endFailed(SQLSMALLINT how, const RuntimeError& error);
-    void returnToAutocommit();
-    void setAutocommit(bool on);
-    void leaveAutocommit(sql::Access access);
-    void beginByStatement();
-    void endTransaction(SQLSMALLINT how);
-    void endReading();
-    void readWithoutRunning(const std::string& text);
-    [[nodiscard]] std::string savepoint() const;
+    Statement executeWithData(const std::string& text);
+    Statement executeInReading(const std::string& begin, const std::string& text);
 
-    std::string connectionString_;
-    /// A connection string for each host that it names, and the one in use.
-    std::vector<std::string> hosts_;
-    std::size_t host_ = 0;
-    sql::Timeouts timeouts_;
-    Defences defences_;
-    OdbcHandle environment_;
-    OdbcHandle connection_;
-    const sql::Dialect* dialect_ = &sql::standardDialect();
-    sql::SessionState state_;
-    /// That of the connection whose commit was not answered, on which host; empty for none.
-    std::string unanswered_;
-    std::size_t unansweredHost_ = 0;
-    int transactions_ = 0;
-    bool reading_ = false;
-    /// The driver of SQLite looks for the file's lock every ten milliseconds.
-    sql::FairTurns turns_{std::chrono::milliseconds(11)};
-    /// What the session was last set to; nothing for how it was opened.
-    std::optional<sql::Access> access_;
+    Link link_;
+    StatementRunner runner_{link_};
+    Transactions transactions_{link_, runner_, [this] { makeReady(); }};
     /// The statement that is being executed holds data.
     bool carriesData_ = false;
     /// The function that its data names and that a check must not call; empty when it names none.
     std::string_view reaching_;
-    /// The last statement was stopped because of its limit.
-    bool outlived_ = false;
-    bool borrowed_ = false;
-    bool lent_ = false;
-    bool lost_ = false;
-    std::future<void> freeing_;
-    StatementWatch watch_;
 };
 
 }  // namespace catalogador::odbc

@@ -11,7 +11,7 @@ constexpr std::size_t pieceBytes = std::size_t{64} << 10;
 
 }  // namespace
 
-SingleRowReader::SingleRowReader(const OdbcHandle& statement, const sql::Dialect& dialect,
+SingleRowReader::SingleRowReader(const Statement& statement, const sql::Dialect& dialect,
                                  const std::vector<sql::ColumnInfo>& columns)
     : statement_(statement), cells_(columns.size()), piece_(pieceBytes) {
     for (const sql::ColumnInfo& column : columns)

@@ -3,7 +3,7 @@
 #include <string>
 #include <vector>
 
-#include "adapters/odbc/odbc_handle.h"
+#include "adapters/odbc/statement_runner.h"
 #include "adapters/sql/dialect.h"
 #include "adapters/sql/row_reader.h"
 
@@ -13,7 +13,7 @@ namespace catalogador::odbc {
 /// can do.
 class SingleRowReader : public sql::RowReader {
   public:
-    SingleRowReader(const OdbcHandle& statement, const sql::Dialect& dialect,
+    SingleRowReader(const Statement& statement, const sql::Dialect& dialect,
                     const std::vector<sql::ColumnInfo>& columns);
 
     bool next() override;
@@ -26,7 +26,7 @@ class SingleRowReader : public sql::RowReader {
   private:
     [[nodiscard]] std::optional<std::string> read(SQLUSMALLINT number, SQLSMALLINT type);
 
-    const OdbcHandle& statement_;
+    const Statement& statement_;
     std::vector<SQLSMALLINT> types_;
     std::vector<std::optional<std::string>> cells_;
     std::vector<char> piece_;

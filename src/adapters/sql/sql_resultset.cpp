@@ -64,7 +64,6 @@ SqlResultset::~SqlResultset() {
 
 void SqlResultset::MoveNext() {
     requireOpen();
-    session_->settle();
     if (row_ == Row::none) throw RuntimeError(error_number::noCurrentRow, "No current row");
     mode_ = Mode::reading;
     assigned_.clear();

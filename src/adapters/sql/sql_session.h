@@ -36,10 +36,6 @@ class SqlSession : public rdoSession {
     virtual std::int64_t write(const ParameterizedStatement& statement) = 0;
     using rdoSession::query;
     virtual std::vector<std::vector<Variant>> query(const ParameterizedStatement& statement) = 0;
-    /// Waits until nothing is done beside the caller any more: a connection and its statements are
-    /// used by one thread at a time. Everything that the session does itself begins with it.
-    virtual void settle() const {}
-
     /// Null or whoever is told of the statements.
     StatementListener* listener = nullptr;
 };
