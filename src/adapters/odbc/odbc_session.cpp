@@ -156,15 +156,15 @@ StatementPlan OdbcSession::prepare(const std::string& sql) {
     return sql::planOf(text, syntax());
 }
 
-OdbcSession::Announced::Announced(OdbcSession& session, const SqlText& sql) : session_(session) {
-    if (session.link_.defences().reading) sql::requireDataStaysData(sql, session.syntax());
-    session.carriesData_ = !sql.data().empty();
-    session.reaching_ = {};
+void OdbcSession::announce(const SqlText& sql) {
+    if (link_.defences().reading) sql::requireDataStaysData(sql, syntax());
+    carriesData_ = !sql.data().empty();
+    reaching_ = {};
     for (const auto& piece : sql.data()) {
         const auto text = std::string_view(sql.text()).substr(piece.start, piece.length);
-        for (const std::string_view function : session.dialect().facts().reachingFunctions)
-            if (session.reaching_.empty() && containsText(text, function, Compare::text))
-                session.reaching_ = function;
+        for (const std::string_view function : dialect().facts().reachingFunctions)
+            if (reaching_.empty() && containsText(text, function, Compare::text))
+                reaching_ = function;
     }
 }
 

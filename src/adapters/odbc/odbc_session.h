@@ -31,18 +31,8 @@ class OdbcSession : public sql::SqlSession, public rdoPlanner {
     /// The driver manager's handle of the connection, for somebody else to use too.
     [[nodiscard]] SQLHANDLE lend();
 
-    /// While it lives, what the session executes is that statement.
-    class Announced {
-      public:
-        /// Raises DataRefused when the statement's data would not stay data.
-        Announced(OdbcSession& session, const SqlText& sql);
-        ~Announced() { session_.carriesData_ = false; }
-        Announced(const Announced&) = delete;
-        Announced& operator=(const Announced&) = delete;
-
-      private:
-        OdbcSession& session_;
-    };
+    void announce(const SqlText& sql) override;
+    void forgetAnnounced() override { carriesData_ = false; }
 
     /// Runs one statement on a connection that lives: one that was lost is made again first, and a
     /// query that finds it lost is asked once more. A write is never repeated, nor anything in a
@@ -68,8 +58,7 @@ class OdbcSession : public sql::SqlSession, public rdoPlanner {
     StatementPlan prepare(const std::string& sql) override;
     void beginReading() override { transactions_.beginReading(); }
 
-    /// `waiting` is called while a statement runs long, if not empty; false stops the statement.
-    void setWaiting(std::function<bool()> waiting) { runner_.waiting = std::move(waiting); }
+    void setWaiting(const std::function<bool()>& waiting) override { runner_.waiting = waiting; }
 
   private:
     /// Runs what a dialect sets the session up with.

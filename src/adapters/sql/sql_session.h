@@ -1,4 +1,5 @@
 #pragma once
+#include <functional>
 #include <memory>
 #include <string>
 #include <vector>
@@ -29,6 +30,13 @@ class SqlSession : public rdoSession {
     [[nodiscard]] const Dialect& dialect() const override = 0;
     /// How the session reads statements.
     [[nodiscard]] virtual const SqlSyntax& syntax() const = 0;
+    /// What is executed until forgetAnnounced() is that statement, or serves to execute it. Raises
+    /// DataRefused when its data would not stay data.
+    virtual void announce(const SqlText& sql) = 0;
+    virtual void forgetAnnounced() {}
+    /// `waiting` is called while a statement runs long, if not empty; false stops the statement.
+    virtual void setWaiting(const std::function<bool()>& waiting) = 0;
+
     /// Runs one statement that returns rows.
     virtual std::unique_ptr<SqlRows> open(const std::string& sql) = 0;
     /// Writes a row and gives the number of rows touched. A value that the database could store

@@ -2,6 +2,7 @@
 
 #include <utility>
 
+#include "adapters/sql/data_check.h"
 #include "adapters/sql/statement_effect.h"
 #include "adapters/sql/waiting.h"
 #include "adapters/sqlite/packed_rows.h"
@@ -81,6 +82,10 @@ Session::~Session() {
     }
 }
 
+void Session::announce(const SqlText& sql) {
+    sql::requireDataStaysData(sql, syntax_);
+}
+
 std::unique_ptr<sql::SqlRows> Session::rowsOf(const sql::ParameterizedStatement& given,
                                               Access access) {
     auto rows = std::make_unique<sql::SqlRows>();
@@ -98,7 +103,7 @@ std::unique_ptr<sql::SqlRows> Session::rowsOf(const sql::ParameterizedStatement&
         rows->reader = std::move(packed);
         return true;
     };
-    sql::workBeside(waiting, read, [this] { database_.stop(); });
+    sql::workBeside(waiting_, read, [this] { database_.stop(); });
     return rows;
 }
 
@@ -135,7 +140,7 @@ std::int64_t Session::runOnce(const sql::ParameterizedStatement& given) {
         const bool touched = sqlite3_total_changes64(database_.get()) != before;
         return touched ? sqlite3_changes64(database_.get()) : 0;
     };
-    return sql::workBeside(waiting, run, [this] { database_.stop(); });
+    return sql::workBeside(waiting_, run, [this] { database_.stop(); });
 }
 
 std::int64_t Session::run(const std::string& sql, const std::vector<Variant>& values) {
@@ -162,7 +167,7 @@ void Session::control(const std::string& sql) {
         }
         return true;
     };
-    sql::workBeside(waiting, run, [this] { database_.stop(); });
+    sql::workBeside(waiting_, run, [this] { database_.stop(); });
 }
 
 void Session::begin() {

@@ -24,6 +24,9 @@ class Session : public sql::SqlSession, public rdoPlanner {
     [[nodiscard]] const sql::Dialect& dialect() const override { return sql::sqliteDialect(); }
     [[nodiscard]] const sql::SqlSyntax& syntax() const override { return syntax_; }
 
+    void announce(const SqlText& sql) override;
+    void setWaiting(const std::function<bool()>& waiting) override { waiting_ = waiting; }
+
     /// Only reads in a guarded session, in transactions too.
     std::unique_ptr<sql::SqlRows> open(const std::string& sql) override;
     /// May write in a transaction.
@@ -43,9 +46,6 @@ class Session : public sql::SqlSession, public rdoPlanner {
     StatementPlan prepare(const std::string& sql) override;
     void beginReading() override;
 
-    /// Called while a statement runs long, if not empty; false stops the statement.
-    std::function<bool()> waiting;
-
   private:
     [[nodiscard]] std::unique_ptr<sql::SqlRows> rowsOf(const sql::ParameterizedStatement& statement,
                                                        Access access);
@@ -62,6 +62,7 @@ class Session : public sql::SqlSession, public rdoPlanner {
     Database database_;
     sql::SqlSyntax syntax_;
     sql::FairTurns turns_;
+    std::function<bool()> waiting_;
     int transactions_ = 0;
     bool reading_ = false;
 };
