@@ -16,10 +16,6 @@ bool isName(const sql::SqlToken& token) {
     return token.kind == sql::TokenKind::word || token.kind == sql::TokenKind::quotedName;
 }
 
-bool isSymbol(const sql::SqlToken& token, char symbol) {
-    return token.kind == sql::TokenKind::symbol && token.text.front() == symbol;
-}
-
 std::string_view nameOf(const sql::SqlToken& token) {
     if (token.kind != sql::TokenKind::quotedName || token.text.size() < 2) return token.text;
     return token.text.substr(1, token.text.size() - 2);

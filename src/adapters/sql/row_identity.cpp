@@ -10,7 +10,7 @@ std::string withColumns(std::string_view sql, const std::vector<std::string>& co
     for (const SqlToken& token : tokensOf(sql, syntax)) {
         if (token.text == "(") ++depth;
         if (token.text == ")") --depth;
-        if (depth > 0 || token.kind != TokenKind::word || !equalText(token.text, "FROM")) continue;
+        if (depth > 0 || !isKeyword(token, "FROM")) continue;
         std::string result(sql.data(), token.text.data());
         for (const std::string& column : columns) result += ", " + column;
         return result.append(" ").append(token.text.data(), sql.data() + sql.size());

@@ -1,23 +1,14 @@
 #include "adapters/sql/select_condition.h"
 
-#include <algorithm>
-#include <array>
-
 #include "runtime/text.h"
 
 namespace catalogador::sql {
 
 namespace {
 
-bool isWord(const SqlToken& token, std::string_view word) {
-    return token.kind == TokenKind::word && equalText(token.text, word);
-}
-
 bool endsCondition(const SqlToken& token) {
-    constexpr std::array<std::string_view, 5> words{"order", "limit", "for", "offset", "fetch"};
     return token.kind == TokenKind::separator ||
-           std::any_of(words.begin(), words.end(),
-                       [&](std::string_view word) { return isWord(token, word); });
+           isOneOf(token, {"ORDER", "LIMIT", "FOR", "OFFSET", "FETCH"});
 }
 
 bool isNamePart(const SqlToken& token) {
@@ -42,14 +33,14 @@ std::string selectCondition(std::string_view sql, const SqlSyntax& syntax) {
             stop = token.text.data();
             break;
         }
-        if (isWord(token, "where")) {
+        if (isKeyword(token, "WHERE")) {
             start = token.text.data() + token.text.size();
         } else if (afterFrom) {
             const bool isName = isNamePart(token) && token.text != ".";
             if (isName && nameBefore) return {};
             nameBefore = isName;
         }
-        afterFrom = afterFrom || isWord(token, "from");
+        afterFrom = afterFrom || isKeyword(token, "FROM");
     }
     if (start == nullptr) return {};
     return std::string(trim({start, static_cast<std::size_t>(stop - start)}));

@@ -287,6 +287,25 @@ class Tokenizer {
 
 }  // namespace
 
+bool isKeyword(const SqlToken& token, std::string_view keyword) {
+    return token.kind == TokenKind::word &&
+           std::equal(token.text.begin(), token.text.end(), keyword.begin(), keyword.end(),
+                      [](char a, char b) { return (a >= 'a' && a <= 'z' ? a - 32 : a) == b; });
+}
+
+bool isOneOf(const SqlToken& token, std::span<const std::string_view> keywords) {
+    return std::any_of(keywords.begin(), keywords.end(),
+                       [&](std::string_view keyword) { return isKeyword(token, keyword); });
+}
+
+bool isOneOf(const SqlToken& token, std::initializer_list<std::string_view> keywords) {
+    return isOneOf(token, std::span(keywords.begin(), keywords.size()));
+}
+
+bool isSymbol(const SqlToken& token, char symbol) {
+    return token.kind == TokenKind::symbol && token.text.front() == symbol;
+}
+
 std::vector<SqlToken> tokensOf(std::string_view sql, const SqlSyntax& syntax) {
     return Tokenizer(sql, syntax).run();
 }

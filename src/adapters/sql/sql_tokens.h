@@ -1,4 +1,6 @@
 #pragma once
+#include <initializer_list>
+#include <span>
 #include <string_view>
 #include <vector>
 
@@ -50,6 +52,15 @@ struct SqlToken {
     /// False of a comment or a quotation that the statement does not close.
     bool closed = true;
 };
+
+/// Whether the token is that keyword, given in capitals. Letters beyond ASCII are no other's
+/// capitals, as in the databases.
+bool isKeyword(const SqlToken& token, std::string_view keyword);
+/// Whether the token is one of those keywords.
+bool isOneOf(const SqlToken& token, std::span<const std::string_view> keywords);
+bool isOneOf(const SqlToken& token, std::initializer_list<std::string_view> keywords);
+/// Whether the token is that character, outside of every quotation.
+bool isSymbol(const SqlToken& token, char symbol);
 
 /// All the tokens, which point into `sql`; blanks are left out. A number is one word, without its
 /// sign. Each part of a continued text is a text of its own.

@@ -2,21 +2,9 @@
 
 #include <algorithm>
 
-#include "runtime/text.h"
-
 namespace catalogador::sql {
 
 namespace {
-
-bool isOneOf(const SqlToken& token, std::initializer_list<std::string_view> words) {
-    return token.kind == TokenKind::word && std::any_of(words.begin(), words.end(), [&](auto word) {
-               return equalText(token.text, word);
-           });
-}
-
-bool isSymbol(const SqlToken& token, char symbol) {
-    return token.kind == TokenKind::symbol && token.text.front() == symbol;
-}
 
 /// Words that make a statement write wherever they stand in it, unless they name a function.
 bool writesInside(const std::vector<SqlToken>& tokens) {

@@ -14,18 +14,6 @@ bool isDigit(char c) {
     return c >= '0' && c <= '9';
 }
 
-bool isKeyword(const SqlToken& token, std::string_view keyword) {
-    return token.kind == TokenKind::word &&
-           std::equal(token.text.begin(), token.text.end(), keyword.begin(), keyword.end(),
-                      [](char a, char b) { return (a >= 'a' && a <= 'z' ? a - 32 : a) == b; });
-}
-
-template <std::size_t N>
-bool isOneOf(const SqlToken& token, const std::array<std::string_view, N>& keywords) {
-    return std::any_of(keywords.begin(), keywords.end(),
-                       [&](std::string_view keyword) { return isKeyword(token, keyword); });
-}
-
 /// What may come after the one table of a SELECT whose rows can be written.
 constexpr std::array<std::string_view, 6> clausesAfterTable{"WHERE",  "ORDER", "LIMIT",
                                                             "OFFSET", "FETCH", "FOR"};
@@ -66,10 +54,6 @@ bool isName(const SqlToken& token) {
     return token.kind == TokenKind::word && !isDigit(token.text.front()) &&
            !isOneOf(token, clausesAfterTable) && !isOneOf(token, combiningClauses) &&
            !isOneOf(token, noNames);
-}
-
-bool isSymbol(const SqlToken& token, char symbol) {
-    return token.kind == TokenKind::symbol && token.text.front() == symbol;
 }
 
 /// The tokens that stand outside of parentheses, each pair of which leaves its "(" behind.
