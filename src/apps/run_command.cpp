@@ -83,7 +83,7 @@ std::unique_ptr<std::ifstream> openScript(const std::string& name) {
     return file;
 }
 
-std::unique_ptr<script::PlayedScreen> screenOf(const Options& options, const Services& services) {
+std::unique_ptr<PlayedScreen> screenOf(const Options& options, const Services& services) {
     if (options.surface == "wx") return desktop::realScreen(services.language);
     return std::make_unique<script::WindowlessSurface>();
 }

@@ -2,14 +2,14 @@
 #include <cstdint>
 #include <memory>
 
-#include "adapters/script/screen.h"
+#include "platform/played_screen.h"
 #include "platform/printer.h"
 #include "platform/window_memory.h"
 
 namespace catalogador::desktop {
 
 /// A screen with real windows and the printers of this desk.
-class RealScreen : public script::PlayedScreen {
+class RealScreen : public PlayedScreen {
   public:
     [[nodiscard]] virtual Printer& printer() = 0;
     /// Windows that a user works with get the size that this remembers of them.

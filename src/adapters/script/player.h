@@ -5,12 +5,12 @@
 #include <vector>
 
 #include "adapters/script/answers.h"
-#include "adapters/script/screen.h"
 #include "adapters/script/script_line.h"
 #include "adapters/script/scripted_surface.h"
 #include "adapters/script/statement_line.h"
 #include "adapters/script/transcript.h"
 #include "component/clsCatalogador.h"
+#include "platform/played_screen.h"
 
 namespace catalogador {
 class frmCatalogador;

@@ -2,10 +2,10 @@
 #include <optional>
 
 #include "adapters/script/answers.h"
-#include "adapters/script/screen.h"
 #include "adapters/script/traced_surface.h"
 #include "platform/controls/command_bars.h"
 #include "platform/host.h"
+#include "platform/played_screen.h"
 
 namespace catalogador::script {
 

@@ -1,5 +1,5 @@
 #pragma once
-#include "adapters/script/screen.h"
+#include "platform/played_screen.h"
 
 namespace catalogador::script {
 

@@ -5,7 +5,7 @@
 
 #include "platform/surface.h"
 
-namespace catalogador::script {
+namespace catalogador {
 
 /// A screen that a script can be played on, with a window of its own or without.
 class PlayedScreen {
@@ -22,4 +22,4 @@ class PlayedScreen {
     [[nodiscard]] virtual std::vector<std::string> differences(Window& window) = 0;
 };
 
-}  // namespace catalogador::script
+}  // namespace catalogador
