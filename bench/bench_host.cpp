@@ -54,16 +54,9 @@ BenchHost::BenchHost(const std::string& connection, Surface& surface)
       messages_(surface),
       files_(std::make_unique<NoFiles>()),
       printer_(std::make_unique<NoPrinter>()),
-      host_{surface,
-            *services_.utilities,
-            messages_,
-            *services_.access,
-            *services_.languages,
-            *files_,
-            *printer_,
-            services_.regional,
-            "Bench",
-            this} {}
+      host_{surface,           *services_.utilities, messages_,
+            *services_.access, *services_.languages, *files_,
+            *printer_,         services_.regional,   "Bench"} {}
 
 BenchHost::~BenchHost() = default;
 

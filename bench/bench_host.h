@@ -12,25 +12,20 @@ namespace catalogador::bench {
 
 /// A host that opens one view of a database on a surface and hands the loaded form over, so that
 /// what is measured is what a user of the program waits for.
-class BenchHost : private FormListener {
+class BenchHost {
   public:
     /// `connection` is a connection string.
     BenchHost(const std::string& connection, Surface& surface);
-    ~BenchHost() override;
+    ~BenchHost();
     BenchHost(const BenchHost&) = delete;
     BenchHost& operator=(const BenchHost&) = delete;
 
     /// Opens the view; returns when the surface has shown the form.
     void activate(std::int16_t view);
-    /// The form while it is open.
-    [[nodiscard]] frmCatalogador& form() const { return *form_; }
 
   private:
     class NoFiles;
     class NoPrinter;
-
-    void formOpening(frmCatalogador& form) override { form_ = &form; }
-    void formClosed(frmCatalogador&) override { form_ = nullptr; }
 
     Options options_;
     Services services_;
@@ -39,7 +34,6 @@ class BenchHost : private FormListener {
     std::unique_ptr<GridFiles> files_;
     std::unique_ptr<Printer> printer_;
     Host host_;
-    frmCatalogador* form_ = nullptr;
 };
 
 /// Prints one measure: its name and its value, in seconds unless the name says otherwise.

@@ -174,7 +174,7 @@ int measure(const std::string& what, const std::string& connection, std::int16_t
     script::WindowlessSurface surface;
     BenchHost host(connection, surface);
     surface.setModalRunner([&](Window& window) {
-        found->second(host.form(), rounds);
+        found->second(dynamic_cast<frmCatalogador&>(window), rounds);
         window.requestClose();
     });
     host.activate(view);

@@ -107,7 +107,7 @@ bool drawsLastRow(const wxBitmap& page) {
 
 void paintPages(wx::WxSurface& surface, BenchHost& host, std::int16_t view, int rounds) {
     surface.setModalRunner([&](Window& window) {
-        RecordGrid& grid = host.form().grdGrilla;
+        RecordGrid& grid = dynamic_cast<frmCatalogador&>(window).grdGrilla;
         auto* frame = dynamic_cast<wxFrame*>(surface.nativeWindow(window));
         frame->SetSize(0, 0, 1280, 900);
         // The new size goes through the window manager and the form's own layout, step by step.
@@ -163,13 +163,11 @@ void measureCombo(wx::WxSurface& surface, frmCatalogador& form, ComboBox& combo,
 void measureCombos(wx::WxSurface& surface, BenchHost& host, std::int16_t view, int rounds) {
     surface.setModalRunner([&](Window& window) {
         auto& combo = dynamic_cast<ComboBox&>(*window.find("cmbValor1"));
-        combo.setVisible(true);
-        window.find("lblValor1")->tag = "2";
         constexpr int few = 10;
         constexpr int many = 50'000;
         for (int round = 0; round < rounds; ++round)
             for (const int entries : {few, many})
-                measureCombo(surface, host.form(), combo, entries);
+                measureCombo(surface, dynamic_cast<frmCatalogador&>(window), combo, entries);
         window.requestClose();
     });
     host.activate(view);
@@ -178,7 +176,7 @@ void measureCombos(wx::WxSurface& surface, BenchHost& host, std::int16_t view, i
 /// From a key in the list to the row that it selects being drawn.
 void measureKeys(wx::WxSurface& surface, BenchHost& host, std::int16_t view, int rounds) {
     surface.setModalRunner([&](Window& window) {
-        window.setFocus(host.form().grdGrilla);
+        window.setFocus(dynamic_cast<frmCatalogador&>(window).grdGrilla);
         surface.processEvents();
         for (int round = 0; round < rounds; ++round)
             report("key", processorSecondsOf([&] {
