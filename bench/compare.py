@@ -130,7 +130,7 @@ def measure_open(measures, connection, rounds, table):
 def measure_input(measures, connection, rounds, table):
     measures.add(run("bench_window", "keys", connection, listings.VIEW, 50 * rounds))
     table.limit("a key in the list", measures, "key", 0.016)
-    measures.add(run("bench_window", "combo", connection, listings.VIEW, 3 * rounds))
+    measures.add(run("bench_window", "combo", connection, listings.COMBO_VIEW, 3 * rounds))
     table.limit("open a combo of 50,000 entries", measures, "list_50000", 0.05)
     table.ratio("edit a record with a combo of 50,000 entries, beside one of 10", measures, "edit_50000", "edit_10", 1.5)
 

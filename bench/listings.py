@@ -4,6 +4,8 @@ import sqlite3
 import subprocess
 
 VIEW = 100
+# A few records with a field that is chosen from a list.
+COMBO_VIEW = 101
 LISTING = (
     "Select CTeCodigo, CTeTextoCorto, CTeTextoLargo, CTeValor1, Modificado, CTeSiNo1"
     f" From genCodigoTexto Where CTeIDTipoVista = {VIEW}"
@@ -64,9 +66,21 @@ def sqlite(path, schema, count, listing=STANDARD):
         database.executemany(
             f"Insert Into CatalogadorControles ({FIELD_COLUMNS}) Values (?,?,?,?,?,?,?,?)", fields)
         database.executemany(f"Insert Into genCodigoTexto ({COLUMNS}) Values (?,?,?,?,?,?,?)", rows(count))
+        add_combo_view(database)
         database.commit()
         database.execute("PRAGMA journal_mode=DELETE")
     database.close()
+
+
+def add_combo_view(database):
+    listing = f"Select CTeCodigo, CTeTextoCorto From genCodigoTexto Where CTeIDTipoVista = {COMBO_VIEW}"
+    view = (COMBO_VIEW, "Elegida", "Elegida", listing, "Texto", "4000", "1", 9000.0)
+    database.execute(f"Insert Into Catalogador ({VIEW_COLUMNS}) Values (?,?,?,?,?,?,?,?)", view)
+    database.execute(
+        f"Insert Into CatalogadorControles ({FIELD_COLUMNS}, ACoDatosCombo) Values (?,?,?,?,?,?,?,?,?)",
+        (COMBO_VIEW, "Valor1", "Elegido", 9, 0, 0, 0, 2, "1,uno"))
+    database.executemany(f"Insert Into genCodigoTexto ({COLUMNS}) Values (?,?,?,?,?,?,?)", (
+        (COMBO_VIEW, code, f"Texto {code}", None, 1, 0, None) for code in range(1, 11)))
 
 
 def sqlite_wide(path, schema, columns=60):
