@@ -2,40 +2,13 @@
 # Calls the program in every way that ends in a status of its own.
 #
 #   usage_test.sh PROGRAM
-set -u
+. "$(dirname "$0")/command_line.sh"
 
-program=$1
-work=$(mktemp -d)
-trap 'rm -rf "$work"' EXIT
-export HOME="$work" XDG_CONFIG_HOME="$work" LC_ALL=C.UTF-8
-cd "$work" || exit 1
-failures=0
-
-fail() {
-    echo "FAILED: $1"
-    sed 's/^/    /' out err
-    failures=$((failures + 1))
-}
-
-# ends STATUS TITLE ARGUMENT...: standard input of the call is the file "script".
-ends() {
-    wanted=$1
-    title=$2
-    shift 2
-    "$program" "$@" <script >out 2>err
-    status=$?
-    [ "$status" -eq "$wanted" ] || fail "$title: status $status instead of $wanted"
-}
-# says FILE TEXT, of the call before.
-says() {
-    grep -qF -- "$2" "$1" || fail "$title: '$2' is missing in $1"
-}
 one_line_of_complaint() {
     [ "$(wc -l <err)" -eq 1 ] || fail "$title: not one line on the standard error"
     [ ! -s out ] || fail "$title: something on the standard output"
 }
 
-: >script
 ends 0 "demo" demo made/here
 says out made/here/demo.db
 [ "$(ls made/here)" = demo.db ] || fail "demo leaves another file behind"

@@ -3,43 +3,7 @@
 # refused, and the exit status of each.
 #
 #   commands_test.sh PROGRAM
-set -u
-
-program=$1
-work=$(mktemp -d)
-trap 'rm -rf "$work"' EXIT
-export HOME="$work" XDG_CONFIG_HOME="$work" LC_ALL=C.UTF-8
-# What the leak check leaves alone must not stand on the standard error that is looked at here.
-export LSAN_OPTIONS=print_suppressions=0
-cd "$work" || exit 1
-failures=0
-
-fail() {
-    echo "FAILED: $1"
-    sed 's/^/    /' out err
-    failures=$((failures + 1))
-}
-# ends STATUS TITLE ARGUMENT...
-ends() {
-    wanted=$1
-    title=$2
-    shift 2
-    "$program" "$@" >out 2>err </dev/null
-    status=$?
-    [ "$status" -eq "$wanted" ] || fail "$title: status $status instead of $wanted"
-}
-says() {
-    grep -qF -- "$2" "$1" || fail "$title: '$2' is missing in $1"
-}
-# is FILE TEXT: the whole file.
-is() {
-    printf '%s\n' "$2" | cmp -s - "$1" || fail "$title: $1 is not '$2'"
-}
-# change SQL
-change() {
-    printf 'sql "%s"\n' "$1" >sql.script
-    "$program" run --database demo.db --view 1 --script sql.script >/dev/null 2>&1 || fail "sql: $1"
-}
+. "$(dirname "$0")/../program/command_line.sh"
 
 "$program" demo . >/dev/null || exit 1
 cp demo.db clean.db

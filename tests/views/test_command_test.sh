@@ -3,33 +3,7 @@
 # transcript that fits, one that does not, and one that is accepted.
 #
 #   test_command_test.sh PROGRAM
-set -u
-
-program=$1
-work=$(mktemp -d)
-trap 'rm -rf "$work"' EXIT
-export HOME="$work" XDG_CONFIG_HOME="$work" LC_ALL=C.UTF-8
-export LSAN_OPTIONS=print_suppressions=0
-cd "$work" || exit 1
-failures=0
-
-fail() {
-    echo "FAILED: $1"
-    sed 's/^/    /' out err
-    failures=$((failures + 1))
-}
-# ends STATUS TITLE ARGUMENT...
-ends() {
-    wanted=$1
-    title=$2
-    shift 2
-    "$program" "$@" >out 2>err </dev/null
-    status=$?
-    [ "$status" -eq "$wanted" ] || fail "$title: status $status instead of $wanted"
-}
-says() {
-    grep -qF -- "$2" "$1" || fail "$title: '$2' is missing in $1"
-}
+. "$(dirname "$0")/../program/command_line.sh"
 
 mkdir files
 cat >files/colours.toml <<'TOML'
