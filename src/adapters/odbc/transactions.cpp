@@ -53,7 +53,7 @@ void Transactions::beginReading() {
         runner_.run(begin);
     } else {
         leaveAutocommit(sql::Access::reading);
-        // Sessions that the program does not set up have been told nothing else.
+        // Nothing that set the session up has made it read-only.
         runner_.run("SET TRANSACTION READ ONLY");
     }
     ++depth_;
@@ -137,7 +137,7 @@ void Transactions::returnToAutocommit() {
     try {
         setAutocommit(true);
     } catch (const RuntimeError&) {
-        // The transaction has ended as it was told to. The connection is no use any more.
+        // The transaction has ended as it should, but the connection can no longer be used.
         link_.setLost();
     }
 }

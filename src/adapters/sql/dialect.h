@@ -109,8 +109,8 @@ struct DialectFacts {
     bool reportsBaseNames = false;
     /// The driver counts the rows of a query, and knows no columns where there are none.
     bool countsRowsOfQueries = false;
-    /// The driver prepares a statement that is run without values too: what it runs otherwise
-    /// brings it down when the answer is cut off.
+    /// Every statement is prepared, even one without values: the driver crashes when the answer
+    /// to a statement that it did not prepare is cut off.
     bool preparesEverything = false;
     /// The driver sends a text that may hold several commands for a cursor other than the plainest.
     bool needsPlainCursor = false;

@@ -8,7 +8,7 @@
 
 namespace catalogador::views {
 
-/// What makes rows of a table others.
+/// How the rows of a table change.
 struct RowChanges {
     /// Before and after.
     std::vector<std::pair<Row, Row>> changed;

@@ -13,9 +13,9 @@ std::string tomlText(std::string_view text);
 /// The file of a view. The same view always gives the same text.
 std::string fileText(const View& view);
 
-/// The text of a file with the comments of an earlier text of it, each at what it stood at: alone
-/// on its line before an entry, or behind it. A comment on what is gone stands before what follows.
-/// Both have to be TOML.
+/// The new text of a file with the comments of its old text. A comment stays with its entry: on a
+/// line of its own before the entry, or behind it. The comment of an entry that is gone goes to the
+/// next one. Both texts must be TOML.
 std::string withComments(const std::string& text, const std::string& earlier);
 
 }  // namespace catalogador::views

@@ -13,8 +13,8 @@ void wireFields(frmCatalogador& form, Host& host);
 
 /// The context menu of the list.
 void showContextMenu(Window& window);
-/// Keys of the list that no event of it names: copying, the context menu, and while a record is
-/// being edited those that lead to the fields. A key that is used up becomes 0.
+/// Handles the keys of the list that have no event of their own: they copy, open the context menu
+/// and, while a record is being edited, lead to the fields. A key that was handled becomes 0.
 void otherKeyInList(frmCatalogador& form, int& keyCode, int modifiers);
 /// While a record is being edited, what is typed in the list goes into the first field.
 void characterInList(frmCatalogador& form, char32_t& character);

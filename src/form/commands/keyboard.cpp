@@ -31,7 +31,8 @@ void numericStep(frmCatalogador& form, TextBox& box, int number, const Regional&
     form.SiguienteCampo(number);
 }
 
-/// Opens the view whose number a tag begins with, if it does, on the selected entry of a combo.
+/// Opens the view that a tag names, on the selected entry of a combo. A tag names a view when it
+/// begins with a number other than 0.
 void runF2(frmCatalogador& form, Host& host, const std::string& tag, ComboBox* combo) {
     trapped(host, "AccionF2", form.mstrAppName, [&] {
         const double view = leadingNumber(tag);
